@@ -1,0 +1,9 @@
+-- Template of a person's time database. Times are days since 30 December 1899, local time, the time of day as fraction.
+CREATE TABLE Stemp (
+  Id           INTEGER PRIMARY KEY,
+  JobID        TEXT COLLATE NOCASE,
+  JobName      TEXT,
+  StempInTime  REAL,
+  StempOutTime REAL -- null while the row is open
+);
+CREATE INDEX StempInTime ON Stemp (StempInTime);

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+namespace dao {
+
+struct FieldDef
+{
+    QString name;
+    QString type;             // as in SQL: "TEXT", "REAL", "INTEGER"
+    bool ignoreCase = false;  // compares without regard to (ASCII) case
+    bool notNull = false;
+};
+
+// An index has one field. In the file its name is "<table>.<index>", as SQLite's index names are unique in a database; a
+// Recordset finds it by its own name, also where a schema gave it the bare name.
+struct IndexDef
+{
+    QString name;
+    QString field;
+    bool unique = false;
+};
+
+struct TableDef
+{
+    QString name;
+    QList<FieldDef> fields; // beside the "Id INTEGER PRIMARY KEY" that every table gets
+    QList<IndexDef> indexes;
+};
+
+} // namespace dao

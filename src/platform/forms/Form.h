@@ -1,0 +1,96 @@
+#pragma once
+
+#include "platform/forms/Control.h"
+#include "platform/forms/Geometry.h"
+
+#include <QMainWindow>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+class FormServices;
+class QEventLoop;
+class QPushButton;
+
+// The base of every window. Its central widget is the surface: control coordinates and mouse points refer to it.
+//
+// The life of a form: constructed (setupUi, then RegisterControls) → Load() → Show or ShowModal, any number of times →
+// Unload(). Load runs Form_Load, Unload runs Form_Unload, each once; a subclass calls LoadTexts() first in the one and
+// SaveTexts() in the other. A form that is closed by its frame is asked through QueryUnload() and then unloads.
+class Form : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    Form(QString name, FormServices &services, QWidget *parent = nullptr);
+    ~Form() override;
+
+    const QString &Name() const { return name_; } // the name of its class and of its text table
+    QWidget *Surface() const { return centralWidget(); }
+
+    void Load();     // once; further calls do nothing
+    void Unload();   // ends a modal display, runs Form_Unload before the window goes away, hides it
+    bool IsLoaded() const { return loaded_; }
+
+    void ShowModal(QWidget *owner); // shows it window-modal and returns when it was hidden or unloaded
+
+    // Controls, in the order of the design; members made at run time are appended.
+    const std::vector<std::unique_ptr<Control>> &Controls() const { return controls_; }
+    Control *ControlAt(int position) const { return controls_.at(static_cast<std::size_t>(position)).get(); }
+    // Makes member `index` of the control array `arrayName` after the pattern of its first designed member, invisible. Nothing
+    // when the form has no such array.
+    Control *CreateMember(const QString &arrayName, int index);
+    // Moves a control into another surface, frame or page, its place kept relative to the container.
+    void SetContainer(Control &control, QWidget *container);
+
+    // Outer place and size in twips. The stored numbers stay as they were set as long as the window is not moved or resized by
+    // a person; kept for the normal window state, also while minimised.
+    void SetStoredGeometry(const Geometry &twips);
+    Geometry StoredGeometry() const;
+    Geometry DesignGeometry() const { return designGeometry_; }
+    const QString &DesignCaption() const { return designCaption_; }
+    const QString &DesignHelp() const { return designHelp_; }
+
+    void SetBackColor(const QColor &color);
+    QColor BackColor() const;
+
+    int FormValue = 0; // the "Value" of the form's own row
+
+    void SetDefaultButton(QPushButton *button); // Enter presses it, wherever the focus is
+    void SetCancelButton(QPushButton *button);  // Escape presses it
+
+signals:
+    void Unloaded();
+
+protected:
+    // After setupUi: makes the list of controls from the surface, its frames and tab pages and from the menu bar, and takes the
+    // design of each.
+    void RegisterControls();
+    void RegisterControl(std::unique_ptr<Control> control); // for what a .ui file can't hold
+
+    void LoadTexts();
+    void SaveTexts();
+
+    virtual void Form_Load() = 0;
+    virtual void Form_Unload() = 0;
+    virtual void Form_Resize() {}
+    // Asked when a person closes the window by its frame; false: the form stays loaded (and hides itself, if it wants to).
+    virtual bool QueryUnload() { return true; }
+    // Key preview: sees every key before the focused control does. True: consumed.
+    virtual bool Form_KeyDown(QKeyEvent &event);
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    bool event(QEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    QString name_;
+    FormServices &services_;
+    bool loaded_ = false;
+    std::vector<std::unique_ptr<Control>> controls_;
+    QString designCaption_;
+    QString designHelp_;
+    Geometry designGeometry_;
+};

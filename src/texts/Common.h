@@ -1,0 +1,48 @@
+#pragma once
+
+#include "platform/dao/Database.h"
+#include "platform/dao/Recordset.h"
+#include "platform/forms/FormServices.h"
+#include "texts/TextTable.h"
+
+#include <QString>
+
+#include <map>
+#include <optional>
+
+class Form;
+class Prompts;
+struct TextState;
+
+// The state of the text store that belongs to the running copy.
+struct TextState
+{
+    TextLanguage language;
+    std::optional<bool> ShowToolTips; // nothing until the settings are loaded; tips are then neither cleared nor saved
+    bool DevMode = false;      // asks before loading and saving
+};
+
+// The interface text store: applies each form's table when it loads, writes it back when it unloads, and makes and completes
+// the table from the form's design.
+class Common : public FormServices
+{
+public:
+    // `localDB` must be open and outlive this.
+    Common(dao::Database &localDB, TextState &state, Prompts &prompts);
+    ~Common() override;
+
+    // Says once, at start, whether tips are shown, and shows those of the forms that were loaded before it was known.
+    void SetShowToolTips(bool show);
+
+    void LoadProperties(Form &form) override;
+    void SaveProperties(Form &form) override;
+
+    // The position in the form's Controls of the control that `key` names, or -1.
+    static int FindControlIndex(const Form &form, const QString &key);
+
+private:
+    dao::Database &localDB_;
+    TextState &state_;
+    Prompts &prompts_;
+    std::map<const Form *, dao::Recordset> recordsets_; // of the loaded forms
+};
