@@ -5,6 +5,7 @@
 #include "platform/forms/FormServices.h"
 #include "texts/TextTable.h"
 
+#include <QPointer>
 #include <QString>
 
 #include <map>
@@ -12,14 +13,13 @@
 
 class Form;
 class Prompts;
-struct TextState;
 
 // The state of the text store that belongs to the running copy.
 struct TextState
 {
     TextLanguage language;
     std::optional<bool> ShowToolTips; // nothing until the settings are loaded; tips are then neither cleared nor saved
-    bool DevMode = false;      // asks before loading and saving
+    bool DevMode = false;             // asks before loading and saving
 };
 
 // The interface text store: applies each form's table when it loads, writes it back when it unloads, and makes and completes
@@ -34,6 +34,8 @@ public:
     // Says once, at start, whether tips are shown, and shows those of the forms that were loaded before it was known.
     void SetShowToolTips(bool show);
 
+    // A failing database is logged, and the form keeps what it shows. A form whose table could not be read is not saved
+    // either, so that its design never takes the place of what is stored.
     void LoadProperties(Form &form) override;
     void SaveProperties(Form &form) override;
 
@@ -41,8 +43,20 @@ public:
     static int FindControlIndex(const Form &form, const QString &key);
 
 private:
+    struct OpenTable
+    {
+        QPointer<Form> form;
+        dao::Recordset rows;
+    };
+
+    bool Confirm(Form &form, const QString &question);
+    void ApplyRows(Form &form, dao::Recordset &table) const;
+    void ApplyFormRow(Form &form, const dao::Recordset &row) const;
+    void ApplyControlRow(Control &control, const dao::Recordset &row) const;
+    void ApplyToolTip(Control &control, const dao::Recordset &row) const;
+
     dao::Database &localDB_;
     TextState &state_;
     Prompts &prompts_;
-    std::map<const Form *, dao::Recordset> recordsets_; // of the loaded forms
+    std::map<const Form *, OpenTable> recordsets_; // of the loaded forms
 };
