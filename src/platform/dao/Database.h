@@ -16,12 +16,25 @@ namespace dao {
 class Recordset;
 struct TableDef;
 
+enum class HeldFailure {
+    None,
+    HeldByAnotherCopy, // a running copy of this program holds the file
+    InUseElsewhere,    // another program has it open, or the drive grants no locks
+    Damaged,           // no database, a broken one, or one without the tables asked for; nothing in it was changed
+    NotWritable,       // the file or its folder can't be written, or the drive fails
+    Missing
+};
+struct Held;
+
 // A name as an SQL identifier: in double quotes, inner ones doubled. The only way in which a name that comes from people
 // (a user's table, a form's table) enters a statement.
 QString Quoted(const QString &identifier);
 
-// One connection to one SQLite file. Every operation throws dao::Error. Values are bound, never pasted into the text.
-// A connection belongs to the thread that opened it.
+// One connection to one SQLite file. Every operation throws dao::Error. Values are bound, never pasted into the text; a bool
+// is stored as -1 or 0, a QDateTime in days, an invalid QVariant as null. A connection belongs to the thread that opened it.
+//
+// While a file is open here, nothing else in this process may open it, a QFile as little as a second library: the system
+// drops SQLite's locks as soon as any other handle to the file is closed.
 class Database
 {
 public:
@@ -32,6 +45,9 @@ public:
     static Database OpenDatabase(const QString &path, std::chrono::milliseconds busyWait = defaultBusyWait);
     // Makes a new, empty database; the file must not exist.
     static Database CreateDatabase(const QString &path);
+    // Opens a file for this process alone, until it is closed or the process ends in whatever way: the per-login file. Tells
+    // how that failed instead of throwing. The file must have all of `requiredTables`.
+    static Held OpenHeld(const QString &path, const QStringList &requiredTables);
 
     Database(); // closed
     ~Database();
@@ -46,7 +62,7 @@ public:
     // Runs a statement without a result; the number of rows it changed. Placeholders are "?". `purpose` says for the log
     // what the statement is for.
     int Execute(const QString &sql, const QVariantList &values, const QString &purpose);
-    // Runs an INSERT; the new row's Id.
+    // Runs an INSERT; the new row's Id, 0 when the statement inserted none.
     qint64 Insert(const QString &sql, const QVariantList &values, const QString &purpose);
     // All rows of a query, read to the end before it returns (an unfinished read would stop every writer).
     QList<QVariantList> Select(const QString &sql, const QVariantList &values, const QString &purpose);
@@ -56,6 +72,7 @@ public:
 
     bool HasTable(const QString &table);          // without regard to case
     QStringList FieldNames(const QString &table); // empty when there is no such table
+    QStringList ResultFieldNames(const QString &select);
     void CreateTableDef(const TableDef &table);   // with its "Id INTEGER PRIMARY KEY" and its indexes
 
     // A record set on a table, or on the result of a SELECT.
@@ -67,8 +84,24 @@ public:
 private:
     friend class Transaction;
     struct Connection;
-    explicit Database(std::unique_ptr<Connection> connection);
+
+    static Database Connect(const QString &path, const QString &mode, std::chrono::milliseconds busyWait);
+    void SetUp();
+    void Run(QSqlQuery &query, const QString &sql, const QVariantList &values, const QString &purpose);
+    [[noreturn]] void Throw(const QSqlQuery &query, const QString &purpose) const;
+    Connection &Connected(const QString &purpose) const; // throws when closed
+    bool InTransaction() const;
+    HeldFailure Hold(const QStringList &requiredTables, QString &detail);
+    bool ReadableNow(const QString &purpose);
+
     std::unique_ptr<Connection> connection_;
+};
+
+struct Held
+{
+    Database database; // closed unless failure is None
+    HeldFailure failure = HeldFailure::None;
+    QString detail; // for the log
 };
 
 // BEGIN IMMEDIATE … COMMIT; rolled back when it goes out of scope without Commit(). Not to be nested.

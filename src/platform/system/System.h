@@ -15,4 +15,7 @@ public:
     virtual bool HasDriveLetters() const;     // Windows only
     // Whether `folder` lies on a mounted network file system (nfs, cifs, smb, sshfs and their like).
     virtual bool IsNetworkMount(const QString &folder) const;
+
+    // Whether a file system of this type, as the system names it ("nfs4", "fuse.sshfs"), lies on another machine.
+    static bool IsNetworkFileSystem(const QString &type);
 };

@@ -1,0 +1,318 @@
+#include "platform/dao/Database.h"
+
+#include "platform/dao/DateValue.h"
+#include "platform/dao/Error.h"
+#include "platform/dao/Functions.h"
+#include "platform/dao/Recordset.h"
+#include "platform/dao/TableDef.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QSqlDatabase>
+#include <QSqlDriver>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QSqlRecord>
+#include <QStringBuilder>
+#include <QUrl>
+
+#include <sqlite3.h>
+
+#include <atomic>
+#include <optional>
+#include <utility>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace dao {
+
+namespace {
+
+ErrorKind KindOf(int nativeCode)
+{
+    switch (nativeCode & 0xff) { // the rest is detail: "busy while recovering", "constraint of a unique index"
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+        return ErrorKind::Busy;
+    case SQLITE_CONSTRAINT:
+        return ErrorKind::Constraint;
+    case SQLITE_CORRUPT:
+    case SQLITE_NOTADB:
+        return ErrorKind::Corrupt;
+    case SQLITE_READONLY:
+        return ErrorKind::ReadOnly;
+    case SQLITE_CANTOPEN:
+        return ErrorKind::CannotOpen;
+    case SQLITE_FULL:
+        return ErrorKind::Full;
+    default:
+        return ErrorKind::Other;
+    }
+}
+
+Error MakeError(const QSqlError &error, const QString &purpose, const QString &file)
+{
+    const QString code = error.nativeErrorCode();
+    const QString words = error.databaseText().isEmpty() ? error.driverText() : error.databaseText();
+    return {KindOf(code.toInt()), purpose, file, words % u" ["_s % code % u']'};
+}
+
+// The driver creates a missing file unless a URI says otherwise. A share "//server/folder" needs the two slashes before it
+// as any other path does, or its server would be taken for the URI's host, which SQLite refuses.
+QString Uri(const QString &path, const QString &mode)
+{
+    const QString absolute = QDir::fromNativeSeparators(QFileInfo(path).absoluteFilePath());
+    const QString root = absolute.startsWith(u'/') ? u"file://"_s : u"file:///"_s;
+    return root % QString::fromLatin1(QUrl::toPercentEncoding(absolute, "/:")) % u"?mode="_s % mode;
+}
+
+QVariant Stored(const QVariant &value)
+{
+    if (value.typeId() == QMetaType::Bool && !value.isNull())
+        return value.toBool() ? -1 : 0;
+    if (value.typeId() == QMetaType::QDateTime)
+        return DateField(value.toDateTime());
+    return value;
+}
+
+} // namespace
+
+QString Quoted(const QString &identifier)
+{
+    QString doubled = identifier;
+    doubled.replace(u'"', u"\"\""_s);
+    return u'"' % doubled % u'"';
+}
+
+struct Database::Connection
+{
+    QString path;
+    QString name;
+    QSqlDatabase session;
+    sqlite3 *handle = nullptr;
+
+    ~Connection()
+    {
+        session = QSqlDatabase(); // the driver refuses to go while a copy is about
+        QSqlDatabase::removeDatabase(name);
+    }
+};
+
+Database::Database() = default;
+Database::~Database() = default;
+Database::Database(Database &&other) noexcept = default;
+Database &Database::operator=(Database &&other) noexcept = default;
+
+Database Database::Connect(const QString &path, const QString &mode, std::chrono::milliseconds busyWait)
+{
+    static std::atomic<int> count = 0;
+    Database database;
+    database.connection_ = std::make_unique<Connection>();
+    Connection &connection = *database.connection_;
+    connection.path = path;
+    connection.name = u"dao-%1"_s.arg(++count);
+    connection.session = QSqlDatabase::addDatabase(u"QSQLITE"_s, connection.name);
+    connection.session.setDatabaseName(Uri(path, mode));
+    connection.session.setConnectOptions(u"QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=%1"_s.arg(busyWait.count()));
+    if (!connection.session.open())
+        throw MakeError(connection.session.lastError(), u"opening a database"_s, path);
+
+    const QVariant handle = connection.session.driver()->handle();
+    if (qstrcmp(handle.typeName(), "sqlite3*") == 0)
+        connection.handle = *static_cast<sqlite3 *const *>(handle.constData());
+    // The handle may go only to the very library that made it.
+    QSqlQuery version(connection.session);
+    if (!connection.handle || !version.exec(u"SELECT sqlite_source_id()"_s) || !version.next()
+        || version.value(0).toString() != QLatin1String(sqlite3_sourceid()))
+        throw Error(ErrorKind::Other, u"opening a database"_s, path, u"program and Qt use different SQLite libraries"_s);
+    // A misspelt "name" is an error, not a text to compare with.
+    sqlite3_db_config(connection.handle, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+    return database;
+}
+
+void Database::SetUp()
+{
+    const QString purpose = u"setting up a database"_s;
+    // Reading the schema also tells at once what is no database.
+    Select(u"SELECT count(*) FROM sqlite_master"_s, {}, purpose);
+    const QString mode = Select(u"PRAGMA journal_mode = DELETE"_s, {}, purpose).value(0).value(0).toString();
+    Execute(u"PRAGMA synchronous = FULL"_s, {}, purpose);
+    const int synchronous = Select(u"PRAGMA synchronous"_s, {}, purpose).value(0).value(0).toInt();
+    constexpr int full = 2;
+    if (mode.compare("delete"_L1, Qt::CaseInsensitive) != 0 || synchronous != full)
+        throw Error(ErrorKind::Other, purpose, Path(),
+                    u"journal mode is %1, synchronous is %2"_s.arg(mode).arg(synchronous));
+}
+
+Database Database::OpenDatabase(const QString &path, std::chrono::milliseconds busyWait)
+{
+    if (!QFileInfo(path).isFile())
+        throw Error(ErrorKind::CannotOpen, u"opening a database"_s, path, u"no such file"_s);
+    Database database = Connect(path, u"rw"_s, busyWait);
+    database.SetUp();
+    return database;
+}
+
+Database Database::CreateDatabase(const QString &path)
+{
+    const QString purpose = u"creating a database"_s;
+    if (QFileInfo::exists(path))
+        throw Error(ErrorKind::CannotOpen, purpose, path, u"the file exists already"_s);
+    Database database = Connect(path, u"rwc"_s, defaultBusyWait);
+    database.SetUp();
+    Transaction transaction(database, purpose); // writes the header: a file of no bytes is no database to other programs
+    transaction.Commit();
+    return database;
+}
+
+bool Database::IsOpen() const
+{
+    return connection_ != nullptr;
+}
+
+QString Database::Path() const
+{
+    return connection_ ? connection_->path : QString();
+}
+
+void Database::Close()
+{
+    connection_.reset();
+}
+
+void Database::SetBusyWait(std::chrono::milliseconds wait)
+{
+    sqlite3_busy_timeout(Connected(u"setting the busy wait"_s).handle, static_cast<int>(wait.count()));
+}
+
+Database::Connection &Database::Connected(const QString &purpose) const
+{
+    if (!connection_)
+        throw Error(ErrorKind::Other, purpose, {}, u"the database is closed"_s);
+    return *connection_;
+}
+
+bool Database::InTransaction() const
+{
+    return connection_ && !sqlite3_get_autocommit(connection_->handle);
+}
+
+void Database::Run(QSqlQuery &query, const QString &sql, const QVariantList &values, const QString &purpose)
+{
+    query.setForwardOnly(true); // nothing is kept for going back
+    if (!query.prepare(sql))
+        Throw(query, purpose);
+    for (const QVariant &value : values)
+        query.addBindValue(Stored(value));
+    if (!query.exec())
+        Throw(query, purpose);
+}
+
+void Database::Throw(const QSqlQuery &query, const QString &purpose) const
+{
+    throw MakeError(query.lastError(), purpose, Path());
+}
+
+int Database::Execute(const QString &sql, const QVariantList &values, const QString &purpose)
+{
+    QSqlQuery query(Connected(purpose).session);
+    Run(query, sql, values, purpose);
+    return query.numRowsAffected();
+}
+
+qint64 Database::Insert(const QString &sql, const QVariantList &values, const QString &purpose)
+{
+    QSqlQuery query(Connected(purpose).session);
+    Run(query, sql, values, purpose);
+    return query.numRowsAffected() > 0 ? query.lastInsertId().toLongLong() : 0; // else it is that of an earlier row
+}
+
+void Database::ForEach(const QString &sql, const QVariantList &values, const QString &purpose,
+                       const std::function<void(const QSqlQuery &)> &row)
+{
+    QSqlQuery query(Connected(purpose).session);
+    Run(query, sql, values, purpose);
+    while (query.next())
+        row(query);
+    if (query.lastError().isValid())
+        Throw(query, purpose);
+}
+
+QList<QVariantList> Database::Select(const QString &sql, const QVariantList &values, const QString &purpose)
+{
+    QList<QVariantList> rows;
+    int columns = -1;
+    ForEach(sql, values, purpose, [&](const QSqlQuery &query) {
+        if (columns < 0)
+            columns = query.record().count();
+        QVariantList row;
+        row.reserve(columns);
+        for (int column = 0; column < columns; ++column)
+            row.append(query.value(column));
+        rows.append(row);
+    });
+    return rows;
+}
+
+bool Database::HasTable(const QString &table)
+{
+    return !Select(u"SELECT 1 FROM sqlite_master WHERE type = 'table' AND name = ? COLLATE NOCASE"_s, {table},
+                   u"looking for a table"_s)
+                .isEmpty();
+}
+
+QStringList Database::FieldNames(const QString &table)
+{
+    QStringList names;
+    ForEach(u"SELECT name FROM pragma_table_info(?) ORDER BY cid"_s, {table}, u"reading a table's fields"_s,
+            [&names](const QSqlQuery &query) { names.append(query.value(0).toString()); });
+    return names;
+}
+
+QStringList Database::ResultFieldNames(const QString &select)
+{
+    const QString purpose = u"reading the fields of a query"_s;
+    QSqlQuery query(Connected(purpose).session);
+    Run(query, u"SELECT * FROM (\n"_s % select % u"\n) LIMIT 0"_s, {}, purpose); // names only, no row is looked for
+    const QSqlRecord record = query.record();
+    QStringList names;
+    for (int column = 0; column < record.count(); ++column)
+        names.append(record.fieldName(column));
+    return names;
+}
+
+void Database::CreateTableDef(const TableDef &table)
+{
+    const QString purpose = u"creating a table"_s;
+    QString fields;
+    for (const FieldDef &field : table.fields) {
+        fields += u", "_s % Quoted(field.name) % u' ' % field.type % (field.ignoreCase ? u" COLLATE NOCASE"_s : u""_s)
+                  % (field.notNull ? u" NOT NULL"_s : u""_s);
+    }
+    std::optional<Transaction> transaction; // unless it is part of the caller's
+    if (!InTransaction())
+        transaction.emplace(*this, purpose);
+    Execute(u"CREATE TABLE "_s % Quoted(table.name) % u" (Id INTEGER PRIMARY KEY"_s % fields % u')', {}, purpose);
+    for (const IndexDef &index : table.indexes) {
+        Execute((index.unique ? u"CREATE UNIQUE INDEX "_s : u"CREATE INDEX "_s)
+                    % Quoted(table.name % u'.' % index.name) % u" ON "_s % Quoted(table.name) % u" ("_s
+                    % Quoted(index.field) % u')',
+                {}, purpose);
+    }
+    if (transaction)
+        transaction->Commit();
+}
+
+Recordset Database::OpenRecordset(const QString &tableOrSelect)
+{
+    return {*this, tableOrSelect};
+}
+
+void Database::RegisterFunctions(std::function<QDateTime()> now)
+{
+    const QString purpose = u"registering the functions"_s;
+    if (!dao::RegisterFunctions(Connected(purpose).handle, std::move(now)))
+        throw Error(ErrorKind::Other, purpose, Path(), u"refused"_s);
+}
+
+} // namespace dao

@@ -1,0 +1,98 @@
+#include "platform/dao/Database.h"
+#include "platform/dao/Error.h"
+
+#include <QFileInfo>
+#include <QVariant>
+
+#include <algorithm>
+#include <utility>
+
+using namespace Qt::Literals::StringLiterals;
+
+// One copy of the program holds its per-login file for as long as it lives. The lock is SQLite's own, so it goes with the
+// process, however that ends, and leaves nothing behind that a next start could mistake for a running copy.
+
+namespace dao {
+
+namespace {
+
+constexpr std::chrono::milliseconds startWait{700}; // for another copy that is just closing
+
+HeldFailure FailureOf(const Error &error)
+{
+    switch (error.Kind()) {
+    case ErrorKind::Corrupt:
+        return HeldFailure::Damaged;
+    case ErrorKind::Busy:
+        return HeldFailure::InUseElsewhere;
+    default: // also a full disk or a failing drive: nothing to be set aside
+        return HeldFailure::NotWritable;
+    }
+}
+
+} // namespace
+
+Held Database::OpenHeld(const QString &path, const QStringList &requiredTables)
+{
+    Held held;
+    if (!QFileInfo(path).isFile()) {
+        held.failure = HeldFailure::Missing;
+        return held;
+    }
+    try {
+        Database database = Connect(path, u"rw"_s, startWait);
+        held.failure = database.Hold(requiredTables, held.detail);
+        if (held.failure == HeldFailure::None)
+            held.database = std::move(database);
+    } catch (const Error &error) {
+        held.failure = FailureOf(error);
+        held.detail = error.Text();
+    }
+    return held;
+}
+
+HeldFailure Database::Hold(const QStringList &requiredTables, QString &detail)
+{
+    const QString purpose = u"taking a file for this copy alone"_s;
+    try {
+        Execute(u"BEGIN EXCLUSIVE"_s, {}, purpose);
+    } catch (const Error &error) {
+        if (error.Kind() != ErrorKind::Busy)
+            throw;
+        detail = error.Text();
+        return ReadableNow(purpose) ? HeldFailure::InUseElsewhere : HeldFailure::HeldByAnotherCopy;
+    }
+
+    // The file is judged before anything in it is touched.
+    const bool complete = std::all_of(requiredTables.cbegin(), requiredTables.cend(),
+                                      [this](const QString &table) { return HasTable(table); });
+    const QString check = Select(u"PRAGMA quick_check(1)"_s, {}, purpose).value(0).value(0).toString();
+    if (!complete || check != "ok"_L1) {
+        detail = complete ? check : u"tables are missing"_s;
+        return HeldFailure::Damaged;
+    }
+
+    // A trial shows whether the file and a journal beside it can be written; rolled back, it leaves the file as it was and
+    // costs no waiting for the disk. The mode is set inside the transaction: set before, two copies that start at the same
+    // time would both keep a shared lock and both fail.
+    Execute(u"CREATE TABLE \"trial of writing\" (Id INTEGER PRIMARY KEY)"_s, {}, purpose);
+    Execute(u"PRAGMA locking_mode = EXCLUSIVE"_s, {}, purpose);
+    Execute(u"ROLLBACK"_s, {}, purpose);
+    SetUp();
+    return HeldFailure::None;
+}
+
+bool Database::ReadableNow(const QString &purpose)
+{
+    SetBusyWait(std::chrono::milliseconds(0));
+    try {
+        Select(u"SELECT count(*) FROM sqlite_master"_s, {}, purpose);
+        return true;
+    } catch (const Error &error) {
+        if (error.Kind() != ErrorKind::Busy)
+            throw;
+        return false;
+    }
+}
+
+} // namespace dao

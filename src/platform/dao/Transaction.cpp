@@ -1,0 +1,37 @@
+#include "platform/dao/Database.h"
+#include "platform/dao/Error.h"
+
+#include <QLoggingCategory>
+
+#include <utility>
+
+namespace dao {
+
+namespace {
+Q_LOGGING_CATEGORY(lcDao, "stemp.dao")
+}
+
+Transaction::Transaction(Database &database, QString purpose) : database_(database), purpose_(std::move(purpose))
+{
+    database_.Execute(QStringLiteral("BEGIN IMMEDIATE"), {}, purpose_);
+}
+
+Transaction::~Transaction()
+{
+    if (!open_ || !database_.InTransaction()) // the engine has rolled back by itself after some errors, a full disk for one
+        return;
+    try {
+        database_.Execute(QStringLiteral("ROLLBACK"), {}, purpose_);
+    } catch (const Error &error) { // no destructor may throw; the connection's end rolls back too
+        qCWarning(lcDao) << error.what();
+    }
+}
+
+void Transaction::Commit()
+{
+    // A statement of its own: QSqlDatabase's commit() loses the engine's code. When it fails, the destructor rolls back.
+    database_.Execute(QStringLiteral("COMMIT"), {}, purpose_);
+    open_ = false;
+}
+
+} // namespace dao
