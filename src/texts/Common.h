@@ -3,24 +3,16 @@
 #include "platform/dao/Database.h"
 #include "platform/dao/Recordset.h"
 #include "platform/forms/FormServices.h"
-#include "texts/TextTable.h"
+#include "texts/TextState.h"
 
+#include <QLatin1String>
 #include <QPointer>
 #include <QString>
 
 #include <map>
-#include <optional>
 
 class Form;
 class Prompts;
-
-// The state of the text store that belongs to the running copy.
-struct TextState
-{
-    TextLanguage language;
-    std::optional<bool> ShowToolTips; // nothing until the settings are loaded; tips are then neither cleared nor saved
-    bool DevMode = false;             // asks before loading and saving
-};
 
 // The interface text store: applies each form's table when it loads, writes it back when it unloads, and makes and completes
 // the table from the form's design.
@@ -49,11 +41,7 @@ private:
         dao::Recordset rows;
     };
 
-    bool Confirm(Form &form, const QString &question);
-    void ApplyRows(Form &form, dao::Recordset &table) const;
-    void ApplyFormRow(Form &form, const dao::Recordset &row) const;
-    void ApplyControlRow(Control &control, const dao::Recordset &row) const;
-    void ApplyToolTip(Control &control, const dao::Recordset &row) const;
+    bool Confirm(Form &form, QLatin1String question);
 
     dao::Database &localDB_;
     TextState &state_;
