@@ -2,13 +2,11 @@
 
 #include "platform/forms/Geometry.h"
 
-#include <QPointer>
 #include <QString>
-#include <QWidget>
 
 #include <optional>
 
-class Form;
+class QWidget;
 
 // What a control was shipped with, in English. The source of a new row's texts, of the look-up of the Danish ones and of the
 // way back to the shipped layout; never changed after the form was set up.
@@ -34,8 +32,8 @@ public:
     Control &operator=(const Control &) = delete;
 
     const QString &Name() const { return name_; }
-    std::optional<int> Index() const { return index_; } // the index of a control array's member
-    QString Key() const;                                 // Name, or Name(Index)
+    std::optional<int> Index() const { return index_; }   // the index of a control array's member
+    QString Key() const;                                  // Name, or Name(Index)
     const QString &TypeName() const { return typeName_; } // "Label", "TextBox", "OptionButton", …
 
     virtual QWidget *Widget() const { return nullptr; } // nothing for menus, timers, data controls and file dialogs
@@ -57,8 +55,7 @@ public:
     void SetTag(const QString &tag) { tag_ = tag; }
 
     const ControlDesign &Design() const { return design_; }
-    // Takes the present state as the design. `help` is the control's "What's this" text.
-    void TakeDesign(const QString &help);
+    void TakeDesign(const QString &help); // takes the present state as the design
 
 private:
     QString name_;

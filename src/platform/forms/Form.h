@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/forms/Control.h"
+#include "platform/forms/DialogKeys.h"
 #include "platform/forms/Geometry.h"
 
 #include <QMainWindow>
@@ -10,8 +11,12 @@
 #include <vector>
 
 class FormServices;
+class QAction;
 class QEventLoop;
+class QHelpEvent;
+class QMenuBar;
 class QPushButton;
+class WindowPlace;
 
 // The base of every window. Its central widget is the surface: control coordinates and mouse points refer to it.
 //
@@ -29,8 +34,8 @@ public:
     const QString &Name() const { return name_; } // the name of its class and of its text table
     QWidget *Surface() const { return centralWidget(); }
 
-    void Load();     // once; further calls do nothing
-    void Unload();   // ends a modal display, runs Form_Unload before the window goes away, hides it
+    void Load();   // once; further calls do nothing
+    void Unload(); // ends a modal display, runs Form_Unload before the window goes away, hides it
     bool IsLoaded() const { return loaded_; }
 
     void ShowModal(QWidget *owner); // shows it window-modal and returns when it was hidden or unloaded
@@ -38,8 +43,8 @@ public:
     // Controls, in the order of the design; members made at run time are appended.
     const std::vector<std::unique_ptr<Control>> &Controls() const { return controls_; }
     Control *ControlAt(int position) const { return controls_.at(static_cast<std::size_t>(position)).get(); }
-    // Makes member `index` of the control array `arrayName` after the pattern of its first designed member, invisible. Nothing
-    // when the form has no such array.
+    // Makes member `index` of the control array `arrayName` after the pattern of its first designed member, invisible, and tells
+    // MemberCreated. The member itself if it is there already; nothing when the form has no such array.
     Control *CreateMember(const QString &arrayName, int index);
     // Moves a control into another surface, frame or page, its place kept relative to the container.
     void SetContainer(Control &control, QWidget *container);
@@ -48,24 +53,27 @@ public:
     // a person; kept for the normal window state, also while minimised.
     void SetStoredGeometry(const Geometry &twips);
     Geometry StoredGeometry() const;
-    Geometry DesignGeometry() const { return designGeometry_; }
+    Geometry DesignGeometry() const { return designGeometry_; } // amid the screen, unless moved before RegisterControls
     const QString &DesignCaption() const { return designCaption_; }
     const QString &DesignHelp() const { return designHelp_; }
 
+    // Colours the surface alone: frames, buttons and boxes on it keep their own colours.
     void SetBackColor(const QColor &color);
     QColor BackColor() const;
 
     int FormValue = 0; // the "Value" of the form's own row
 
-    void SetDefaultButton(QPushButton *button); // Enter presses it, wherever the focus is
-    void SetCancelButton(QPushButton *button);  // Escape presses it
+    // Enter presses the one, wherever the focus is, except in another button, a text of several lines or a cell being edited;
+    // Escape the other.
+    void SetDefaultButton(QPushButton *button) { dialogKeys_.SetDefaultButton(button); }
+    void SetCancelButton(QPushButton *button) { dialogKeys_.SetCancelButton(button); }
 
 signals:
     void Unloaded();
 
 protected:
-    // After setupUi: makes the list of controls from the surface, its frames and tab pages and from the menu bar, and takes the
-    // design of each.
+    // After setupUi, and after the grids got their models: makes the list of controls from the surface, its frames and tab pages
+    // and from the menu bar, and takes the design of each. Widgets without a name of their own are left out.
     void RegisterControls();
     void RegisterControl(std::unique_ptr<Control> control); // for what a .ui file can't hold
 
@@ -77,8 +85,11 @@ protected:
     virtual void Form_Resize() {}
     // Asked when a person closes the window by its frame; false: the form stays loaded (and hides itself, if it wants to).
     virtual bool QueryUnload() { return true; }
-    // Key preview: sees every key before the focused control does. True: consumed.
-    virtual bool Form_KeyDown(QKeyEvent &event);
+    // Key preview: sees a key before the focused control does. True: consumed. Tab, access keys, and Space and Enter on a button
+    // pass it by.
+    virtual bool Form_KeyDown(QKeyEvent &) { return false; }
+    // A member of a control array came to life, to be connected like its designed siblings.
+    virtual void MemberCreated(Control &) {}
 
     bool eventFilter(QObject *watched, QEvent *event) override;
     bool event(QEvent *event) override;
@@ -86,11 +97,20 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
+    void RegisterWidgetsIn(const QWidget &container);
+    void RegisterMenus(const QList<QAction *> &actions);
+    void ShowMenuTip(QMenuBar &bar, const QHelpEvent &help);
+    bool IsNormal() const;
+
     QString name_;
     FormServices &services_;
     bool loaded_ = false;
+    bool unloading_ = false;
     std::vector<std::unique_ptr<Control>> controls_;
     QString designCaption_;
     QString designHelp_;
     Geometry designGeometry_;
+    DialogKeys dialogKeys_;
+    std::unique_ptr<WindowPlace> place_;
+    QEventLoop *modalLoop_ = nullptr;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QRect>
 
 // Places and sizes as the text store keeps them: in twips, 15 to a logical pixel.
@@ -19,3 +20,10 @@ struct Geometry
 
 QRect ToPixels(const Geometry &twips); // each number rounded to the nearest pixel
 Geometry ToTwips(const QRect &pixels);
+
+// A window whose left edge is off a screen of that size, or within 100 twips of its right edge, is put at 0; its top alike.
+Geometry KeptOnScreen(Geometry window, QSize screenPixels);
+QSize ScreenPixels(); // right and lower edge of all screens together
+
+// Where to put a window so that a person can get hold of its title bar: its own place, or the nearest on the first screen.
+QPoint ReachablePosition(const QRect &outerPixels, const QList<QRect> &screens);

@@ -1,0 +1,311 @@
+#include "platform/forms/Form.h"
+
+#include "platform/forms/ControlFactory.h"
+#include "platform/forms/FormServices.h"
+#include "platform/forms/WindowPlace.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QEventLoop>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMenuBar>
+#include <QRadioButton>
+#include <QScreen>
+#include <QTabWidget>
+#include <QToolTip>
+#include <QWindow>
+
+#include <algorithm>
+#include <utility>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+// The surface takes its colour from a role that no child draws itself with, so that the children, which inherit the palette,
+// look as ever.
+constexpr QPalette::ColorRole surfaceRole = QPalette::ToolTipBase;
+
+// A design knows only the inside of its window. The frame of the widest known window manager, so that nothing of the inside is cut.
+constexpr QMargins designedFrame(8, 31, 8, 8);
+
+Geometry DesignOf(const QWidget &form)
+{
+    QRect outer(form.pos(), form.size().grownBy(designedFrame));
+    if (!form.testAttribute(Qt::WA_Moved)) {
+        outer.moveCenter(form.screen()->availableGeometry().center());
+    }
+    return ToTwips(outer);
+}
+
+} // namespace
+
+Form::Form(QString name, FormServices &services, QWidget *parent)
+    : QMainWindow(parent), name_(std::move(name)), services_(services), place_(std::make_unique<WindowPlace>(*this))
+{
+    qApp->installEventFilter(this); // key preview
+}
+
+Form::~Form() = default;
+
+void Form::Load()
+{
+    if (!loaded_) {
+        loaded_ = true;
+        Form_Load();
+    }
+}
+
+void Form::Unload()
+{
+    if (!loaded_ || unloading_) {
+        return;
+    }
+    unloading_ = true;
+    Form_Unload();
+    unloading_ = false;
+    loaded_ = false;
+    hide();
+    emit Unloaded();
+}
+
+void Form::ShowModal(QWidget *owner)
+{
+    Load();
+    if (!loaded_ || modalLoop_) {
+        return;
+    }
+    QWidget *ownerWindow = owner && owner->window()->isVisible() ? owner->window() : nullptr;
+    winId(); // makes the window, which the owner is set of
+    setWindowModality(ownerWindow ? Qt::WindowModal : Qt::ApplicationModal);
+    windowHandle()->setTransientParent(ownerWindow ? ownerWindow->windowHandle() : nullptr);
+    show();
+
+    const QPointer<Form> self(this);
+    QEventLoop loop;
+    modalLoop_ = &loop;
+    if (isVisible()) { // a first paint or resize may have unloaded it
+        loop.exec();
+    }
+    if (self) {
+        modalLoop_ = nullptr;
+        setWindowModality(Qt::NonModal);
+    }
+}
+
+Control *Form::CreateMember(const QString &arrayName, int index)
+{
+    const auto memberOf = [&](const auto &wanted) {
+        const auto found = std::find_if(controls_.begin(), controls_.end(), [&](const auto &control) {
+            return control->Name() == arrayName && control->Index() && wanted(*control->Index());
+        });
+        return found == controls_.end() ? nullptr : found->get();
+    };
+    if (Control *there = memberOf([index](int other) { return other == index; })) {
+        return there;
+    }
+    const Control *pattern = memberOf([](int) { return true; });
+    if (!pattern || !pattern->Widget() || index < 0) {
+        return nullptr;
+    }
+    QWidget *widget = NewWidgetLike(*pattern->Widget(), pattern->Widget()->parentWidget());
+    if (!widget) {
+        return nullptr;
+    }
+    widget->setObjectName(u"%1_%2"_s.arg(arrayName).arg(index));
+    widget->setProperty("Index", index);
+    widget->setProperty("ControlType", pattern->TypeName());
+    RegisterControl(MakeControl(*widget));
+    MemberCreated(*controls_.back());
+    return controls_.back().get();
+}
+
+void Form::SetContainer(Control &control, QWidget *container)
+{
+    QWidget *widget = control.Widget();
+    if (!widget || !container || widget->parentWidget() == container) {
+        return;
+    }
+    const bool visible = !widget->isHidden();
+    widget->setParent(container); // hides it
+    widget->setVisible(visible);
+    // One selection a container: that of the buttons that are there already.
+    auto *option = qobject_cast<QRadioButton *>(widget);
+    const auto others = container->findChildren<QRadioButton *>(QString(), Qt::FindDirectChildrenOnly);
+    if (option && option->isChecked() && std::any_of(others.begin(), others.end(), [&](auto *other) {
+            return other != option && other->isChecked();
+        })) {
+        control.SetValue(u"0"_s);
+    }
+}
+
+void Form::SetStoredGeometry(const Geometry &twips)
+{
+    place_->SetStored(twips);
+}
+
+Geometry Form::StoredGeometry() const
+{
+    return place_->Stored();
+}
+
+void Form::SetBackColor(const QColor &color)
+{
+    if (color == BackColor()) {
+        return;
+    }
+    QWidget *surface = Surface();
+    QPalette colors = surface->palette();
+    colors.setColor(surfaceRole, color);
+    surface->setPalette(colors);
+    surface->setBackgroundRole(surfaceRole);
+    surface->setAutoFillBackground(true);
+    for (const auto &control : controls_) {
+        if (control->Widget() && control->Widget()->parentWidget() == surface && IsFrame(*control->Widget())) {
+            control->Widget()->setAutoFillBackground(true);
+        }
+    }
+}
+
+QColor Form::BackColor() const
+{
+    const QWidget *surface = Surface();
+    return surface->palette().color(surface->autoFillBackground() ? surfaceRole : QPalette::Window);
+}
+
+void Form::RegisterControls()
+{
+    RegisterWidgetsIn(*Surface());
+    if (auto *bar = findChild<QMenuBar *>(QString(), Qt::FindDirectChildrenOnly)) {
+        RegisterMenus(bar->actions());
+    }
+    NameForScreenReaders(controls_);
+    designCaption_ = windowTitle();
+    designHelp_ = whatsThis();
+    designGeometry_ = DesignOf(*this);
+    place_->SetStored(designGeometry_);
+}
+
+void Form::RegisterControl(std::unique_ptr<Control> control)
+{
+    const QWidget *widget = control->Widget();
+    control->TakeDesign(widget ? widget->whatsThis() : QString());
+    controls_.push_back(std::move(control));
+}
+
+void Form::RegisterWidgetsIn(const QWidget &container)
+{
+    const QObjectList children = container.children();
+    for (QObject *child : children) {
+        auto *widget = qobject_cast<QWidget *>(child);
+        if (!widget || widget->isWindow() || widget->objectName().startsWith("qt_"_L1)) {
+            continue;
+        }
+        if (!widget->objectName().isEmpty()) {
+            RegisterControl(MakeControl(*widget));
+        }
+        if (const auto *tabs = qobject_cast<QTabWidget *>(widget)) {
+            for (int i = 0; i < tabs->count(); ++i) {
+                RegisterWidgetsIn(*tabs->widget(i));
+            }
+        } else if (IsFrame(*widget)) {
+            RegisterWidgetsIn(*widget);
+        }
+    }
+}
+
+void Form::RegisterMenus(const QList<QAction *> &actions)
+{
+    for (QAction *action : actions) {
+        const QObject *named = action->menu() ? static_cast<QObject *>(action->menu()) : action;
+        if (named->objectName().startsWith("mnu"_L1)) {
+            auto control = std::make_unique<MenuControl>(IdOf(*named, u"Menu"_s), *action);
+            control->SetTag(named->property("Tag").toString());
+            control->TakeDesign(action->whatsThis());
+            controls_.push_back(std::move(control));
+        }
+        if (action->menu()) {
+            RegisterMenus(action->menu()->actions());
+        }
+    }
+}
+
+void Form::LoadTexts()
+{
+    services_.LoadProperties(*this);
+}
+
+void Form::SaveTexts()
+{
+    services_.SaveProperties(*this);
+}
+
+bool Form::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::KeyPress) {
+        QWidget *focus = focusWidget();
+        if (watched == (focus ? focus : this)) {
+            auto &key = static_cast<QKeyEvent &>(*event);
+            const bool consumed = !BelongsToControl(key, focus) && Form_KeyDown(key);
+            return consumed || dialogKeys_.Press(key, focus);
+        }
+    } else if (event->type() == QEvent::ToolTip) {
+        if (auto *bar = qobject_cast<QMenuBar *>(watched); bar && bar->parent() == this) {
+            const auto &help = static_cast<const QHelpEvent &>(*event);
+            ShowMenuTip(*bar, help);
+            return true;
+        }
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
+// A menu bar shows no tips of its own.
+void Form::ShowMenuTip(QMenuBar &bar, const QHelpEvent &help)
+{
+    const QAction *action = bar.actionAt(help.pos());
+    for (const auto &control : controls_) {
+        const auto *menu = dynamic_cast<const MenuControl *>(control.get());
+        if (action && menu && &menu->Action() == action) {
+            QToolTip::showText(help.globalPos(), AsPlainToolTip(menu->ToolTip()), &bar);
+        }
+    }
+}
+
+bool Form::event(QEvent *event)
+{
+    const bool handled = QMainWindow::event(event);
+    if (event->type() == QEvent::Hide && !event->spontaneous() && modalLoop_) {
+        modalLoop_->quit();
+    } else if (event->type() == QEvent::WindowStateChange && loaded_ && IsNormal()) {
+        Form_Resize();
+    }
+    return handled;
+}
+
+void Form::closeEvent(QCloseEvent *event)
+{
+    if (!loaded_) {
+        return;
+    }
+    if (unloading_ || !QueryUnload()) {
+        event->ignore();
+        return;
+    }
+    Unload();
+}
+
+void Form::resizeEvent(QResizeEvent *event)
+{
+    QMainWindow::resizeEvent(event);
+    if (loaded_ && IsNormal()) {
+        Form_Resize();
+    }
+}
+
+bool Form::IsNormal() const
+{
+    return !(windowState() & (Qt::WindowMinimized | Qt::WindowMaximized | Qt::WindowFullScreen));
+}

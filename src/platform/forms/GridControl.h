@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/forms/ControlTypes.h"
+
+#include <vector>
+
+class QTableView;
+
+// A grid with a header: MSFlexGrid, DBGrid, Grid. The caption lists the columns' captions, each followed by "|", the value the
+// columns' widths in twips, each followed by ";". A list with fewer pieces than columns sets only those.
+class GridControl : public WidgetControl
+{
+public:
+    GridControl(ControlId id, QTableView &view);
+    std::optional<QString> Caption() const override;
+    void SetCaption(const QString &text) override;
+    std::optional<QString> Value() const override;
+    void SetValue(const QString &text) override;
+
+private:
+    struct Width
+    {
+        double twips = 0;
+        int pixels = 0; // what they came to
+    };
+
+    int Columns() const;
+    bool IsStretched(int column) const;
+
+    QTableView &view_;
+    std::vector<std::optional<Width>> widths_; // as they were set; a column's stays until its pixels change
+};

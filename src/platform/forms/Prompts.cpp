@@ -1,0 +1,54 @@
+#include "platform/forms/Prompts.h"
+
+#include <QFileDialog>
+#include <QGuiApplication>
+#include <QMessageBox>
+#include <QPushButton>
+
+namespace {
+
+class Box : public QMessageBox
+{
+public:
+    Box(QWidget *owner, Icon icon, const QString &text)
+        : QMessageBox(icon, QGuiApplication::applicationDisplayName(), text, NoButton, Owner(owner))
+    {
+        setTextFormat(Qt::PlainText);
+        setWindowModality(Owner(owner) ? Qt::WindowModal : Qt::ApplicationModal);
+    }
+
+    // A window that is not on the screen would hide the box behind the others or keep it from being seen.
+    static QWidget *Owner(QWidget *owner) { return owner && owner->window()->isVisible() ? owner->window() : nullptr; }
+};
+
+} // namespace
+
+void ScreenPrompts::MsgBox(QWidget *owner, const QString &text)
+{
+    Box box(owner, QMessageBox::Information, text);
+    box.setStandardButtons(QMessageBox::Ok);
+    box.exec();
+}
+
+bool ScreenPrompts::AskYesNo(QWidget *owner, const QString &text)
+{
+    Box box(owner, QMessageBox::Question, text);
+    box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+    box.setDefaultButton(QMessageBox::No); // what is asked so deletes something
+    return box.exec() == QMessageBox::Yes;
+}
+
+QString ScreenPrompts::PickFile(QWidget *owner, const QString &title, const QString &startPath, const QString &filter)
+{
+    return QFileDialog::getOpenFileName(Box::Owner(owner), title, startPath, filter);
+}
+
+bool ScreenPrompts::AskChoice(QWidget *owner, const QString &text, const QString &first, const QString &second)
+{
+    Box box(owner, QMessageBox::Question, text);
+    QPushButton *firstButton = box.addButton(first, QMessageBox::AcceptRole);
+    box.addButton(second, QMessageBox::RejectRole);
+    box.setDefaultButton(firstButton);
+    box.exec();
+    return box.clickedButton() == firstButton;
+}

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QStringList>
+#include <QVariant>
+
+#include <functional>
+#include <map>
+#include <vector>
+
+// Rows of values for a grid to show. Numbers are right aligned.
+class RowsModel : public QAbstractTableModel
+{
+    Q_OBJECT
+
+public:
+    using Row = std::vector<QVariant>; // may be shorter than the list of columns
+    using Formatter = std::function<QString(const QVariant &)>;
+
+    explicit RowsModel(QStringList captions, QObject *parent = nullptr);
+
+    void SetFormatter(int column, Formatter formatter);
+    // Views keep selection and scroll place while the number of rows stays the same, and see nothing when nothing changed.
+    void SetRows(std::vector<Row> rows);
+    const std::vector<Row> &Rows() const { return rows_; }
+
+    int rowCount(const QModelIndex &parent = {}) const override;
+    int columnCount(const QModelIndex &parent = {}) const override;
+    QVariant data(const QModelIndex &index,
+                  int role = Qt::DisplayRole) const override; // Qt::EditRole: the value itself
+    QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
+    bool setHeaderData(int section, Qt::Orientation orientation, const QVariant &value,
+                       int role = Qt::EditRole) override;
+
+private:
+    QStringList captions_;
+    std::vector<Row> rows_;
+    std::map<int, Formatter> formatters_;
+};

@@ -1,0 +1,169 @@
+#include "platform/forms/WindowPlace.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QScreen>
+#include <QWindow>
+
+#include <chrono>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto untilFrameIsKnown = 300ms;
+constexpr auto untilSizeIsTaken = 200ms;
+constexpr auto untilStateIsTold =
+    100ms; // a window may be told its maximised size before it is told that it is maximised
+
+// A window that is not on the screen has no frame yet; another one that is has the same as a rule.
+QMargins MarginsOfAnother()
+{
+    const auto windows = QApplication::topLevelWidgets();
+    for (const QWidget *window : windows) {
+        if (window->isVisible() && window->windowType() == Qt::Window && window->windowHandle()) {
+            const QMargins margins = window->windowHandle()->frameMargins();
+            if (!margins.isNull()) {
+                return margins;
+            }
+        }
+    }
+    return {};
+}
+
+QList<QRect> AvailableScreens()
+{
+    QList<QRect> result;
+    const auto screens = QGuiApplication::screens();
+    for (const QScreen *screen : screens) {
+        result.append(screen->availableGeometry());
+    }
+    return result;
+}
+
+} // namespace
+
+WindowPlace::WindowPlace(QWidget &window) : window_(window)
+{
+    settling_.setSingleShot(true);
+    seeing_.setSingleShot(true);
+    connect(&settling_, &QTimer::timeout, this, &WindowPlace::GoOnSettling);
+    connect(&seeing_, &QTimer::timeout, this, &WindowPlace::See);
+    window_.installEventFilter(this);
+}
+
+void WindowPlace::SetStored(const Geometry &twips)
+{
+    stored_ = twips;
+    baseline_.reset();
+    if (!window_.isVisible()) {
+        Apply();
+    } else if (IsNormal()) {
+        Apply();
+        BeginToSettle();
+    }
+}
+
+Geometry WindowPlace::Stored() const
+{
+    return StoredAt(IsNormal() ? window_.geometry() : seen_);
+}
+
+Geometry WindowPlace::StoredAt(const QRect &inner) const
+{
+    if (!baseline_) {
+        return stored_;
+    }
+    const Geometry moved = ToTwips({inner.topLeft() - baseline_->topLeft(), inner.size() - baseline_->size()});
+    return {stored_.left + moved.left, stored_.top + moved.top, stored_.width + moved.width,
+            stored_.height + moved.height};
+}
+
+bool WindowPlace::eventFilter(QObject *watched, QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::Show:
+        if (!event->spontaneous()) {
+            stored_ = StoredAt(seen_); // what a person did to it when it was last shown
+            baseline_.reset();
+            Apply();
+            BeginToSettle();
+        }
+        break;
+    case QEvent::Hide:
+        if (!event->spontaneous()) {
+            settling_.stop();
+            if (seeing_.isActive()) {
+                seeing_.stop();
+                seen_ = window_.geometry();
+            }
+        }
+        break;
+    case QEvent::Move:
+    case QEvent::Resize:
+        if (IsNormal()) {
+            seeing_.start(untilStateIsTold);
+        }
+        break;
+    case QEvent::WindowStateChange:
+        seeing_.stop();
+        if (IsNormal() && !baseline_) {
+            BeginToSettle();
+        } else if (IsNormal()) {
+            seeing_.start(untilStateIsTold);
+        }
+        break;
+    default:
+        break;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+bool WindowPlace::IsNormal() const
+{
+    return window_.isVisible()
+           && !(window_.windowState() & (Qt::WindowMinimized | Qt::WindowMaximized | Qt::WindowFullScreen));
+}
+
+void WindowPlace::Apply()
+{
+    if (window_.windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen)) {
+        return;
+    }
+    window_.move(ReachablePosition(ToPixels(stored_), AvailableScreens()));
+    ResizeWithoutFrame();
+}
+
+void WindowPlace::ResizeWithoutFrame()
+{
+    window_.resize(ToPixels(stored_).size().shrunkBy(margins_ ? *margins_ : MarginsOfAnother()));
+}
+
+void WindowPlace::BeginToSettle()
+{
+    frameIsTaken_ = false;
+    settling_.start(untilFrameIsKnown);
+}
+
+void WindowPlace::GoOnSettling()
+{
+    if (!IsNormal()) {
+        return; // begins anew when it is normal again
+    }
+    if (!frameIsTaken_) {
+        margins_ = window_.windowHandle()->frameMargins();
+        frameIsTaken_ = true;
+        ResizeWithoutFrame();
+        settling_.start(untilSizeIsTaken);
+    } else {
+        baseline_ = window_.geometry();
+        seen_ = *baseline_;
+    }
+}
+
+void WindowPlace::See()
+{
+    if (IsNormal()) {
+        seen_ = window_.geometry();
+    }
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "platform/forms/Geometry.h"
+
+#include <QMargins>
+#include <QObject>
+#include <QTimer>
+#include <QWidget>
+
+#include <optional>
+
+// Keeps the stored place and size of a window, frame included, so that they never drift. What a window manager makes of a
+// place and when it tells the width of the frame differs from one to the other; therefore a window is left to settle after it
+// was shown, and only what changed from there on changes the stored numbers.
+class WindowPlace : public QObject
+{
+public:
+    explicit WindowPlace(QWidget &window);
+
+    void SetStored(const Geometry &twips); // moves and resizes the window
+    Geometry Stored() const;
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    Geometry StoredAt(const QRect &inner) const;
+    bool IsNormal() const;
+    void Apply();
+    void ResizeWithoutFrame();
+    void BeginToSettle();
+    void GoOnSettling();
+    void See();
+
+    QWidget &window_;
+    Geometry stored_;
+    std::optional<QMargins> margins_;
+    bool frameIsTaken_ = false;     // since it was last shown
+    std::optional<QRect> baseline_; // inner place and size that the stored numbers stand for
+    QRect seen_;                    // the last ones in the normal window state
+    QTimer settling_;
+    QTimer seeing_;
+};
