@@ -1,0 +1,559 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="da_DK" sourcelanguage="en">
+<context>
+    <name>AdminForm</name>
+    <message>
+        <source>Stemp Administration</source>
+        <translation>Stemp-administration</translation>
+    </message>
+    <message>
+        <source>The settings of the program. Press OK to accept your changes; Escape, or closing the window by its frame, takes them back. The settings are stored in your own database when the program ends; the company database and your time rows are not touched.</source>
+        <translation>Programmets indstillinger. Tryk på OK for at godtage dine ændringer; Escape, eller at lukke vinduet i rammen, tager dem tilbage. Indstillingerne gemmes i din egen database, når programmet slutter; firmadatabasen og dine tidsrækker berøres ikke.</translation>
+    </message>
+    <message>
+        <source>The name your rows and your state are kept under</source>
+        <translation>Navnet, som dine rækker og din status gemmes under</translation>
+    </message>
+    <message>
+        <source>The name under which your time rows are kept and your colleagues see you on the board. It is locked as soon as the program knows who you are. While it is open you may type your initials here; they count from the next start.</source>
+        <translation>Navnet, som dine tidsrækker gemmes under, og som dine kolleger ser på tavlen. Det låses, så snart programmet ved, hvem du er. Så længe det er åbent, kan du skrive dine initialer her; de gælder fra næste start.</translation>
+    </message>
+    <message>
+        <source>User Name:</source>
+        <translation>Brugernavn:</translation>
+    </message>
+    <message>
+        <source>User name</source>
+        <translation>Brugernavn</translation>
+    </message>
+    <message>
+        <source>Show short tips like this one</source>
+        <translation>Vis korte tip som dette</translation>
+    </message>
+    <message>
+        <source>Shows a short tip when the mouse rests on a control. Switch it off when you know the program well. The tips themselves stay stored, and the change counts from the next start.</source>
+        <translation>Viser et kort tip, når musen hviler på et felt eller en knap. Slå det fra, når du kender programmet godt. Selve tippene bliver gemt, og ændringen gælder fra næste start.</translation>
+    </message>
+    <message>
+        <source>&amp;ToolTips</source>
+        <translation>&amp;Værktøjstip</translation>
+    </message>
+    <message>
+        <source>How the hours of a summary are rounded</source>
+        <translation>Hvordan timerne i en opgørelse afrundes</translation>
+    </message>
+    <message>
+        <source>Says how the hours of a summary and its timesheet are rounded. Choose what your company settles by. Only the sums are rounded; your time rows keep their exact times.</source>
+        <translation>Siger, hvordan timerne i en opgørelse og dens timeseddel afrundes. Vælg det, firmaet afregner efter. Kun summerne afrundes; dine tidsrækker beholder de nøjagtige tider.</translation>
+    </message>
+    <message>
+        <source>Summaries rounded to ...</source>
+        <translation>Opgørelser afrundes til ...</translation>
+    </message>
+    <message>
+        <source>Rounds the hours of a summary and its timesheet to quarters of an hour. Choose what your company settles by. Only the sums are rounded; your time rows keep their exact times.</source>
+        <translation>Afrunder timerne i en opgørelse og dens timeseddel til kvarterer. Vælg det, firmaet afregner efter. Kun summerne afrundes; dine tidsrækker beholder de nøjagtige tider.</translation>
+    </message>
+    <message>
+        <source>&amp;Quarters  (0.25 h)</source>
+        <translation>&amp;Kvarterer  (0,25 t)</translation>
+    </message>
+    <message>
+        <source>Rounds the hours of a summary and its timesheet to half hours. Choose what your company settles by. Only the sums are rounded; your time rows keep their exact times.</source>
+        <translation>Afrunder timerne i en opgørelse og dens timeseddel til halve timer. Vælg det, firmaet afregner efter. Kun summerne afrundes; dine tidsrækker beholder de nøjagtige tider.</translation>
+    </message>
+    <message>
+        <source>&amp;Half hours  (0.5 h)</source>
+        <translation>&amp;Halve timer  (0,5 t)</translation>
+    </message>
+    <message>
+        <source>Rounds the hours of a summary and its timesheet to whole hours. Choose what your company settles by. Only the sums are rounded; your time rows keep their exact times.</source>
+        <translation>Afrunder timerne i en opgørelse og dens timeseddel til hele timer. Vælg det, firmaet afregner efter. Kun summerne afrundes; dine tidsrækker beholder de nøjagtige tider.</translation>
+    </message>
+    <message>
+        <source>&amp;Whole hours</source>
+        <translation>He&amp;le timer</translation>
+    </message>
+    <message>
+        <source>A whole number of days; below 1 counts as 7</source>
+        <translation>Et helt antal dage; under 1 regnes som 7</translation>
+    </message>
+    <message>
+        <source>The number of days that the grid in the main window looks back. The recent jobs come from the same days. Older rows are not shown but stay in your time database. A change counts when the grid is next filled; anything below 1 counts as 7.</source>
+        <translation>Det antal dage, som tilbageblikket i hovedvinduet går tilbage. De seneste job kommer fra de samme dage. Ældre rækker vises ikke, men bliver i din tidsdatabase. En ændring gælder, næste gang tilbageblikket fyldes; alt under 1 regnes som 7.</translation>
+    </message>
+    <message>
+        <source>Days of history in &apos;Roll-Back&apos; grid</source>
+        <translation>Antal dage i &apos;tilbageblikket&apos;</translation>
+    </message>
+    <message>
+        <source>Days of history</source>
+        <translation>Antal dage</translation>
+    </message>
+    <message>
+        <source>The settings below matter when you share a company database</source>
+        <translation>Indstillingerne herunder har betydning, når I deler en firmadatabase</translation>
+    </message>
+    <message>
+        <source>The settings below this line matter when several people share a company database. If you work alone you can leave them as they are.</source>
+        <translation>Indstillingerne under denne linje har betydning, når flere deler en firmadatabase. Arbejder du alene, kan du lade dem være, som de er.</translation>
+    </message>
+    <message>
+        <source>------------------------  Multi User Options --------------------------</source>
+        <translation>------------------------  Flerbrugerindstillinger ----------------------</translation>
+    </message>
+    <message>
+        <source>Click, or press F4, to find the company database</source>
+        <translation>Klik, eller tryk på F4, for at finde firmadatabasen</translation>
+    </message>
+    <message>
+        <source>The file that holds the company&apos;s job list and the board, usually on a network drive. Click the box, or press F4, to find it, or type the path. A path that names no file is refused and the old one comes back when you press OK. With the program folder&apos;s own Jobs.mdb you work alone.</source>
+        <translation>Filen med firmaets jobliste og tavlen, som regel på et netværksdrev. Klik i feltet, eller tryk på F4, for at finde den, eller skriv stien. En sti, der ikke peger på en fil, afvises, og den gamle kommer tilbage, når du trykker på OK. Med programmappens egen Jobs.mdb arbejder du alene.</translation>
+    </message>
+    <message>
+        <source>Location of shared Company Job List</source>
+        <translation>Placering af firmaets fælles jobliste</translation>
+    </message>
+    <message>
+        <source>Location of the company database</source>
+        <translation>Firmadatabasens placering</translation>
+    </message>
+    <message>
+        <source>Renew the local job list each time the program ends</source>
+        <translation>Forny den lokale jobliste, hver gang programmet slutter</translation>
+    </message>
+    <message>
+        <source>Copies the company&apos;s job list to this machine each time the program ends, so that you can pick jobs when the network is away. It is disabled, and counts as off, when the company list is the program folder&apos;s own Jobs.mdb. Only the local copy is replaced.</source>
+        <translation>Kopierer firmaets jobliste til denne maskine, hver gang programmet slutter, så du kan vælge job, når netværket er væk. Punktet er deaktiveret og regnes som slået fra, når firmaets liste er programmappens egen Jobs.mdb. Kun den lokale kopi udskiftes.</translation>
+    </message>
+    <message>
+        <source>Auto-&amp;Update local copy of Company Job List</source>
+        <translation>A&amp;uto-opdatér lokal kopi af firmaets jobliste</translation>
+    </message>
+    <message>
+        <source>Create company jobs, and delete them with the Delete key</source>
+        <translation>Opret firmaets job, og slet dem med Delete-tasten</translation>
+    </message>
+    <message>
+        <source>Lets you create jobs in the company&apos;s list and delete them there with the Delete key. Switch it on only if you look after the list: what you change is changed for all colleagues. Time rows that use a deleted job stay as they are.</source>
+        <translation>Lader dig oprette job på firmaets liste og slette dem dér med Delete-tasten. Slå det kun til, hvis du passer listen: Det, du ændrer, ændres for alle kolleger. Tidsrækker, der bruger et slettet job, bliver, som de er.</translation>
+    </message>
+    <message>
+        <source>I can add &amp;Jobs to the Company Data Base</source>
+        <translation>Jeg kan tilføje &amp;job i firmadatabasen</translation>
+    </message>
+    <message>
+        <source>Change the status text of a colleague on the board</source>
+        <translation>Ret en kollegas statustekst på tavlen</translation>
+    </message>
+    <message>
+        <source>Lets you change the status text of a colleague by clicking it on the board. Use it when you answer the telephone for others. The text is written to the company database, and everybody sees it.</source>
+        <translation>Lader dig rette en kollegas statustekst ved at klikke på den på tavlen. Brug det, når du tager telefonen for andre. Teksten skrives i firmadatabasen, og alle ser den.</translation>
+    </message>
+    <message>
+        <source>I can change the &amp;STATUS of others</source>
+        <translation>Jeg kan ændre andres &amp;STATUS</translation>
+    </message>
+    <message>
+        <source>Bring the board up when a message comes</source>
+        <translation>Hent tavlen frem, når der kommer en besked</translation>
+    </message>
+    <message>
+        <source>Brings the board to the front when a message comes. Switch it off when you do not want to be disturbed: the icon then blinks until you look. Messages are delivered and kept either way.</source>
+        <translation>Henter tavlen frem, når der kommer en besked. Slå det fra, når du ikke vil forstyrres: Så blinker ikonet, til du ser efter. Beskeder leveres og gemmes i begge tilfælde.</translation>
+    </message>
+    <message>
+        <source>Auto &amp;PopUp messages</source>
+        <translation>Vis beskeder automatisk (&amp;PopUp)</translation>
+    </message>
+    <message>
+        <source>Whole seconds from 1 to 60; below 1 counts as 15</source>
+        <translation>Hele sekunder fra 1 til 60; under 1 regnes som 15</translation>
+    </message>
+    <message>
+        <source>How often the program looks for new messages and for the state of your colleagues. Fewer seconds show news sooner, more seconds spare a slow network. Anything below 1 counts as 15, anything above 60 as 60. It counts as soon as the window closes.</source>
+        <translation>Hvor ofte programmet ser efter nye beskeder og dine kollegers status. Færre sekunder viser nyt hurtigere, flere sekunder skåner et langsomt netværk. Alt under 1 regnes som 15, alt over 60 som 60. Det gælder, så snart vinduet lukkes.</translation>
+    </message>
+    <message>
+        <source>Seconds between message updates</source>
+        <translation>Sekunder mellem opdatering af beskeder</translation>
+    </message>
+    <message>
+        <source>Seconds between updates</source>
+        <translation>Sekunder mellem opdateringer</translation>
+    </message>
+    <message>
+        <source>Some changes will require a program restart</source>
+        <translation>Nogle ændringer kræver, at programmet genstartes</translation>
+    </message>
+    <message>
+        <source>Accepts the settings and closes the window. Tool tips and the days in the grid count later, as their own help says; all others count at once. The settings are stored when the program ends.</source>
+        <translation>Godtager indstillingerne og lukker vinduet. Værktøjstip og antal dage i tilbageblikket gælder senere, som deres egen hjælp siger; alle andre gælder straks. Indstillingerne gemmes, når programmet slutter.</translation>
+    </message>
+    <message>
+        <source>&amp;OK</source>
+        <translation>&amp;OK</translation>
+    </message>
+</context>
+<context>
+    <name>IOQuery</name>
+    <message>
+        <source>You are stemped IN!</source>
+        <translation>Du er stempet IND!</translation>
+    </message>
+    <message>
+        <source>You are still stemped in on a job. Say here what is to happen with the open row: it stays open, it ends at a time that you type, or it ends now. Closing the window by its frame or with Escape carries out what is selected.</source>
+        <translation>Du er stadig stempet ind på et job. Sig her, hvad der skal ske med den åbne række: Den forbliver åben, den slutter på et tidspunkt, du skriver, eller den slutter nu. Lukker du vinduet i rammen eller med Escape, udføres det, der er valgt.</translation>
+    </message>
+    <message>
+        <source>The job you are stemped in on</source>
+        <translation>Jobbet, du er stempet ind på</translation>
+    </message>
+    <message>
+        <source>Shows the job of the row that is still open: its number and its name. The row was begun when you stemped in on that job. Nothing can be changed here.</source>
+        <translation>Viser jobbet for den række, der stadig er åben: nummer og navn. Rækken blev begyndt, da du stempede ind på jobbet. Der kan ikke ændres noget her.</translation>
+    </message>
+    <message>
+        <source>Open job</source>
+        <translation>Åbent job</translation>
+    </message>
+    <message>
+        <source>Keep the row open and go on</source>
+        <translation>Behold rækken åben, og fortsæt</translation>
+    </message>
+    <message>
+        <source>Keeps the row open, so that the time goes on running, also while the program is closed. Choose it when you are still at work on this job. One click, Space or Enter acts at once and closes the window; the arrow keys only select.</source>
+        <translation>Holder rækken åben, så tiden løber videre, også mens programmet er lukket. Vælg den, når du stadig arbejder på jobbet. Et klik, mellemrum eller Enter virker straks og lukker vinduet; piletasterne vælger kun.</translation>
+    </message>
+    <message>
+        <source>Remain stemped in</source>
+        <translation>Forbliv stempet ind</translation>
+    </message>
+    <message>
+        <source>Stemp out at the time in the box</source>
+        <translation>Stemp ud på tidspunktet i feltet</translation>
+    </message>
+    <message>
+        <source>Ends the row at the time that stands in the box. Choose it when you forgot to stemp out. It only selects: type the time and press OK. A time in the future or before you stemped in is taken after a warning.</source>
+        <translation>Afslutter rækken på det tidspunkt, der står i feltet. Vælg den, når du har glemt at stempe ud. Den vælger kun: Skriv tidspunktet, og tryk på OK. Et tidspunkt i fremtiden eller før du stempede ind godtages efter en advarsel.</translation>
+    </message>
+    <message>
+        <source>Stemp out at:</source>
+        <translation>Stemp ud kl.:</translation>
+    </message>
+    <message>
+        <source>Date and time to stemp out at, or just a time of today</source>
+        <translation>Dato og tid for udstemplingen, eller blot et klokkeslæt i dag</translation>
+    </message>
+    <message>
+        <source>The time at which the row is to end; it is filled with the present date and time. Type a date and time as your computer writes them, or only a time such as 8:30, 0830 or 8.30 for today. Typing here selects &quot;Stemp out at:&quot;; nothing is written before you press OK.</source>
+        <translation>Tidspunktet, hvor rækken skal slutte; feltet er udfyldt med dato og tid lige nu. Skriv dato og tid, som din computer skriver dem, eller kun et klokkeslæt som 8:30, 0830 eller 8.30 for i dag. Når du skriver her, vælges &quot;Stemp ud kl.:&quot;; intet skrives, før du trykker på OK.</translation>
+    </message>
+    <message>
+        <source>Time to stemp out at</source>
+        <translation>Tidspunkt for udstempling</translation>
+    </message>
+    <message>
+        <source>Confirms &quot;Stemp out at:&quot;: the row ends at the time in the box and the window closes. If one of the other two choices is selected, the button first selects &quot;Stemp out at:&quot; and the window stays, so that you can look at the time.</source>
+        <translation>Bekræfter &quot;Stemp ud kl.:&quot;: Rækken slutter på tidspunktet i feltet, og vinduet lukkes. Er et af de to andre valg markeret, vælger knappen først &quot;Stemp ud kl.:&quot;, og vinduet bliver stående, så du kan se på tidspunktet.</translation>
+    </message>
+    <message>
+        <source>&amp;OK</source>
+        <translation>&amp;OK</translation>
+    </message>
+    <message>
+        <source>Stemp out with the present time</source>
+        <translation>Stemp ud med tiden lige nu</translation>
+    </message>
+    <message>
+        <source>Ends the row with the present time. Choose it when you are leaving now. One click, Space or Enter acts at once and closes the window; the arrow keys only select.</source>
+        <translation>Afslutter rækken med tiden lige nu. Vælg den, når du går nu. Et klik, mellemrum eller Enter virker straks og lukker vinduet; piletasterne vælger kun.</translation>
+    </message>
+    <message>
+        <source>Stemp out now</source>
+        <translation>Stemp ud nu</translation>
+    </message>
+</context>
+<context>
+    <name>MessageBoard</name>
+    <message>
+        <source>Fairosne</source>
+        <translation>Fairosne</translation>
+    </message>
+    <message>
+        <source>The board shows all colleagues who share the company database: a white name is stemped in, a light grey one is out, a dark grey one has closed the program. Beside the name stands the colleague&apos;s status text or a message to you. Closing the board only minimises it, so that messages still reach you.</source>
+        <translation>Tavlen viser alle kolleger, der deler firmadatabasen: Et hvidt navn er stempet ind, et lysegråt er ude, og et mørkegråt har lukket programmet. Ved siden af navnet står kollegaens statustekst eller en besked til dig. Lukker du tavlen, minimeres den kun, så beskeder stadig når dig.</translation>
+    </message>
+    <message>
+        <source>Click a name for messaging, click your status to change it, click a message to clear it</source>
+        <translation>Klik på et navn for at skrive en besked, på din status for at ændre den, på en besked for at fjerne den</translation>
+    </message>
+    <message>
+        <source>Click a colleague&apos;s name to write a message, or your own name to write to all. Click your own status to change what the others see. A yellow cell is a message to you: click it when you have read it, and the status comes back. Statuses and messages are kept in the company database.</source>
+        <translation>Klik på en kollegas navn for at skrive en besked, eller på dit eget navn for at skrive til alle. Klik på din egen status for at ændre det, de andre ser. En gul celle er en besked til dig: Klik på den, når du har læst den, så kommer statussen tilbage. Statustekster og beskeder gemmes i firmadatabasen.</translation>
+    </message>
+    <message>
+        <source>Board of all users</source>
+        <translation>Tavle over alle brugere</translation>
+    </message>
+    <message>
+        <source>User</source>
+        <translation>Bruger</translation>
+    </message>
+    <message>
+        <source>Status and Messages</source>
+        <translation>Status og beskeder</translation>
+    </message>
+</context>
+<context>
+    <name>StempWin</name>
+    <message>
+        <source>Stemp</source>
+        <translation>Stemp</translation>
+    </message>
+    <message>
+        <source>This is your clock. Pick a job and press the button to stemp in; press it again to stemp out. The window is green while you are stemped in and red while you are out. Every stemp is written to your time database at once.</source>
+        <translation>Dette er dit stempelur. Vælg et job, og tryk på knappen for at stempe ind; tryk igen for at stempe ud. Vinduet er grønt, mens du er stempet ind, og rødt, mens du er ude. Hvert stempel skrives straks i din tidsdatabase.</translation>
+    </message>
+    <message>
+        <source>Stemp in on the job shown, or stemp out</source>
+        <translation>Stemp ind på det viste job, eller stemp ud</translation>
+    </message>
+    <message>
+        <source>Stemps you in on the job in the box beside it or, while the list is dropped down, on the job selected there. While you are stemped in it stemps you out. The time is taken when you press it, is written to your time database, and your colleagues see your new state on the board.</source>
+        <translation>Stemper dig ind på jobbet i feltet ved siden af eller, mens listen er slået ned, på det job, der er valgt i den. Mens du er stempet ind, stemper knappen dig ud. Tidspunktet tages, når du trykker, og skrives i din tidsdatabase, og dine kolleger ser din nye status på tavlen.</translation>
+    </message>
+    <message>
+        <source>&amp;In/Out</source>
+        <translation>&amp;Ind/Ud</translation>
+    </message>
+    <message>
+        <source>Enter search characters here</source>
+        <translation>Skriv søgetegn her</translation>
+    </message>
+    <message>
+        <source>Shows the current job. Click it to drop the job list down, then type some characters of the job&apos;s number or name: the list keeps the jobs that contain them, in capital or small letters. Press Down or Enter to go to the list, Escape to close it. Typing here changes no data.</source>
+        <translation>Viser det aktuelle job. Klik i feltet for at slå joblisten ned, og skriv så nogle tegn af jobbets nummer eller navn: Listen beholder de job, der indeholder dem, med store eller små bogstaver. Tryk på Pil ned eller Enter for at gå til listen og på Escape for at lukke den. Det, du skriver her, ændrer ingen data.</translation>
+    </message>
+    <message>
+        <source>Current job and job search</source>
+        <translation>Aktuelt job og jobsøgning</translation>
+    </message>
+    <message>
+        <source>Your stemps of the last days, the newest at the bottom</source>
+        <translation>Dine stemplinger de seneste dage, den nyeste nederst</translation>
+    </message>
+    <message>
+        <source>Shows your time rows of the last days: the job, when you stemped in, when you stemped out and the job&apos;s description. Use it to look back over your work; the newest row stands at the bottom, and a row without an end is the one that you are stemped in on. How many days are shown is set in the settings.</source>
+        <translation>Viser dine tidsrækker for de seneste dage: jobbet, hvornår du stempede ind, hvornår du stempede ud, og jobbets beskrivelse. Brug den til at se tilbage over dit arbejde; den nyeste række står nederst, og en række uden sluttid er den, du er stempet ind på. Antallet af dage vælges i indstillingerne.</translation>
+    </message>
+    <message>
+        <source>Roll-back grid</source>
+        <translation>Tilbageblik</translation>
+    </message>
+    <message>
+        <source>Click a job to stemp IN</source>
+        <translation>Klik på et job for at stempe IND</translation>
+    </message>
+    <message>
+        <source>Lists the recent, the personal or the company&apos;s jobs, as chosen in the menu, less those that do not match the search characters. Click a job, or select it with the arrow keys and press Enter, to stemp in on it; if you are already in, you are stemped out of the other job first. The job is kept in your personal list. Escape closes the list without stemping.</source>
+        <translation>Viser de seneste, de personlige eller firmaets job, som valgt i menuen, undtagen dem, der ikke passer til søgetegnene. Klik på et job, eller vælg det med piletasterne og tryk på Enter, for at stempe ind på det; er du allerede inde, stempes du først ud af det andet job. Jobbet gemmes på din personlige liste. Escape lukker listen uden at stempe.</translation>
+    </message>
+    <message>
+        <source>Job list</source>
+        <translation>Jobliste</translation>
+    </message>
+    <message>
+        <source>The window&apos;s icon while you are stemped in</source>
+        <translation>Vinduets ikon, mens du er stempet ind</translation>
+    </message>
+    <message>
+        <source>The picture that the window and the taskbar show while you are stemped in. It changes by itself when you stemp; your data do not depend on it.</source>
+        <translation>Billedet, som vinduet og proceslinjen viser, mens du er stempet ind. Det skifter af sig selv, når du stemper; dine data afhænger ikke af det.</translation>
+    </message>
+    <message>
+        <source>The window&apos;s icon while you are stemped out</source>
+        <translation>Vinduets ikon, mens du er stempet ud</translation>
+    </message>
+    <message>
+        <source>The picture that the window and the taskbar show while you are stemped out. It changes by itself when you stemp; your data do not depend on it.</source>
+        <translation>Billedet, som vinduet og proceslinjen viser, mens du er stempet ud. Det skifter af sig selv, når du stemper; dine data afhænger ikke af det.</translation>
+    </message>
+    <message>
+        <source>The window&apos;s icon while a new message waits</source>
+        <translation>Vinduets ikon, mens en ny besked venter</translation>
+    </message>
+    <message>
+        <source>One of the two pictures that alternate while an unread message from a colleague waits for you. Read the message on the board and the blinking stops.</source>
+        <translation>Det ene af de to billeder, der skiftes, mens en ulæst besked fra en kollega venter på dig. Læs beskeden på tavlen, så holder det op med at blinke.</translation>
+    </message>
+    <message>
+        <source>The window&apos;s icon between two blinks</source>
+        <translation>Vinduets ikon mellem to blink</translation>
+    </message>
+    <message>
+        <source>The other of the two pictures that alternate while an unread message from a colleague waits for you. Read the message on the board and the blinking stops.</source>
+        <translation>Det andet af de to billeder, der skiftes, mens en ulæst besked fra en kollega venter på dig. Læs beskeden på tavlen, så holder det op med at blinke.</translation>
+    </message>
+    <message>
+        <source>The board&apos;s icon while a message is shown</source>
+        <translation>Tavlens ikon, mens en besked vises</translation>
+    </message>
+    <message>
+        <source>The picture that the board shows while it holds a message for you. Click the message on the board when you have read it, and the usual picture comes back.</source>
+        <translation>Billedet, som tavlen viser, mens den har en besked til dig. Klik på beskeden på tavlen, når du har læst den, så kommer det sædvanlige billede tilbage.</translation>
+    </message>
+    <message>
+        <source>&amp;Recent</source>
+        <translation>&amp;Seneste</translation>
+    </message>
+    <message>
+        <source>Show the jobs of the last days</source>
+        <translation>Vis de seneste dages job</translation>
+    </message>
+    <message>
+        <source>Drops the list down with the jobs that you worked on in the last days. Use it to go back to a job of yesterday. Choosing it again closes the list; nothing is stemped before you pick a job.</source>
+        <translation>Slår listen ned med de job, du har arbejdet på de seneste dage. Brug den til at vende tilbage til et job fra i går. Vælg punktet igen for at lukke listen; der stempes ikke, før du vælger et job.</translation>
+    </message>
+    <message>
+        <source>&amp;Personal</source>
+        <translation>&amp;Personlige</translation>
+    </message>
+    <message>
+        <source>Show every job you have picked so far</source>
+        <translation>Vis alle job, du har valgt indtil nu</translation>
+    </message>
+    <message>
+        <source>Drops the list down with your personal jobs: every job that you have ever picked. Use it for jobs that you have not worked on lately. Choosing it again closes the list; nothing is stemped before you pick a job.</source>
+        <translation>Slår listen ned med dine personlige job: alle job, du nogensinde har valgt. Brug den til job, du ikke har arbejdet på for nylig. Vælg punktet igen for at lukke listen; der stempes ikke, før du vælger et job.</translation>
+    </message>
+    <message>
+        <source>&amp;Full List</source>
+        <translation>&amp;Hele listen</translation>
+    </message>
+    <message>
+        <source>Show the company&apos;s whole job list</source>
+        <translation>Vis hele firmaets jobliste</translation>
+    </message>
+    <message>
+        <source>Drops the list down with all jobs of the company, or of the local copy when the company database is out of reach. Use it for a job that is new to you; picking it adds it to your personal list. Choosing it again closes the list.</source>
+        <translation>Slår listen ned med alle firmaets job, eller med den lokale kopi, når firmadatabasen ikke kan nås. Brug den til et job, der er nyt for dig; når du vælger det, føjes det til din personlige liste. Vælg punktet igen for at lukke listen.</translation>
+    </message>
+    <message>
+        <source>&amp;Summary</source>
+        <translation>Op&amp;gørelse</translation>
+    </message>
+    <message>
+        <source>Sum up your hours and print a timesheet</source>
+        <translation>Opgør dine timer, og udskriv en timeseddel</translation>
+    </message>
+    <message>
+        <source>Opens the summary of your hours for each job, or each job and day, between two dates. Use it at the end of the week or the month to print a timesheet or to copy the hours to another program. Your time rows stay as they are.</source>
+        <translation>Åbner opgørelsen af dine timer for hvert job, eller for hvert job og hver dag, mellem to datoer. Brug den sidst på ugen eller måneden til at udskrive en timeseddel eller kopiere timerne til et andet program. Dine tidsrækker ændres ikke.</translation>
+    </message>
+    <message>
+        <source>&amp;Notes</source>
+        <translation>&amp;Noter</translation>
+    </message>
+    <message>
+        <source>Write notes on your jobs</source>
+        <translation>Skriv noter om dine job</translation>
+    </message>
+    <message>
+        <source>Opens your dated notes, one list for each job. Use them to remember what you did or agreed. Notes are kept in your own database, and nobody else sees them.</source>
+        <translation>Åbner dine daterede noter, en liste for hvert job. Brug dem til at huske, hvad du har lavet eller aftalt. Noterne gemmes i din egen database, og ingen andre ser dem.</translation>
+    </message>
+    <message>
+        <source>&amp;Create Job</source>
+        <translation>Opret &amp;job</translation>
+    </message>
+    <message>
+        <source>Add a job to the company&apos;s list</source>
+        <translation>Føj et job til firmaets liste</translation>
+    </message>
+    <message>
+        <source>Adds a new job with its number and name to the company&apos;s job list, where all colleagues find it. The entry is enabled when the settings allow you to add jobs. Check the list first, so that no job stands in it twice.</source>
+        <translation>Føjer et nyt job med nummer og navn til firmaets jobliste, hvor alle kolleger finder det. Punktet er aktivt, når indstillingerne tillader dig at tilføje job. Se listen igennem først, så intet job kommer til at stå der to gange.</translation>
+    </message>
+    <message>
+        <source>&amp;Admin</source>
+        <translation>&amp;Admin</translation>
+    </message>
+    <message>
+        <source>Change the settings</source>
+        <translation>Skift indstillingerne</translation>
+    </message>
+    <message>
+        <source>Opens the settings: rounding, the days shown in the grid, tool tips, messages and the place of the company database. Changes count when you press OK there. Your time rows are not touched.</source>
+        <translation>Åbner indstillingerne: afrunding, antal dage i tilbageblikket, værktøjstip, beskeder og firmadatabasens placering. Ændringer gælder, når du trykker på OK dér. Dine tidsrækker berøres ikke.</translation>
+    </message>
+</context>
+<context>
+    <name>User</name>
+    <message>
+        <source>Stemp Your Initials, please</source>
+        <translation>Stemp dine initialer, tak</translation>
+    </message>
+    <message>
+        <source>The program does not know yet who you are. Type your initials and your full name and press OK. Your time rows are kept under these initials, and your colleagues see them on the board.</source>
+        <translation>Programmet ved endnu ikke, hvem du er. Skriv dine initialer og dit fulde navn, og tryk på OK. Dine tidsrækker gemmes under disse initialer, og dine kolleger ser dem på tavlen.</translation>
+    </message>
+    <message>
+        <source>Your initials, without blanks at the ends</source>
+        <translation>Dine initialer, uden mellemrum i enderne</translation>
+    </message>
+    <message>
+        <source>The initials by which the program and your colleagues know you. Your time rows are kept in a file of that name, so take the same initials on every machine. They are turned into capital letters; characters that can&apos;t stand in a file name are refused.</source>
+        <translation>De initialer, som programmet og dine kolleger kender dig under. Dine tidsrækker gemmes i en fil af det navn, så brug de samme initialer på alle maskiner. De laves om til store bogstaver; tegn, der ikke kan stå i et filnavn, afvises.</translation>
+    </message>
+    <message>
+        <source>&amp;Initials:</source>
+        <translation>&amp;Initialer:</translation>
+    </message>
+    <message>
+        <source>Initials</source>
+        <translation>Initialer</translation>
+    </message>
+    <message>
+        <source>Your full name as your colleagues know it</source>
+        <translation>Dit fulde navn, som dine kolleger kender det</translation>
+    </message>
+    <message>
+        <source>Your full name; it is suggested from your login. It is stored with your initials in the company&apos;s list of users, so that the program finds you again by your login at the next start. You may leave it as it is.</source>
+        <translation>Dit fulde navn; det foreslås ud fra dit login. Det gemmes sammen med dine initialer i firmaets brugerliste, så programmet finder dig igen ud fra dit login ved næste start. Du kan lade det stå, som det er.</translation>
+    </message>
+    <message>
+        <source>&amp;Full name:</source>
+        <translation>&amp;Fulde navn:</translation>
+    </message>
+    <message>
+        <source>Full name</source>
+        <translation>Fulde navn</translation>
+    </message>
+    <message>
+        <source>Why the initials can&apos;t be used</source>
+        <translation>Hvorfor initialerne ikke kan bruges</translation>
+    </message>
+    <message>
+        <source>Says why the initials that you typed can&apos;t be used. Change them and press OK again. Nothing is stored before the initials are accepted.</source>
+        <translation>Fortæller, hvorfor de initialer, du skrev, ikke kan bruges. Ret dem, og tryk på OK igen. Intet gemmes, før initialerne er godtaget.</translation>
+    </message>
+    <message>
+        <source>Why the initials were refused</source>
+        <translation>Hvorfor initialerne blev afvist</translation>
+    </message>
+    <message>
+        <source>Use these initials</source>
+        <translation>Brug disse initialer</translation>
+    </message>
+    <message>
+        <source>Takes the initials and the name and goes on with the start. Press it, or Enter in either box, when both are right. If the initials can&apos;t be used, the window says why and stays.</source>
+        <translation>Bruger initialerne og navnet og fortsætter starten. Tryk på den, eller på Enter i et af felterne, når begge er rigtige. Kan initialerne ikke bruges, siger vinduet hvorfor og bliver stående.</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+</TS>
