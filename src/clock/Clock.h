@@ -26,12 +26,17 @@ class Clock
 {
 public:
     // `addPersonalJob` stores a job that is new to the personal list.
-    Clock(TimeTable &table, JobLists &lists, const TimeSource &time, std::function<void(const JobItem &)> addPersonalJob);
+    Clock(TimeTable &table, JobLists &lists, const TimeSource &time,
+          std::function<void(const JobItem &)> addPersonalJob);
 
     ClockState state;
 
     // Takes up the newest row at start: CurrentJob and LastInTime. True when that row is open.
     bool TakeUpLastRow();
+
+    // Rebuilds RecentList: each job of `rows` once, in the order of first appearance. The last row's job is left as the current
+    // one.
+    void FillRecentList(const QList<TimeRow> &rows);
 
     // Stemps in on `item`, after stemping out when the person is in. False when the item is empty or is `searchText`: no row is
     // added then, and a person who was in is out.
@@ -40,8 +45,11 @@ public:
     void StempOutAt(const QDateTime &time); // unchecked: may be in the future, or before the in-time
 
 private:
+    void SetCurrentJob(const QString &item, const JobItem &halves);
+    void TakeUpJobOfOpenRow(); // CurrentJob follows the row that is about to be completed
     void CompleteOpenRow(const QDateTime &time);
     void KeepLists(); // after CurrentJob was set by picking a job
+    void KeepPersonalList();
 
     TimeTable &table_;
     JobLists &lists_;

@@ -1,10 +1,9 @@
 #pragma once
 
+#include <QList>
 #include <QSet>
 #include <QString>
 #include <QStringList>
-
-#include <QList>
 
 // One of the three lists of job items, in its own order. The upper-cased texts that the search compares are kept beside.
 class JobList
@@ -26,7 +25,10 @@ public:
     QList<int> Matches(const QString &search) const;
 
 private:
+    void AppendUpper(const QString &item);
+
     QStringList items_;
-    QStringList upper_;
-    QSet<QString> known_;
+    QString upper_;               // the upper-cased items, one after another
+    QList<qsizetype> ends_;       // where each item ends in upper_
+    mutable QSet<QString> known_; // made at the first question: the company list, by far the longest, is never asked
 };

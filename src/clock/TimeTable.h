@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/dao/Database.h"
+#include "platform/dao/Error.h"
 
 #include <QDateTime>
 #include <QList>
@@ -19,6 +20,8 @@ struct TimeRow
     QString jobName;
     std::optional<QDateTime> stempInTime;
     std::optional<QDateTime> stempOutTime; // nothing while the row is open
+
+    bool IsOpen() const { return stempInTime && !stempOutTime; }
 };
 using TimeRowPtr = std::shared_ptr<TimeRow>;
 
@@ -45,14 +48,18 @@ public:
     TimeRowPtr OpenOrLastRow();
 
     TimeRowPtr Add(const QString &jobID, const QString &jobName, const QDateTime &in); // unsaved until Flush()
-    void Complete(const TimeRowPtr &row, const QDateTime &out);                         // likewise
+    void Complete(const TimeRowPtr &row, const QDateTime &out);                        // likewise
 
     bool Flush(); // true when nothing is left unsaved
     int UnsavedCount() const { return static_cast<int>(unsaved_.size()); }
 
 private:
-    bool EnsureOpen();
+    void EnsureOpen(); // throws dao::Error, as do the others below
+    QList<TimeRow> StoredRows(const QString &source, const QVariantList &values, const QString &purpose);
     void WriteUnsaved();
+    qint64 Store(const TimeRow &row); // the row's key
+    void Failed(const dao::Error &error);
+    TimeRowPtr Unsaved(qint64 id) const;
 
     const TimeSource &time_;
     QString path_;

@@ -1,0 +1,229 @@
+#include "clock/TimeTable.h"
+
+#include "platform/dao/DateValue.h"
+#include "platform/system/TimeSource.h"
+
+#include <QFileInfo>
+#include <QLoggingCategory>
+#include <QSet>
+#include <QSqlQuery>
+
+using namespace Qt::Literals::StringLiterals;
+
+Q_LOGGING_CATEGORY(lcTimeTable, "stemp.clock.timetable")
+
+namespace {
+
+// Short, as the window stands still meanwhile: a row that finds the file locked waits in memory, and is tried again.
+constexpr std::chrono::milliseconds busyWait{250};
+
+const QString &WindowQuery()
+{
+    static const QString query = u"SELECT * From Stemp WHERE Stemp.StempInTime>Now()-"_s;
+    return query;
+}
+
+// An empty text, where Qt would bind a null one as no value at all.
+QString TextField(const QString &text)
+{
+    return text.isNull() ? u""_s : text;
+}
+
+} // namespace
+
+QString RollBackQuery(int days)
+{
+    return WindowQuery() + QString::number(days);
+}
+
+TimeTable::TimeTable(const TimeSource &time) : time_(time) {}
+
+void TimeTable::Open(const QString &path)
+{
+    Close();
+    path_ = path;
+    try {
+        EnsureOpen();
+    } catch (const dao::Error &error) {
+        Failed(error);
+    }
+}
+
+void TimeTable::Close()
+{
+    database_.Close();
+    path_.clear();
+}
+
+QList<TimeRow> TimeTable::Rows(const QString &rollBackQuery)
+{
+    QList<TimeRow> rows;
+    try {
+        EnsureOpen();
+        // The query has no order, and the engine is free to walk the index of StempInTime, which sorts an hour wrongly when
+        // the clock was set back. The table's own order is that of its keys.
+        rows = StoredRows(u'(' + rollBackQuery + u") ORDER BY Id"_s, {}, u"reading the time rows"_s);
+    } catch (const dao::Error &error) {
+        Failed(error);
+    }
+    if (unsaved_.isEmpty()) {
+        return rows;
+    }
+
+    QSet<qint64> shown;
+    for (TimeRow &row : rows) {
+        if (const TimeRowPtr changed = Unsaved(row.id)) {
+            row.stempOutTime = changed->stempOutTime;
+            shown.insert(row.id);
+        }
+    }
+    const int days = rollBackQuery.mid(WindowQuery().size()).toInt();
+    const QDateTime begin = time_.Now().addDays(-days);
+    for (const TimeRowPtr &row : std::as_const(unsaved_)) {
+        if (!shown.contains(row->id) && row->stempInTime > begin) {
+            rows.append(*row);
+        }
+    }
+    return rows;
+}
+
+TimeRowPtr TimeTable::OpenOrLastRow()
+{
+    // Rows that are not stored yet are newer than all that are.
+    const auto newestNew = [this](auto matches) {
+        const auto found = std::find_if(unsaved_.crbegin(), unsaved_.crend(),
+                                        [&](const TimeRowPtr &row) { return row->id == 0 && matches(*row); });
+        return found == unsaved_.crend() ? TimeRowPtr() : *found;
+    };
+    if (const TimeRowPtr row = newestNew([](const TimeRow &each) { return each.IsOpen(); })) {
+        return row;
+    }
+
+    const QString purpose = u"looking for the open time row"_s;
+    QList<TimeRow> last;
+    try {
+        EnsureOpen();
+        // As many as may have been completed in memory, and one more.
+        const QList<TimeRow> open =
+            StoredRows(u"Stemp WHERE StempInTime IS NOT NULL AND StempOutTime IS NULL ORDER BY Id DESC LIMIT ?"_s,
+                       {UnsavedCount() + 1}, purpose);
+        for (const TimeRow &row : open) {
+            if (!Unsaved(row.id)) {
+                return std::make_shared<TimeRow>(row);
+            }
+        }
+        last = StoredRows(u"Stemp ORDER BY Id DESC LIMIT 1"_s, {}, purpose);
+    } catch (const dao::Error &error) {
+        Failed(error);
+    }
+
+    if (const TimeRowPtr row = newestNew([](const TimeRow &) { return true; })) {
+        return row;
+    }
+    if (last.isEmpty()) {
+        return unsaved_.isEmpty() ? TimeRowPtr() : unsaved_.last();
+    }
+    const TimeRowPtr changed = Unsaved(last.first().id);
+    return changed ? changed : std::make_shared<TimeRow>(last.first());
+}
+
+TimeRowPtr TimeTable::Add(const QString &jobID, const QString &jobName, const QDateTime &in)
+{
+    unsaved_.append(std::make_shared<TimeRow>(TimeRow{0, jobID, jobName, in, std::nullopt}));
+    return unsaved_.last();
+}
+
+void TimeTable::Complete(const TimeRowPtr &row, const QDateTime &out)
+{
+    row->stempOutTime = out;
+    if (!unsaved_.contains(row)) {
+        unsaved_.append(row);
+    }
+}
+
+bool TimeTable::Flush()
+{
+    if (unsaved_.isEmpty()) {
+        return true;
+    }
+    try {
+        EnsureOpen();
+        WriteUnsaved();
+    } catch (const dao::Error &error) {
+        Failed(error);
+    }
+    return unsaved_.isEmpty();
+}
+
+void TimeTable::EnsureOpen()
+{
+    // Where a file may be deleted while it is open, its connection would go on writing into nothing.
+    if (!QFileInfo::exists(path_)) {
+        database_.Close();
+    }
+    if (!database_.IsOpen()) {
+        database_ = dao::Database::OpenDatabase(path_, busyWait);
+        database_.RegisterFunctions([this] { return time_.Now(); });
+    }
+}
+
+QList<TimeRow> TimeTable::StoredRows(const QString &source, const QVariantList &values, const QString &purpose)
+{
+    QList<TimeRow> rows;
+    database_.ForEach(u"SELECT Id, JobID, JobName, StempInTime, StempOutTime FROM "_s + source, values, purpose,
+                      [&rows](const QSqlQuery &row) {
+                          rows.append({row.value(0).toLongLong(), row.value(1).toString(), row.value(2).toString(),
+                                       dao::ReadDateField(row.value(3)), dao::ReadDateField(row.value(4))});
+                      });
+    return rows;
+}
+
+void TimeTable::WriteUnsaved()
+{
+    QList<qint64> ids; // given to the rows after the commit only: until then no row is stored
+    dao::Transaction transaction(database_, u"storing time rows"_s);
+    for (const TimeRowPtr &row : std::as_const(unsaved_)) {
+        ids.append(Store(*row));
+    }
+    transaction.Commit();
+
+    for (qsizetype i = 0; i < ids.size(); ++i) {
+        unsaved_.at(i)->id = ids.at(i);
+    }
+    unsaved_.clear();
+}
+
+qint64 TimeTable::Store(const TimeRow &row)
+{
+    if (row.id != 0) {
+        // Another person on the same file, or another tool, may have deleted the row, and a new row may have got its key since.
+        // The row is still this one while it has its job or, should that have been corrected, its in-time.
+        const int changed = database_.Execute(
+            u"UPDATE Stemp SET StempOutTime = ? WHERE Id = ? AND (ifnull(JobID, '') = ? OR StempInTime = ?)"_s,
+            {dao::DateField(row.stempOutTime), row.id, TextField(row.jobID), dao::DateField(row.stempInTime)},
+            u"completing a time row"_s);
+        if (changed > 0) {
+            return row.id;
+        }
+    }
+    return database_.Insert(u"INSERT INTO Stemp (JobID, JobName, StempInTime, StempOutTime) VALUES (?, ?, ?, ?)"_s,
+                            {TextField(row.jobID), TextField(row.jobName), dao::DateField(row.stempInTime),
+                             dao::DateField(row.stempOutTime)},
+                            u"adding a time row"_s);
+}
+
+void TimeTable::Failed(const dao::Error &error)
+{
+    qCWarning(lcTimeTable) << error.what();
+    // A file that was replaced or whose drive failed needs a new connection; a lock only needs time.
+    if (error.Kind() != dao::ErrorKind::Busy) {
+        database_.Close();
+    }
+}
+
+TimeRowPtr TimeTable::Unsaved(qint64 id) const
+{
+    const auto found =
+        std::find_if(unsaved_.cbegin(), unsaved_.cend(), [id](const TimeRowPtr &row) { return row->id == id; });
+    return found == unsaved_.cend() ? TimeRowPtr() : *found;
+}
