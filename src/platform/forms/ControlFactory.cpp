@@ -17,6 +17,8 @@
 #include <QTabWidget>
 #include <QTableWidget>
 
+#include <set>
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
@@ -63,6 +65,16 @@ bool IsPicture(const QWidget &widget)
     const auto *label = qobject_cast<const QLabel *>(&widget);
     const QString type = widget.property("ControlType").toString();
     return label && (type == "Image"_L1 || type == "PictureBox"_L1 || !label->pixmap(Qt::ReturnByValue).isNull());
+}
+
+// Its accessible name is its caption of the moment.
+bool ShowsItsName(const QWidget &widget)
+{
+    const auto *label = qobject_cast<const QLabel *>(&widget);
+    const auto *button = qobject_cast<const QAbstractButton *>(&widget);
+    return label    ? !label->text().isEmpty()
+           : button ? !button->text().isEmpty()
+                    : qobject_cast<const QGroupBox *>(&widget) != nullptr;
 }
 
 template <class Widget> Widget *NewOf(const QWidget &pattern, QWidget *parent)
@@ -148,29 +160,16 @@ QWidget *NewWidgetLike(const QWidget &pattern, QWidget *parent)
 
 void NameForScreenReaders(const std::vector<std::unique_ptr<Control>> &controls)
 {
+    std::set<const QWidget *> named; // by their labels
     for (const auto &control : controls) {
-        const auto *label = qobject_cast<QLabel *>(control->Widget());
-        if (label && label->buddy() && label->buddy()->accessibleName().isEmpty()) {
-            label->buddy()->setAccessibleName(WithoutMnemonic(label->text()));
+        if (const auto *label = qobject_cast<const QLabel *>(control->Widget())) {
+            named.insert(label->buddy());
         }
     }
     for (const auto &control : controls) {
         QWidget *widget = control->Widget();
-        if (widget && widget->accessibleName().isEmpty()) {
-            const QString caption = WithoutMnemonic(control->Caption().value_or(QString()));
-            widget->setAccessibleName(caption.isEmpty() ? control->ToolTip() : caption);
+        if (widget && !ShowsItsName(*widget) && !named.contains(widget) && widget->accessibleName().isEmpty()) {
+            widget->setAccessibleName(control->ToolTip());
         }
     }
-}
-
-QString WithoutMnemonic(const QString &caption)
-{
-    QString plain;
-    for (qsizetype i = 0; i < caption.size(); ++i) {
-        if (caption.at(i) == u'&' && i + 1 < caption.size()) {
-            ++i; // "&&" is one ampersand
-        }
-        plain += caption.at(i);
-    }
-    return plain;
 }

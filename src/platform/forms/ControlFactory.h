@@ -3,6 +3,7 @@
 #include "platform/forms/ControlTypes.h"
 
 #include <memory>
+#include <vector>
 
 class QObject;
 
@@ -18,6 +19,5 @@ bool IsFrame(const QWidget &widget);
 // A further widget of the pattern's kind, font and alignment, without a text, hidden. Nothing for a kind that has no arrays.
 QWidget *NewWidgetLike(const QWidget &pattern, QWidget *parent);
 
-// Gives a screen reader a name for each control that has none of its own.
+// Screen readers take a control's name from its caption or its label; this gives one to those that have neither.
 void NameForScreenReaders(const std::vector<std::unique_ptr<Control>> &controls);
-QString WithoutMnemonic(const QString &caption);

@@ -152,14 +152,11 @@ void OptionButtonControl::SetValue(const QString &text)
     if (!number) {
         return;
     }
-    // An exclusive button can't be cleared.
-    const bool alone = *number == 0;
+    // An exclusive button can be selected, but not cleared.
     QButtonGroup *group = button_.group();
-    const bool exclusive = group ? group->exclusive() : button_.autoExclusive();
     const auto setExclusive = [&](bool on) { group ? group->setExclusive(on) : button_.setAutoExclusive(on); };
-    if (alone) {
-        setExclusive(false);
-    }
+    const bool exclusive = group ? group->exclusive() : button_.autoExclusive();
+    setExclusive(exclusive && *number != 0);
     button_.setChecked(*number != 0);
     setExclusive(exclusive);
 }

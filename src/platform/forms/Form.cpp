@@ -29,12 +29,11 @@ namespace {
 // look as ever.
 constexpr QPalette::ColorRole surfaceRole = QPalette::ToolTipBase;
 
-// A design knows only the inside of its window. The frame of the widest known window manager, so that nothing of the inside is cut.
-constexpr QMargins designedFrame(8, 31, 8, 8);
+constexpr QMargins usualFrame(8, 31, 8, 8); // of a window whose frame is not known yet
 
 Geometry DesignOf(const QWidget &form)
 {
-    QRect outer(form.pos(), form.size().grownBy(designedFrame));
+    QRect outer(form.pos(), form.size().grownBy(usualFrame));
     if (!form.testAttribute(Qt::WA_Moved)) {
         outer.moveCenter(form.screen()->availableGeometry().center());
     }
@@ -49,7 +48,12 @@ Form::Form(QString name, FormServices &services, QWidget *parent)
     qApp->installEventFilter(this); // key preview
 }
 
-Form::~Form() = default;
+Form::~Form()
+{
+    if (modalLoop_) {
+        modalLoop_->quit();
+    }
+}
 
 void Form::Load()
 {
@@ -79,9 +83,11 @@ void Form::ShowModal(QWidget *owner)
         return;
     }
     QWidget *ownerWindow = owner && owner->window()->isVisible() ? owner->window() : nullptr;
-    winId(); // makes the window, which the owner is set of
     setWindowModality(ownerWindow ? Qt::WindowModal : Qt::ApplicationModal);
-    windowHandle()->setTransientParent(ownerWindow ? ownerWindow->windowHandle() : nullptr);
+    if (!parentWidget()) {
+        winId(); // makes the window that the owner is set of
+        windowHandle()->setTransientParent(ownerWindow ? ownerWindow->windowHandle() : nullptr);
+    }
     show();
 
     const QPointer<Form> self(this);
@@ -186,7 +192,7 @@ void Form::RegisterControls()
     designCaption_ = windowTitle();
     designHelp_ = whatsThis();
     designGeometry_ = DesignOf(*this);
-    place_->SetStored(designGeometry_);
+    place_->SetDesign(designGeometry_, size());
 }
 
 void Form::RegisterControl(std::unique_ptr<Control> control)

@@ -52,6 +52,13 @@ WindowPlace::WindowPlace(QWidget &window) : window_(window)
     window_.installEventFilter(this);
 }
 
+void WindowPlace::SetDesign(const Geometry &outerTwips, QSize innerPixels)
+{
+    design_ = outerTwips;
+    designedInside_ = innerPixels;
+    SetStored(outerTwips);
+}
+
 void WindowPlace::SetStored(const Geometry &twips)
 {
     stored_ = twips;
@@ -75,8 +82,13 @@ Geometry WindowPlace::StoredAt(const QRect &inner) const
         return stored_;
     }
     const Geometry moved = ToTwips({inner.topLeft() - baseline_->topLeft(), inner.size() - baseline_->size()});
-    return {stored_.left + moved.left, stored_.top + moved.top, stored_.width + moved.width,
-            stored_.height + moved.height};
+    const Geometry outer = ToTwips({QPoint(), inner.size().grownBy(*margins_)});
+    const auto changed = [](double stored, double design, double by, double now) {
+        return by != 0 && stored == design ? now : stored + by;
+    };
+    return {stored_.left + moved.left, stored_.top + moved.top,
+            changed(stored_.width, design_.width, moved.width, outer.width),
+            changed(stored_.height, design_.height, moved.height, outer.height)};
 }
 
 bool WindowPlace::eventFilter(QObject *watched, QEvent *event)
@@ -131,12 +143,19 @@ void WindowPlace::Apply()
         return;
     }
     window_.move(ReachablePosition(ToPixels(stored_), AvailableScreens()));
-    ResizeWithoutFrame();
+    ResizeInside();
 }
 
-void WindowPlace::ResizeWithoutFrame()
+void WindowPlace::ResizeInside()
 {
-    window_.resize(ToPixels(stored_).size().shrunkBy(margins_ ? *margins_ : MarginsOfAnother()));
+    QSize inside = ToPixels(stored_).size().shrunkBy(margins_ ? *margins_ : MarginsOfAnother());
+    if (stored_.width == design_.width) {
+        inside.setWidth(designedInside_.width());
+    }
+    if (stored_.height == design_.height) {
+        inside.setHeight(designedInside_.height());
+    }
+    window_.resize(inside);
 }
 
 void WindowPlace::BeginToSettle()
@@ -153,7 +172,7 @@ void WindowPlace::GoOnSettling()
     if (!frameIsTaken_) {
         margins_ = window_.windowHandle()->frameMargins();
         frameIsTaken_ = true;
-        ResizeWithoutFrame();
+        ResizeInside();
         settling_.start(untilSizeIsTaken);
     } else {
         baseline_ = window_.geometry();

@@ -17,6 +17,9 @@ class WindowPlace : public QObject
 public:
     explicit WindowPlace(QWidget &window);
 
+    // A design knows the inside of its window alone, so its outer size is a guess. While it stands in the stored numbers, the
+    // inside has the designed size.
+    void SetDesign(const Geometry &outerTwips, QSize innerPixels);
     void SetStored(const Geometry &twips); // moves and resizes the window
     Geometry Stored() const;
 
@@ -26,13 +29,15 @@ private:
     Geometry StoredAt(const QRect &inner) const;
     bool IsNormal() const;
     void Apply();
-    void ResizeWithoutFrame();
+    void ResizeInside();
     void BeginToSettle();
     void GoOnSettling();
     void See();
 
     QWidget &window_;
     Geometry stored_;
+    Geometry design_;
+    QSize designedInside_;
     std::optional<QMargins> margins_;
     bool frameIsTaken_ = false;     // since it was last shown
     std::optional<QRect> baseline_; // inner place and size that the stored numbers stand for
