@@ -1,0 +1,33 @@
+#include "board/MessageBoard.h"
+
+#include "ui_MessageBoard.h"
+
+MessageBoard::MessageBoard(FormServices &services, QWidget *parent)
+    : Form(QStringLiteral("MessageBoard"), services, parent), ui_(std::make_unique<Ui::MessageBoard>())
+{
+    ui_->setupUi(this);
+    RegisterControls();
+}
+
+MessageBoard::~MessageBoard() = default;
+
+void MessageBoard::Form_Load()
+{
+    LoadTexts();
+}
+
+void MessageBoard::Form_Unload()
+{
+    SaveTexts();
+}
+
+void MessageBoard::Form_Resize()
+{
+    ui_->UserGrid->setGeometry(Surface()->rect());
+}
+
+bool MessageBoard::QueryUnload()
+{
+    showMinimized();
+    return false;
+}

@@ -1,0 +1,183 @@
+#include "clock/IOQuery.h"
+
+#include "clock/Clock.h"
+#include "clock/DateText.h"
+#include "clock/OutQuery.h"
+#include "platform/forms/Prompts.h"
+#include "platform/system/TimeSource.h"
+#include "ui_IOQuery.h"
+
+#include <QKeyEvent>
+
+#include <algorithm>
+#include <array>
+
+IOQuery::IOQuery(FormServices &services, Prompts &prompts, const TimeSource &time, const ClockState &clock)
+    : Form(QStringLiteral("IOQuery"), services),
+      ui_(std::make_unique<Ui::IOQuery>()),
+      prompts_(prompts),
+      time_(time),
+      clock_(clock)
+{
+    ui_->setupUi(this);
+    RegisterControls();
+
+    connect(ui_->Options_1, &QRadioButton::clicked, this, [this] { Options_Click(1); });
+    connect(ui_->Options_3, &QRadioButton::clicked, this, [this] { Options_Click(3); });
+    connect(ui_->Commands_0, &QPushButton::clicked, this, &IOQuery::Commands_Click);
+    connect(ui_->Texts_0, &QLineEdit::textEdited, this, &IOQuery::Texts_Change);
+}
+
+IOQuery::~IOQuery() = default;
+
+void IOQuery::Abandon()
+{
+    abandoned_ = true;
+    if (!carryingOut_) {
+        Unload();
+    }
+}
+
+void IOQuery::Form_Load()
+{
+    LoadTexts();
+    ui_->Texts_0->setText(DateTimeText(time_.Now(), QLocale()));
+    ui_->Labels_0->setText(clock_.CurrentJob);
+    ui_->Options_1->setChecked(true); // the stored choice is that of another day
+    ui_->Options_1->setFocus();
+}
+
+void IOQuery::Form_Unload()
+{
+    if (!abandoned_) {
+        carryingOut_ = true;
+        CarryOut();
+        carryingOut_ = false;
+    }
+    SaveTexts();
+}
+
+bool IOQuery::QueryUnload()
+{
+    return CanCarryOut();
+}
+
+void IOQuery::Options_Click(int index)
+{
+    const bool selected = index == 1 ? ui_->Options_1->isChecked() : ui_->Options_3->isChecked();
+    if (IsLoaded() && selected) {
+        Unload();
+    }
+}
+
+void IOQuery::Commands_Click()
+{
+    if (!ui_->Options_2->isChecked()) {
+        ui_->Options_2->setChecked(true);
+    } else if (CanCarryOut()) {
+        Unload();
+    }
+}
+
+void IOQuery::Texts_Change()
+{
+    ui_->Options_2->setChecked(true);
+}
+
+bool IOQuery::Form_KeyDown(QKeyEvent &event)
+{
+    switch (event.key()) {
+    case Qt::Key_Escape:
+        close();
+        return true;
+    case Qt::Key_Up:
+    case Qt::Key_Left:
+    case Qt::Key_Down:
+    case Qt::Key_Right:
+        return MoveSelection(event.key());
+    case Qt::Key_Return:
+    case Qt::Key_Enter: // a held Enter may still be down from the window before
+        return event.isAutoRepeat() || Confirm();
+    default:
+        return false;
+    }
+}
+
+// The toolkit reports an arrow key as a click, which would stemp out, so the selection is moved here.
+bool IOQuery::MoveSelection(int key)
+{
+    const std::array options{ui_->Options_1, ui_->Options_2, ui_->Options_3};
+    const auto found = std::find(options.begin(), options.end(), FocusedOption());
+    if (found == options.end()) {
+        return false;
+    }
+    const auto position = static_cast<std::size_t>(found - options.begin());
+    const std::size_t step = key == Qt::Key_Up || key == Qt::Key_Left ? options.size() - 1 : 1;
+    QRadioButton *next = options.at((position + step) % options.size());
+    next->setFocus(Qt::OtherFocusReason);
+    next->setChecked(true);
+    return true;
+}
+
+bool IOQuery::Confirm()
+{
+    QRadioButton *option = FocusedOption();
+    if (option == ui_->Options_1 || option == ui_->Options_3) {
+        option->click();
+        return true;
+    }
+    if (option == ui_->Options_2 || ui_->Texts_0->hasFocus()) {
+        Commands_Click();
+        return true;
+    }
+    return false;
+}
+
+QRadioButton *IOQuery::FocusedOption() const
+{
+    return qobject_cast<QRadioButton *>(focusWidget());
+}
+
+std::optional<QDateTime> IOQuery::TypedTime() const
+{
+    return ReadDateTime(ui_->Texts_0->text(), QLocale(), time_.Now());
+}
+
+bool IOQuery::CanCarryOut()
+{
+    if (!ui_->Options_2->isChecked() || TypedTime()) {
+        return true;
+    }
+    prompts_.MsgBox(this,
+                    QStringLiteral("\"%1\" is no date and time.\n\nType it like %2, or only a time of today like 8:30.")
+                        .arg(ui_->Texts_0->text(), DateTimeText(time_.Now(), QLocale())));
+    ui_->Texts_0->setFocus();
+    ui_->Texts_0->selectAll();
+    return false;
+}
+
+void IOQuery::CarryOut()
+{
+    if (ui_->Options_3->isChecked()) {
+        emit StempOutAt(time_.Now());
+        return;
+    }
+    const std::optional<QDateTime> out = ui_->Options_2->isChecked() ? TypedTime() : std::nullopt;
+    if (!out) {
+        emit StempInLook();
+        return;
+    }
+    switch (WarningFor(*out, time_.Now(), clock_.LastInTime)) {
+    case OutWarning::Future:
+        prompts_.MsgBox(this, QStringLiteral("You are stemping out in the FUTURE! (but that's ok)"));
+        break;
+    case OutWarning::EarlierThanIn:
+        prompts_.MsgBox(this, QStringLiteral("You are stemping out EARLIER than IN! (if I could turn back time...)"));
+        break;
+    case OutWarning::None:
+        break;
+    }
+    if (!abandoned_) { // the session may have ended under the message
+        emit StempOutAt(*out);
+    }
+}

@@ -1,0 +1,133 @@
+#include "clock/User.h"
+
+#include "platform/forms/FormServices.h"
+#include "platform/forms/Prompts.h"
+#include "ui_User.h"
+
+#include <QEvent>
+#include <QGuiApplication>
+
+#include <utility>
+
+namespace {
+
+constexpr int longestSuggestion = 10;
+
+class NoTextStore : public FormServices
+{
+public:
+    void LoadProperties(Form &) override {}
+    void SaveProperties(Form &) override {}
+};
+
+FormServices &WithoutTexts()
+{
+    static NoTextStore none;
+    return none;
+}
+
+// A window that refuses to close would stop the program from quitting.
+class QuitWatch : public QObject
+{
+public:
+    explicit QuitWatch(User &user) : user_(user) { qGuiApp->installEventFilter(this); }
+
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::Quit) {
+            user_.Abandon();
+        }
+        return false;
+    }
+
+private:
+    User &user_;
+};
+
+} // namespace
+
+User::User(InitialsRefusal refusal, Prompts &prompts)
+    : Form(QStringLiteral("User"), WithoutTexts()),
+      ui_(std::make_unique<Ui::User>()),
+      refusal_(std::move(refusal)),
+      prompts_(prompts)
+{
+    ui_->setupUi(this);
+    RegisterControls();
+    placeholder_ = ui_->FullName->text();
+    SetDefaultButton(ui_->Command1);
+    connect(ui_->Command1, &QPushButton::clicked, this, &User::Command1_Click);
+}
+
+User::~User() = default;
+
+void User::Suggest(const QString &initials, const QString &fullName)
+{
+    if (initials.size() <= longestSuggestion) {
+        ui_->UserName->setText(initials);
+    }
+    if (!fullName.isEmpty()) {
+        ui_->FullName->setText(fullName);
+    }
+}
+
+QString User::Initials() const
+{
+    return ui_->UserName->text().trimmed().toUpper();
+}
+
+QString User::FullName() const
+{
+    const QString name = ui_->FullName->text().trimmed();
+    return name == placeholder_ ? QString() : name;
+}
+
+void User::Abandon()
+{
+    accepted_ = false;
+    Unload();
+}
+
+void User::Form_Load()
+{
+    ui_->UserName->setFocus();
+    ui_->UserName->selectAll();
+}
+
+bool User::QueryUnload()
+{
+    Command1_Click();
+    return false;
+}
+
+void User::Command1_Click()
+{
+    const QString initials = Initials();
+    const QString reason = initials.isEmpty() ? QStringLiteral("Please type your initials.") : refusal_(initials);
+    ui_->Refusal->setText(reason);
+    ui_->UserName->setFocus();
+    ui_->UserName->selectAll();
+    if (reason.isEmpty()) {
+        accepted_ = true;
+        hide();
+    } else if (!initials.isEmpty()) {
+        prompts_.MsgBox(this, reason);
+    }
+}
+
+bool AskInitials(QString &initials, QString &fullName, const InitialsRefusal &refusal, Prompts &prompts)
+{
+    User user(refusal, prompts);
+    const QuitWatch quitWatch(user);
+    QObject::connect(qGuiApp, &QGuiApplication::commitDataRequest, &user, &User::Abandon, Qt::DirectConnection);
+    user.Suggest(initials, fullName);
+    user.Load();
+    user.ShowModal(nullptr);
+    if (!user.HasInitials()) {
+        return false;
+    }
+    initials = user.Initials();
+    fullName = user.FullName();
+    user.Unload();
+    return true;
+}
