@@ -321,6 +321,18 @@
         <translation>Stemp ind på det viste job, eller stemp ud</translation>
     </message>
     <message>
+        <source>The time database cannot be written just now</source>
+        <translation>Der kan ikke skrives i tidsdatabasen lige nu</translation>
+    </message>
+    <message>
+        <source>Shown while your last stemps could not be written to your time database: it is locked, read-only or not there, or the disk is full. Nothing is lost: the stemps are kept in memory and written as soon as it is possible. Do not close the program before this line has gone.</source>
+        <translation>Vises, mens dine seneste stempler ikke kunne skrives i din tidsdatabase: den er låst, skrivebeskyttet eller væk, eller disken er fuld. Intet går tabt: stemplerne gemmes i hukommelsen og skrives, så snart det kan lade sig gøre. Luk ikke programmet, før denne linje er væk.</translation>
+    </message>
+    <message>
+        <source>Not saved yet - the program keeps trying</source>
+        <translation>Endnu ikke gemt - programmet prøver igen</translation>
+    </message>
+    <message>
         <source>Stemps you in on the job in the box beside it or, while the list is dropped down, on the job selected there. While you are stemped in it stemps you out. The time is taken when you press it, is written to your time database, and your colleagues see your new state on the board.</source>
         <translation>Stemper dig ind på jobbet i feltet ved siden af eller, mens listen er slået ned, på det job, der er valgt i den. Mens du er stempet ind, stemper knappen dig ud. Tidspunktet tages, når du trykker, og skrives i din tidsdatabase, og dine kolleger ser din nye status på tavlen.</translation>
     </message>

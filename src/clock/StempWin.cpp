@@ -1,0 +1,369 @@
+#include "clock/StempWin.h"
+
+#include "clock/Clock.h"
+#include "clock/DateText.h"
+#include "clock/IOQuery.h"
+#include "platform/dao/Error.h"
+#include "platform/forms/ControlTypes.h"
+#include "platform/forms/Prompts.h"
+#include "platform/system/TimeSource.h"
+#include "settings/Options.h"
+#include "startup/Identity.h"
+#include "startup/JobDatabase.h"
+#include "ui_StempWin.h"
+
+#include <QKeyEvent>
+#include <QLoggingCategory>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+Q_LOGGING_CATEGORY(log, "stemp.clock")
+
+constexpr QRgb green = 0xff008000;
+constexpr QRgb red = 0xffc00000;
+constexpr QRgb noteColor = 0xfffff0a0;
+
+constexpr double leastWidth = 6280; // twips, the frame included
+constexpr double gridMargin = 280;  // twips: what the grid is narrower than the window
+constexpr double gridBottom = 120;  // twips left free below the grid
+constexpr double leastGridHeight = 500;
+
+constexpr std::chrono::milliseconds blinkPeriod = 500ms;
+constexpr std::chrono::milliseconds savePeriod = 3s; // between two tries to write rows that could not be written
+
+constexpr int inColumn = 1; // the grid's columns that hold dates
+constexpr int outColumn = 2;
+
+QString DateCell(const QVariant &cell)
+{
+    return cell.isNull() ? QString() : DateTimeText(cell.toDateTime(), QLocale());
+}
+
+QVariant DateCellValue(const std::optional<QDateTime> &time)
+{
+    return time ? QVariant(*time) : QVariant();
+}
+
+} // namespace
+
+StempWin::StempWin(FormServices &services, Prompts &prompts, StempWinParts parts)
+    : Form(QStringLiteral("StempWin"), services),
+      services_(services),
+      prompts_(prompts),
+      parts_(parts),
+      ui_(std::make_unique<Ui::StempWin>()),
+      gridModel_({QStringLiteral("Job"), QStringLiteral("Stemped In"), QStringLiteral("Stemped Out"),
+                  QStringLiteral("Description")})
+{
+    ui_->setupUi(this);
+    gridModel_.SetFormatter(inColumn, DateCell);
+    gridModel_.SetFormatter(outColumn, DateCell);
+    ui_->StempGrid->setModel(&gridModel_);
+    RegisterControls();
+    auto stempList = std::make_unique<DataControl>(QStringLiteral("StempList"));
+    stempList_ = stempList.get();
+    RegisterControl(std::move(stempList));
+    RegisterControl(std::make_unique<Control>(QStringLiteral("RefreshTimer"), std::nullopt, QStringLiteral("Timer")));
+    RegisterControl(std::make_unique<Control>(QStringLiteral("BlinkTimer"), std::nullopt, QStringLiteral("Timer")));
+
+    pickList_ = std::make_unique<PickList>(*ui_->TextUtil, *ui_->XList, parts_.lists, parts_.clock.state, nullptr);
+    blinkTimer_.setInterval(blinkPeriod);
+    saveTimer_.setInterval(savePeriod);
+    setMinimumWidth(qCeil(leastWidth / twipsPerPixel));
+
+    connect(pickList_.get(), &PickList::Picked, this, &StempWin::StempIn);
+    connect(pickList_.get(), &PickList::TextUtilLeft, ui_->InOutButton, qOverload<>(&QWidget::setFocus));
+    connect(pickList_.get(), &PickList::DeleteRequested, this, &StempWin::DeleteJob);
+    connect(ui_->InOutButton, &QPushButton::clicked, this, &StempWin::InOutButton_Click);
+    connect(ui_->mnuRecent, &QAction::triggered, this, [this] { pickList_->ChooseList(ListMode::Recent); });
+    connect(ui_->mnuPersonal, &QAction::triggered, this, [this] { pickList_->ChooseList(ListMode::Personal); });
+    connect(ui_->mnuFull, &QAction::triggered, this, [this] { pickList_->ChooseList(ListMode::Company); });
+    connect(ui_->mnuAdmin, &QAction::triggered, this, &StempWin::AdminChosen);
+    connect(&parts_.jobDatabase, &JobDatabase::JobListFilled, this, &StempWin::JobListFilled);
+    connect(&saveTimer_, &QTimer::timeout, this, &StempWin::SaveTimer_Timer);
+    // Working in the grid closes the pick list.
+    ui_->StempGrid->installEventFilter(this);
+    ui_->StempGrid->viewport()->installEventFilter(this);
+    QPalette note = ui_->UnsavedLabel->palette();
+    note.setColor(QPalette::Window, QColor(noteColor));
+    note.setColor(QPalette::WindowText, Qt::black);
+    ui_->UnsavedLabel->setPalette(note);
+    // Their windows are not built yet.
+    for (QAction *menu : {ui_->mnuSummary, ui_->mnuNotes, ui_->mnuCreateJob})
+        menu->setEnabled(false);
+}
+
+StempWin::~StempWin() = default;
+
+void StempWin::Form_Load()
+{
+    LoadTexts();
+    stempList_->DatabaseName = parts_.timeTable.Path();
+    stempList_->RecordSource = RollBackQuery(DaysToShow(parts_.options.DaysInGrid));
+    RefreshGrid();
+    StempOutLook();
+    Enterprise_Init();
+    pickList_->SearchText.clear();
+}
+
+bool StempWin::QueryUnload()
+{
+    refreshTimer_.stop();
+    blinkTimer_.stop();
+    if (parts_.clock.state.IsStempedIn)
+        ShowOutQuery();
+    return MayLeave();
+}
+
+void StempWin::Form_Unload()
+{
+    refreshTimer_.stop();
+    blinkTimer_.stop();
+    saveTimer_.stop();
+    parts_.timeTable.Flush();
+    emit UnloadOthers();
+    parts_.jobDatabase.Set_OFF();
+    SaveTexts();
+}
+
+void StempWin::EndSession()
+{
+    sessionEnds_ = true;
+    if (outQuery_)
+        outQuery_->Abandon();
+    Unload();
+}
+
+// Rows that can't be written would be lost: the person may wait until they can, or leave all the same.
+bool StempWin::MayLeave()
+{
+    while (!parts_.timeTable.Flush() && !sessionEnds_) {
+        const bool tryAgain = prompts_.AskChoice(
+            this,
+            QStringLiteral(
+                "Your last stemps could not be saved in\n%1\n\nThe file is locked, read-only or not there, or "
+                "the disk is full. If you close the program now, they are lost.")
+                .arg(parts_.timeTable.Path()),
+            QStringLiteral("&Try again"), QStringLiteral("&Close without saving"));
+        if (!tryAgain)
+            return true;
+    }
+    ShowUnsaved();
+    return true;
+}
+
+void StempWin::StempInLook()
+{
+    parts_.clock.state.IsStempedIn = true;
+    ui_->InOutButton->setText(QStringLiteral("Stemp &OUT"));
+    SetBackColor(green);
+    setWindowIcon(QIcon(QStringLiteral(":/icons/IconIn.svg")));
+    setWindowTitle(parts_.clock.state.CurrentJob);
+}
+
+void StempWin::StempOutLook()
+{
+    parts_.clock.state.IsStempedIn = false;
+    ui_->InOutButton->setText(QStringLiteral("Stemp &IN"));
+    SetBackColor(red);
+    setWindowIcon(QIcon(QStringLiteral(":/icons/IconOut.svg")));
+    setWindowTitle(parts_.identity.UserInitials + QStringLiteral(" Out"));
+}
+
+void StempWin::StempIn(const QString &item)
+{
+    const bool wasIn = parts_.clock.state.IsStempedIn;
+    if (parts_.clock.StempIn(item, pickList_->SearchText)) {
+        pickList_->SearchText.clear();
+        StempInLook();
+        ui_->mnuRecent->setEnabled(!parts_.lists.RecentList.IsEmpty());
+        ui_->mnuPersonal->setEnabled(!parts_.lists.PersonalList.IsEmpty());
+        AfterStemp();
+        parts_.jobDatabase.Set_In();
+    } else {
+        if (wasIn) {
+            StempOutLook();
+            AfterStemp();
+            parts_.jobDatabase.Set_Out();
+        }
+        pickList_->Refresh();
+    }
+}
+
+void StempWin::StempOut()
+{
+    parts_.clock.StempOut();
+    StempOutLook();
+    AfterStemp();
+    parts_.jobDatabase.Set_Out();
+}
+
+void StempWin::StempOutAt(const QDateTime &time)
+{
+    parts_.clock.StempOutAt(time);
+    StempOutLook();
+    AfterStemp();
+    parts_.jobDatabase.Set_Out();
+}
+
+void StempWin::AfterStemp()
+{
+    RefreshGrid();
+    ShowNewestRow();
+    ShowUnsaved();
+}
+
+void StempWin::InOutButton_Click()
+{
+    if (parts_.clock.state.IsStempedIn) {
+        StempOut();
+        pickList_->Refresh();
+    } else if (!pickList_->IsListVisible()) {
+        StempIn(ui_->TextUtil->text());
+    } else {
+        StempIn(pickList_->SelectedItem());
+        pickList_->Refresh();
+        if (parts_.clock.state.IsStempedIn)
+            pickList_->HideXList();
+    }
+}
+
+void StempWin::ShowOutQuery()
+{
+    outQuery_ = std::make_unique<IOQuery>(services_, prompts_, parts_.time, parts_.clock.state);
+    outQuery_->setWindowIcon(windowIcon());
+    connect(outQuery_.get(), &IOQuery::StempInLook, this, &StempWin::StempInLook);
+    connect(outQuery_.get(), &IOQuery::StempOutAt, this, &StempWin::StempOutAt);
+    outQuery_->Load();
+    outQuery_->ShowModal(this);
+    outQuery_.reset();
+}
+
+void StempWin::FillPersonalList()
+{
+    try {
+        parts_.lists.PersonalList.Assign(ReadProjects(parts_.localDB));
+    } catch (const dao::Error &error) {
+        qCWarning(log).noquote() << error.Text();
+    }
+    ui_->mnuPersonal->setEnabled(!parts_.lists.PersonalList.IsEmpty());
+}
+
+void StempWin::FillRecentList()
+{
+    parts_.clock.FillRecentList(parts_.timeTable.Rows(stempList_->RecordSource));
+    ui_->mnuRecent->setEnabled(!parts_.lists.RecentList.IsEmpty());
+}
+
+void StempWin::FillJobList()
+{
+    parts_.jobDatabase.FillJobList();
+}
+
+void StempWin::JobListFilled()
+{
+    if (parts_.lists.Mode == ListMode::Company)
+        pickList_->Refresh();
+}
+
+void StempWin::DeleteJob(const QString &item)
+{
+    if (parts_.lists.Mode != ListMode::Company || !parts_.options.AdminMode)
+        return;
+    if (prompts_.AskYesNo(this, QStringLiteral("Do you want to DELETE %1 ?").arg(item)))
+        parts_.jobDatabase.DeleteJob(item);
+}
+
+void StempWin::ShowCurrentJob()
+{
+    pickList_->ShowCurrentJob();
+}
+
+void StempWin::ShowNewestRow()
+{
+    ui_->StempGrid->scrollToBottom();
+}
+
+void StempWin::RefreshGrid()
+{
+    std::vector<RowsModel::Row> cells;
+    for (const TimeRow &row : parts_.timeTable.Rows(stempList_->RecordSource))
+        cells.push_back({row.jobID, DateCellValue(row.stempInTime), DateCellValue(row.stempOutTime), row.jobName});
+    gridModel_.SetRows(std::move(cells));
+}
+
+void StempWin::Enterprise_Init()
+{
+    const JobDatabase &jobs = parts_.jobDatabase;
+    FillJobList();
+    parts_.clock.state.IsStempedIn ? StempInLook() : StempOutLook();
+    SetRefreshInterval();
+    ui_->mnuFull->setEnabled(jobs.CompanyJobs || jobs.LocalJobs);
+}
+
+void StempWin::SetRefreshInterval()
+{
+    refreshTimer_.setInterval(PollPeriod(parts_.options.PollDelay));
+}
+
+void StempWin::SaveTimer_Timer()
+{
+    if (parts_.timeTable.Flush())
+        RefreshGrid();
+    ShowUnsaved();
+}
+
+void StempWin::ShowUnsaved()
+{
+    const bool unsaved = parts_.timeTable.UnsavedCount() > 0;
+    ui_->UnsavedLabel->setVisible(unsaved);
+    if (!unsaved)
+        saveTimer_.stop();
+    else if (!saveTimer_.isActive())
+        saveTimer_.start();
+}
+
+void StempWin::Form_Resize()
+{
+    // The title bar and the menu lie outside the surface, so their height is not taken off here.
+    const int top = ui_->StempGrid->y();
+    const double height = (Surface()->height() - top) * twipsPerPixel - gridBottom;
+    if (height > leastGridHeight)
+        ui_->StempGrid->resize(qRound(frameGeometry().width() - gridMargin / twipsPerPixel),
+                               qRound(height / twipsPerPixel));
+    if (pickList_->IsListVisible())
+        pickList_->PlaceXList();
+}
+
+bool StempWin::Form_KeyDown(QKeyEvent &event)
+{
+    if (event.key() == Qt::Key_Escape) {
+        pickList_->HideXList();
+        return true;
+    }
+    const QWidget *active = focusWidget();
+    if (active == ui_->StempGrid)
+        return false;
+    if (active == ui_->TextUtil)
+        return pickList_->TextUtil_KeyDown(event);
+    if (active == ui_->XList)
+        return pickList_->XList_KeyDown(event);
+    return true; // typing anywhere else goes nowhere
+}
+
+void StempWin::showEvent(QShowEvent *event)
+{
+    Form::showEvent(event);
+    if (!event->spontaneous())
+        ShowNewestRow();
+}
+
+bool StempWin::eventFilter(QObject *watched, QEvent *event)
+{
+    const bool inGrid = watched == ui_->StempGrid || watched == ui_->StempGrid->viewport();
+    if (inGrid && (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::FocusIn))
+        pickList_->HideXList();
+    return Form::eventFilter(watched, event);
+}

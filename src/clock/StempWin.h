@@ -1,0 +1,106 @@
+#pragma once
+
+#include "clock/PickList.h"
+#include "platform/forms/Form.h"
+#include "platform/forms/RowsModel.h"
+
+#include <QTimer>
+
+#include <memory>
+
+class Clock;
+class DataControl;
+class IOQuery;
+class JobDatabase;
+class Prompts;
+class TimeSource;
+class TimeTable;
+struct Identity;
+struct JobLists;
+struct Options;
+
+namespace dao {
+class Database;
+}
+
+namespace Ui {
+class StempWin;
+}
+
+// What the clock's face works on; all of it outlives the window.
+struct StempWinParts
+{
+    Clock &clock;
+    TimeTable &timeTable;
+    JobLists &lists;
+    JobDatabase &jobDatabase;
+    dao::Database &localDB;
+    const Identity &identity;
+    const Options &options;
+    const TimeSource &time;
+};
+
+// The main window: the clock's face, the search box with its pick list, and the roll-back grid.
+class StempWin : public Form
+{
+    Q_OBJECT
+
+public:
+    StempWin(FormServices &services, Prompts &prompts, StempWinParts parts);
+    ~StempWin() override;
+
+    void StempInLook();  // the person is in: green
+    void StempOutLook(); // the person is out: red
+    void StempIn(const QString &item);
+    void StempOut();
+    void StempOutAt(const QDateTime &time);
+
+    void FillXListBox(const JobList &list) { pickList_->FillXListBox(list); }
+    void FillPersonalList();
+    void FillRecentList();
+    void FillJobList(); // the list is there when the job database has answered
+
+    void ShowOutQuery();       // modal; carries out the person's choice
+    void ShowCurrentJob();     // in the search box
+    void ShowNewestRow();      // at the end of the grid
+    void Enterprise_Init();    // brings the window in line with the job database in use
+    void SetRefreshInterval(); // from the option's poll delay
+    void EndSession();         // a logoff: closes without asking, and leaves an open row open
+
+signals:
+    void AdminChosen();
+    void UnloadOthers(); // the other windows are to be unloaded now
+
+protected:
+    void Form_Load() override;
+    void Form_Unload() override;
+    void Form_Resize() override;
+    bool QueryUnload() override;
+    bool Form_KeyDown(QKeyEvent &event) override;
+    void showEvent(QShowEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void InOutButton_Click();
+    void XList_Picked(const QString &item);
+    void DeleteJob(const QString &item);
+    void JobListFilled();
+    void AfterStemp();
+    void RefreshGrid();
+    void SaveTimer_Timer();
+    void ShowUnsaved();
+    bool MayLeave();
+
+    FormServices &services_;
+    Prompts &prompts_;
+    StempWinParts parts_;
+    std::unique_ptr<Ui::StempWin> ui_;
+    DataControl *stempList_ = nullptr; // owned by the list of controls
+    RowsModel gridModel_;
+    std::unique_ptr<PickList> pickList_;
+    std::unique_ptr<IOQuery> outQuery_; // while it is shown
+    QTimer refreshTimer_;
+    QTimer blinkTimer_;
+    QTimer saveTimer_; // runs while rows are unsaved
+    bool sessionEnds_ = false;
+};

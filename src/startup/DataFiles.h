@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QDateTime>
+#include <QString>
+
+#include <optional>
+
+// The data files on disk: existence, copies of the templates, and setting damaged files aside. Nothing here opens a database
+// that could be open already: another handle on it would drop the engine's locks.
+namespace DataFiles {
+
+// Exists and can be read, asked of the file system.
+bool FileExists(const QString &path);
+
+// Copies a template under a temporary name and renames it, so that a half copy never stands under the real name. Does nothing
+// when `target` exists. False when it could not be copied.
+bool CopyTemplate(const QString &source, const QString &target);
+
+// Makes an empty time database from its template; throws dao::Error.
+void CreateTimeDb(const QString &blank, const QString &target);
+
+// Whether the file can't be a time database: damaged, no database, or without the table Stemp. A file that is only locked or
+// unreadable is not damaged.
+bool IsDamagedTimeDb(const QString &path);
+
+// Renames a damaged file, and its journal, to "<name>.damaged-<date-time>"; the new path, or nothing when that failed.
+std::optional<QString> SetAside(const QString &path, const QDateTime &now);
+
+// Whether two paths name one file, under any spelling: drive letter and share name, separators, links.
+bool SameFile(const QString &a, const QString &b);
+
+} // namespace DataFiles

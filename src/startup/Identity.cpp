@@ -1,0 +1,69 @@
+#include "startup/Identity.h"
+
+#include <QDir>
+#include <QRegularExpression>
+
+namespace {
+
+// "<identity> Stemp.mdb" plus what is put behind it when a damaged file is set aside must stay within 255 bytes.
+constexpr qsizetype longestIdentity = 200;
+
+bool IsDeviceName(const QString &upperName)
+{
+    static const QRegularExpression device(
+        QStringLiteral("^(CON|PRN|AUX|NUL|CONIN\\$|CONOUT\\$|COM[0-9\u00b9\u00b2\u00b3]|LPT[0-9\u00b9\u00b2\u00b3])$"));
+    // Windows looks at the part before the first dot only: "NUL.x.mdb" is the device too.
+    return device.match(upperName.section(QLatin1Char('.'), 0, 0).trimmed()).hasMatch();
+}
+
+bool IsOwnName(const QString &upperName)
+{
+    // The program's own files, its tables and indexes in the company database, and the recipients that mean everybody.
+    static const QStringList own{
+        QStringLiteral("BLANK"),    QStringLiteral("JOBS"),  QStringLiteral("STEMP"), QStringLiteral("BLANK JOBS"),
+        QStringLiteral("USERS"),    QStringLiteral("ALL"),   QStringLiteral("USER"),  QStringLiteral("BLANK STEMP"),
+        QStringLiteral("PROJECTS"), QStringLiteral("JOBID"),
+    };
+    return own.contains(upperName) || upperName.endsWith(QStringLiteral(" STEMP"))
+           || upperName.startsWith(QStringLiteral("SQLITE_"));
+}
+
+} // namespace
+
+QString Identity::InAppFolder(const QString &fileName) const
+{
+    const QChar separator = QDir::separator();
+    if (AppFolder.endsWith(separator)) // the root of a drive
+        return AppFolder + fileName;
+    return AppFolder + separator + fileName;
+}
+
+QString IdentityRefusal(const QString &name)
+{
+    if (name.isEmpty())
+        return {};
+    const QString quoted = QStringLiteral("\u201c%1\u201d").arg(name);
+    static const QRegularExpression forbidden(QStringLiteral("[<>:\"/\\\\|?*\\x00-\\x1f\\x7f]"));
+    const QRegularExpressionMatch match = forbidden.match(name);
+    if (match.hasMatch()) {
+        const QChar character = match.captured().at(0);
+        if (character < QLatin1Char(' ') || character == QChar(0x7f))
+            return QStringLiteral("Your initials become a file name. They cannot contain control characters.");
+        return QStringLiteral("Your initials become a file name. %1 cannot be used because of the character  %2")
+            .arg(quoted, character);
+    }
+    if (name.front() == QLatin1Char('.') || name.back() == QLatin1Char('.') || name.front().isSpace()
+        || name.back().isSpace())
+        return QStringLiteral(
+                   "Your initials become a file name. %1 cannot be used because it begins or ends with a dot "
+                   "or a blank.")
+            .arg(quoted);
+    if (name.toUtf8().size() > longestIdentity)
+        return QStringLiteral("Your initials become a file name. These are too long; please choose shorter ones.");
+    const QString upper = name.toUpper();
+    if (IsDeviceName(upper))
+        return QStringLiteral("%1 cannot be used: the system reserves this name for a device.").arg(quoted);
+    if (IsOwnName(upper))
+        return QStringLiteral("%1 cannot be used: the program reserves this name for itself.").arg(quoted);
+    return {};
+}

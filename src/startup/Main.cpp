@@ -1,0 +1,235 @@
+#include "startup/Main.h"
+
+#include "board/MessageBoard.h"
+#include "clock/StempWin.h"
+#include "clock/User.h"
+#include "platform/dao/Error.h"
+#include "platform/forms/Prompts.h"
+#include "platform/system/System.h"
+#include "platform/system/TimeSource.h"
+#include "settings/AdminForm.h"
+#include "startup/DataFiles.h"
+#include "startup/Module1.h"
+#include "startup/Program.h"
+#include "texts/Common.h"
+
+#include <QLoggingCategory>
+
+namespace {
+
+Q_LOGGING_CATEGORY(log, "stemp.startup")
+
+} // namespace
+
+Main::Main(Program &program, Prompts &prompts) : program_(program), prompts_(prompts) {}
+
+Main::~Main() = default;
+
+bool Main::Run()
+{
+    program_.StartingUp = true;
+    if (!FindProgramFolder() || !ChooseIdentity() || !OpenPersonalFile())
+        return false;
+    LoadWindows();
+    SettleOpenRow();
+    if (ended_) // the session ended while the out-query was open
+        return false;
+    FillLists();
+    if (program_.clock.state.IsStempedIn)
+        program_.jobDatabase.Set_In();
+    else
+        program_.jobDatabase.Set_Out();
+    program_.StartingUp = false;
+    return true;
+}
+
+void Main::Tell(const QString &message)
+{
+    if (!message.isEmpty())
+        prompts_.MsgBox(nullptr, message);
+}
+
+bool Main::FindProgramFolder()
+{
+    if (!Module1::FindAppFolder(program_.system, program_.identity)) {
+        Tell(QStringLiteral("Cannot run the program!\r\nCheck shortcut 'Start In' (must point to location of %1.EXE)")
+                 .arg(program_.system.ExecutableName()));
+        return false;
+    }
+    if (!DataFiles::FileExists(program_.identity.InAppFolder(QStringLiteral("Blank.mdb")))) {
+        Tell(QStringLiteral("File missing: Blank.mdb"));
+        return false;
+    }
+    return true;
+}
+
+// A login name that can't be the name of a file leads to the initials, which then take its place.
+bool Main::ChooseIdentity()
+{
+    Identity &identity = program_.identity;
+    Module1::TakeLogin(program_.system, identity);
+    Module1::FindKindOfDrive(program_.system, identity);
+    const bool loginRefused = !IdentityRefusal(identity.UserInitials).isEmpty();
+    if (loginRefused && !AskInitials())
+        return false;
+    const Module1::LocalDBChoice choice =
+        Module1::ChooseLocalDBPath(identity, identity.UserInitials, program_.jobDatabase);
+    identity.LocalDBPath = choice.path;
+    if (!choice.path.isEmpty())
+        return true;
+    if (!loginRefused) {
+        Tell(choice.refusal);
+        if (!AskInitials())
+            return false;
+    }
+    identity.LocalDBPath = Module1::LocalDBPathOf(identity);
+    return true;
+}
+
+bool Main::AskInitials()
+{
+    Identity &identity = program_.identity;
+    QString fullName = identity.WinUserName;
+    if (!::AskInitials(identity.UserInitials, fullName, IdentityRefusal, prompts_))
+        return false;
+    identity.UserFullName = fullName;
+    return true;
+}
+
+bool Main::OpenPersonalFile()
+{
+    Module1::OpenedLocalDB opened = Module1::OpenLocalDB(program_.identity, program_.time.Now());
+    Tell(opened.message);
+    if (!opened.database.IsOpen())
+        return false;
+    program_.LocalDB = std::move(opened.database);
+    program_.texts.DevMode = program_.identity.DevMode;
+    common_ = std::make_unique<Common>(program_.LocalDB, program_.texts, prompts_);
+    try {
+        program_.PersonalJobsRs = program_.LocalDB.OpenRecordset(QStringLiteral("Projects"));
+        program_.PersonalJobsRs.Index(QStringLiteral("JobID"));
+    } catch (const dao::Error &error) {
+        qCWarning(log).noquote() << error.Text();
+    }
+    return true;
+}
+
+void Main::LoadWindows()
+{
+    messageBoard_ = std::make_unique<MessageBoard>(*common_);
+    messageBoard_->Load();
+    ApplySettings();
+    OpenTimeDb();
+    stempWin_ = std::make_unique<StempWin>(*common_, prompts_,
+                                           StempWinParts{program_.clock, program_.timeTable, program_.lists,
+                                                         program_.jobDatabase, program_.LocalDB, program_.identity,
+                                                         program_.options, program_.time});
+    connect(stempWin_.get(), &StempWin::AdminChosen, this, &Main::mnuAdmin_Click);
+    connect(stempWin_.get(), &StempWin::UnloadOthers, this, &Main::UnloadOthers);
+    connect(stempWin_.get(), &Form::Unloaded, this, &Main::MainWindowUnloaded);
+    stempWin_->Load();
+}
+
+void Main::ApplySettings()
+{
+    Identity &identity = program_.identity;
+    JobDatabase &jobs = program_.jobDatabase;
+    adminForm_ = std::make_unique<AdminForm>(
+        *common_, prompts_, [&jobs](const QString &path) { return jobs.FileExists(path); },
+        [&jobs](const QString &path) { return jobs.IsOwnJobsFile(path); });
+    connect(adminForm_.get(), &AdminForm::Accepted, this, &Main::SettingsAccepted);
+    adminForm_->Load();
+
+    if (identity.UserInitials.isEmpty()) {
+        const QString stored = adminForm_->CurrentOptions().UserName.trimmed().toUpper();
+        const QString refusal = IdentityRefusal(stored);
+        if (refusal.isEmpty())
+            identity.UserInitials = stored;
+        else
+            Tell(refusal);
+    }
+    program_.options = adminForm_->CurrentOptions();
+    common_->SetShowToolTips(program_.options.ShowToolTips);
+    jobs.Choose(program_.options.EnterpriseMDBText);
+    if (jobs.CompanyJobs) {
+        adminForm_->ShowPathInEffect(jobs.CompanyPath);
+        if (identity.UserInitials.isEmpty())
+            AskInitials();
+    }
+    if (!identity.UserInitials.isEmpty())
+        adminForm_->SetUserName(identity.UserInitials, true);
+    adminForm_->SetSharedListPossible(jobs.CompanyJobs);
+    program_.options = adminForm_->CurrentOptions();
+    jobs.AddSelfToUsers();
+    if (identity.UserInitials.isEmpty())
+        identity.UserInitials = QStringLiteral("NN");
+}
+
+void Main::OpenTimeDb()
+{
+    const Module1::TimeDbChoice choice = Module1::PrepareTimeDb(program_.identity, program_.time.Now());
+    Tell(choice.message);
+    program_.timeTable.Open(choice.path);
+}
+
+void Main::SettleOpenRow()
+{
+    const bool open = program_.clock.TakeUpLastRow();
+    stempWin_->ShowCurrentJob();
+    stempWin_->show();
+    if (open)
+        stempWin_->ShowOutQuery();
+}
+
+void Main::FillLists()
+{
+    stempWin_->FillPersonalList();
+    stempWin_->FillRecentList();
+    JobLists &lists = program_.lists;
+    lists.Mode = lists.RecentList.IsEmpty() ? ListMode::Company : ListMode::Recent;
+    stempWin_->FillXListBox(lists.Current());
+}
+
+void Main::mnuAdmin_Click()
+{
+    adminForm_->ShowModal(stempWin_.get());
+    stempWin_->SetRefreshInterval();
+}
+
+void Main::SettingsAccepted()
+{
+    const QString pathBefore = program_.options.EnterpriseMDBText;
+    program_.options = adminForm_->CurrentOptions();
+    JobDatabase &jobs = program_.jobDatabase;
+    if (program_.options.EnterpriseMDBText != pathBefore) {
+        jobs.Set_OFF();
+        jobs.Choose(program_.options.EnterpriseMDBText);
+        adminForm_->SetSharedListPossible(jobs.CompanyJobs);
+        program_.options = adminForm_->CurrentOptions();
+        jobs.AddSelfToUsers();
+        if (program_.clock.state.IsStempedIn)
+            jobs.Set_In();
+        else
+            jobs.Set_Out();
+    }
+    stempWin_->Enterprise_Init();
+}
+
+void Main::UnloadOthers()
+{
+    messageBoard_->Unload();
+    adminForm_->Unload();
+}
+
+void Main::MainWindowUnloaded()
+{
+    ended_ = true;
+    program_.CloseDatabases();
+    emit Ended();
+}
+
+void Main::EndSession()
+{
+    if (stempWin_ && stempWin_->IsLoaded())
+        stempWin_->EndSession();
+}

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+#include <memory>
+
+class AdminForm;
+class Common;
+class MessageBoard;
+class Program;
+class Prompts;
+class StempWin;
+
+// The start-up sequence, and the wiring between the windows of one running copy: the only place that knows them all.
+class Main : public QObject
+{
+    Q_OBJECT
+
+public:
+    Main(Program &program, Prompts &prompts);
+    ~Main() override;
+
+    bool Run();        // false: the program can't run; the person was told why
+    void EndSession(); // a logoff or shutdown: closes everything without asking
+
+    StempWin *Window() const { return stempWin_.get(); }
+    AdminForm *Settings() const { return adminForm_.get(); }
+
+signals:
+    void Ended(); // the main window was unloaded and the databases are closed
+
+private:
+    bool FindProgramFolder();
+    bool ChooseIdentity();
+    bool AskInitials();
+    bool OpenPersonalFile();
+    void LoadWindows();
+    void ApplySettings();
+    void OpenTimeDb();
+    void SettleOpenRow();
+    void FillLists();
+    void mnuAdmin_Click();
+    void SettingsAccepted();
+    void UnloadOthers();
+    void MainWindowUnloaded();
+    void Tell(const QString &message);
+
+    Program &program_;
+    Prompts &prompts_;
+    std::unique_ptr<Common> common_;
+    std::unique_ptr<AdminForm> adminForm_;
+    std::unique_ptr<MessageBoard> messageBoard_;
+    std::unique_ptr<StempWin> stempWin_;
+    bool ended_ = false;
+};

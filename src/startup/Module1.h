@@ -1,0 +1,63 @@
+#pragma once
+
+#include "platform/dao/Database.h"
+#include "startup/Identity.h"
+
+#include <QString>
+
+#include <optional>
+
+class JobDatabase;
+class Program;
+class System;
+
+// The steps of the start-up that need no window: the program folder, the person's identity and the choice of the data files.
+namespace Module1 {
+
+// Whether a path lies on a network drive, told by its first two characters: "\\" does, "C:" and "D:" do not, anything else
+// does. With regard to case, so "c:" counts as network.
+bool IsNetworkPath(const QString &path);
+
+// Settles AppFolder and DevMode; false when the program's own executable is neither in the current folder nor in the
+// development folder.
+bool FindAppFolder(const System &system, Identity &identity);
+
+// Settles OnNetworkDrive. Where there are no drive letters, the mounted file system alone tells.
+void FindKindOfDrive(const System &system, Identity &identity);
+
+// Settles WinUserName and UserInitials from the login name.
+void TakeLogin(const System &system, Identity &identity);
+
+struct LocalDBChoice
+{
+    QString path;    // empty: the person must be asked for initials
+    QString refusal; // why the identity that was found can't serve; the person must be asked then too
+};
+
+// Chooses the per-login database by the login. On a network drive the company database there may replace the identity by that
+// of the matching user.
+LocalDBChoice ChooseLocalDBPath(Identity &identity, const QString &login, JobDatabase &jobDatabase);
+
+// The per-login database of the identity itself, once initials were asked for.
+QString LocalDBPathOf(const Identity &identity);
+
+struct OpenedLocalDB
+{
+    dao::Database database; // closed: the program can't run, `message` says why
+    QString message;        // for the person; also set when a damaged file was set aside
+};
+
+// Opens and holds the per-login database at identity.LocalDBPath, made from its template when it is missing. A damaged file is
+// set aside first; a file that another running copy holds is never touched.
+OpenedLocalDB OpenLocalDB(const Identity &identity, const QDateTime &now);
+
+struct TimeDbChoice
+{
+    QString path;
+    QString message; // for the person: a damaged file was set aside; empty otherwise
+};
+
+// The time database of the identity, made from its template when it is missing.
+TimeDbChoice PrepareTimeDb(const Identity &identity, const QDateTime &now);
+
+} // namespace Module1

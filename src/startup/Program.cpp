@@ -1,0 +1,46 @@
+#include "startup/Program.h"
+
+#include "platform/dao/Error.h"
+
+#include <QLoggingCategory>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+Q_LOGGING_CATEGORY(log, "stemp.program")
+
+constexpr std::chrono::milliseconds exitLimit = 2s; // what a company file that does not answer may cost at exit
+
+} // namespace
+
+Program::Program(const System &usedSystem, const TimeSource &usedTime, CompanyLink::Mode mode)
+    : system(usedSystem),
+      time(usedTime),
+      jobDatabase(mode, identity, lists),
+      timeTable(usedTime),
+      clock(timeTable, lists, usedTime, [this](const JobItem &job) { AddPersonalJob(job); })
+{
+}
+
+void Program::AddPersonalJob(const JobItem &job)
+{
+    try {
+        PersonalJobsRs.AddNew();
+        PersonalJobsRs.SetField(QStringLiteral("JobID"), job.id);
+        PersonalJobsRs.SetField(QStringLiteral("JobName"), job.name);
+        PersonalJobsRs.Update();
+    } catch (const dao::Error &error) {
+        // The list on the screen has the job; the table gets it with the next pick of a later run.
+        qCWarning(log).noquote() << error.Text();
+    }
+}
+
+void Program::CloseDatabases()
+{
+    timeTable.Close();
+    if (!jobDatabase.Close(exitLimit))
+        qCWarning(log) << "the company database did not answer at exit";
+    PersonalJobsRs.Close();
+    LocalDB.Close();
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "clock/Clock.h"
+#include "clock/JobLists.h"
+#include "clock/TimeTable.h"
+#include "platform/dao/Database.h"
+#include "platform/dao/Recordset.h"
+#include "settings/Options.h"
+#include "startup/Identity.h"
+#include "startup/JobDatabase.h"
+#include "texts/TextState.h"
+
+class System;
+class TimeSource;
+
+// One running copy of the program: the only state that its parts share. Several can live side by side in one process.
+class Program
+{
+public:
+    Program(const System &system, const TimeSource &time, CompanyLink::Mode mode);
+
+    const System &system;
+    const TimeSource &time;
+
+    bool StartingUp = true;
+    Identity identity;
+    Options options;
+    TextState texts;
+    JobLists lists;
+    JobDatabase jobDatabase;
+
+    dao::Database LocalDB;         // the per-login database, held for the program's life
+    dao::Recordset PersonalJobsRs; // its Projects, by JobID
+    TimeTable timeTable;
+    Clock clock;
+
+    // Closes the time database, the job database and LocalDB, in that order.
+    void CloseDatabases();
+
+private:
+    void AddPersonalJob(const JobItem &job);
+};

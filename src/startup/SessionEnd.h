@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QObject>
+
+#include <memory>
+
+class QSocketNotifier;
+
+// Tells when the session ends: a logoff or a shutdown reported by the desktop, or the signal that asks a process to end. The
+// program then closes without asking.
+class SessionEnd : public QObject
+{
+    Q_OBJECT
+
+public:
+    SessionEnd();
+    ~SessionEnd() override;
+
+signals:
+    void Ending();
+
+private:
+    std::unique_ptr<QSocketNotifier> notifier_;
+};
