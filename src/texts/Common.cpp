@@ -41,7 +41,7 @@ void Common::SetShowToolTips(bool show)
         try {
             ApplyToolTips(*table.form, table.rows, state_.language);
         } catch (const dao::Error &error) {
-            qCWarning(textsLog).noquote() << error.Text();
+            qCWarning(textsLog).noquote() << table.form->Name() << error.Text();
         }
     }
 }
@@ -51,7 +51,8 @@ void Common::LoadProperties(Form &form)
     try {
         bool created = false;
         dao::Recordset opened = TextTable::Open(localDB_, form.Name(), created);
-        const bool empty = created || opened.RecordCount() == 0;
+        opened.MoveFirst();
+        const bool empty = opened.Eof();
         const bool confirmed = Confirm(form, empty ? saveQuestion : loadQuestion);
         if (confirmed && !empty) {
             ApplyRows(form, opened, state_.language, state_.ShowToolTips.value_or(false));
@@ -65,7 +66,7 @@ void Common::LoadProperties(Form &form)
             TextRows::Write(localDB_, table, TextRows::Missing(form, table), u"adding the texts of "_s + form.Name());
         }
     } catch (const dao::Error &error) {
-        qCWarning(textsLog).noquote() << error.Text();
+        qCWarning(textsLog).noquote() << form.Name() << error.Text();
     }
 }
 
@@ -77,12 +78,13 @@ void Common::SaveProperties(Form &form)
     }
     try {
         dao::Recordset &table = found->second.rows;
+        table.Requery();
         const QList<TextRow> rows =
             TextRows::Missing(form, table)
             + TextRows::Changed(form, table, state_.language, state_.ShowToolTips.value_or(false));
         TextRows::Write(localDB_, table, rows, u"saving the texts of "_s + form.Name());
     } catch (const dao::Error &error) {
-        qCWarning(textsLog).noquote() << error.Text();
+        qCWarning(textsLog).noquote() << form.Name() << error.Text();
     }
     recordsets_.erase(found);
 }
