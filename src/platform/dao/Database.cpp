@@ -124,7 +124,8 @@ Database Database::Connect(const QString &path, const QString &mode, std::chrono
     QSqlQuery version(connection.session);
     if (!connection.handle || !version.exec(u"SELECT sqlite_source_id()"_s) || !version.next()
         || version.value(0).toString() != QLatin1String(sqlite3_sourceid()))
-        throw Error(ErrorKind::Other, u"opening a database"_s, path, u"program and Qt use different SQLite libraries"_s);
+        throw Error(ErrorKind::Other, u"opening a database"_s, path,
+                    u"program and Qt use different SQLite libraries"_s);
     // A misspelt "name" is an error, not a text to compare with.
     sqlite3_db_config(connection.handle, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
     return database;
@@ -160,7 +161,8 @@ Database Database::CreateDatabase(const QString &path)
         throw Error(ErrorKind::CannotOpen, purpose, path, u"the file exists already"_s);
     Database database = Connect(path, u"rwc"_s, defaultBusyWait);
     database.SetUp();
-    Transaction transaction(database, purpose); // writes the header: a file of no bytes is no database to other programs
+    Transaction transaction(database,
+                            purpose); // writes the header: a file of no bytes is no database to other programs
     transaction.Commit();
     return database;
 }
@@ -294,9 +296,8 @@ void Database::CreateTableDef(const TableDef &table)
         transaction.emplace(*this, purpose);
     Execute(u"CREATE TABLE "_s % Quoted(table.name) % u" (Id INTEGER PRIMARY KEY"_s % fields % u')', {}, purpose);
     for (const IndexDef &index : table.indexes) {
-        Execute((index.unique ? u"CREATE UNIQUE INDEX "_s : u"CREATE INDEX "_s)
-                    % Quoted(table.name % u'.' % index.name) % u" ON "_s % Quoted(table.name) % u" ("_s
-                    % Quoted(index.field) % u')',
+        Execute((index.unique ? u"CREATE UNIQUE INDEX "_s : u"CREATE INDEX "_s) % Quoted(table.name % u'.' % index.name)
+                    % u" ON "_s % Quoted(table.name) % u" ("_s % Quoted(index.field) % u')',
                 {}, purpose);
     }
     if (transaction)

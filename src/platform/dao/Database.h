@@ -73,7 +73,7 @@ public:
     bool HasTable(const QString &table);          // without regard to case
     QStringList FieldNames(const QString &table); // empty when there is no such table
     QStringList ResultFieldNames(const QString &select);
-    void CreateTableDef(const TableDef &table);   // with its "Id INTEGER PRIMARY KEY" and its indexes
+    void CreateTableDef(const TableDef &table); // with its "Id INTEGER PRIMARY KEY" and its indexes
 
     // A record set on a table, or on the result of a SELECT.
     Recordset OpenRecordset(const QString &tableOrSelect);

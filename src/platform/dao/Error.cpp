@@ -7,7 +7,10 @@
 namespace dao {
 
 Error::Error(ErrorKind kind, QString purpose, QString file, QString detail)
-    : kind_(kind), purpose_(std::move(purpose)), file_(std::move(file)), detail_(std::move(detail)),
+    : kind_(kind),
+      purpose_(std::move(purpose)),
+      file_(std::move(file)),
+      detail_(std::move(detail)),
       utf8_(Text().toUtf8())
 {
 }

@@ -54,14 +54,16 @@ bool RegisterFunctions(sqlite3 *handle, std::function<QDateTime()> now)
     auto ownedNow = std::make_unique<NowFunction>(std::move(now));
     const auto destroy = [](void *function) { delete static_cast<NowFunction *>(function); };
     // The engine takes the function over, and destroys it also when it refuses.
-    const bool hasNow = sqlite3_create_function_v2(handle, "Now", 0, SQLITE_UTF8, ownedNow.release(), Now, nullptr,
-                                                   nullptr, destroy) == SQLITE_OK;
+    const bool hasNow =
+        sqlite3_create_function_v2(handle, "Now", 0, SQLITE_UTF8, ownedNow.release(), Now, nullptr, nullptr, destroy)
+        == SQLITE_OK;
     const auto add = [handle](const char *name, auto function) {
         return sqlite3_create_function_v2(handle, name, 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr, function,
-                                          nullptr, nullptr, nullptr) == SQLITE_OK;
+                                          nullptr, nullptr, nullptr)
+               == SQLITE_OK;
     };
-    return hasNow && add("CInt", CInt) && add("Day", DatePart<&QDate::day>)
-           && add("Month", DatePart<&QDate::month>) && add("Year", DatePart<&QDate::year>);
+    return hasNow && add("CInt", CInt) && add("Day", DatePart<&QDate::day>) && add("Month", DatePart<&QDate::month>)
+           && add("Year", DatePart<&QDate::year>);
 }
 
 } // namespace dao

@@ -54,30 +54,32 @@ Held Database::OpenHeld(const QString &path, const QStringList &requiredTables)
 HeldFailure Database::Hold(const QStringList &requiredTables, QString &detail)
 {
     const QString purpose = u"taking a file for this copy alone"_s;
+    const auto begin = [&] { Execute(u"BEGIN EXCLUSIVE"_s, {}, purpose); };
     try {
-        Execute(u"BEGIN EXCLUSIVE"_s, {}, purpose);
+        begin();
+        // The file is judged before anything in it is touched.
+        const bool complete = std::all_of(requiredTables.cbegin(), requiredTables.cend(),
+                                          [this](const QString &table) { return HasTable(table); });
+        const QString check = Select(u"PRAGMA quick_check(1)"_s, {}, purpose).value(0).value(0).toString();
+        if (!complete || check != "ok"_L1) {
+            detail = complete ? check : u"tables are missing"_s;
+            return HeldFailure::Damaged;
+        }
+        // A trial shows whether the file, and a journal beside it, can be written. Rolled back, it leaves the file as it was
+        // and never waits for the disk.
+        Execute(u"CREATE TABLE \"trial of writing\" (Id INTEGER PRIMARY KEY)"_s, {}, purpose);
+        Execute(u"ROLLBACK"_s, {}, purpose);
+        // The mode is set when the lock is there: set before, two copies that start at the same time would both keep a
+        // shared lock and both fail. Here one of them wins, whoever begins last.
+        begin();
+        Execute(u"PRAGMA locking_mode = EXCLUSIVE"_s, {}, purpose);
+        Execute(u"COMMIT"_s, {}, purpose);
     } catch (const Error &error) {
         if (error.Kind() != ErrorKind::Busy)
             throw;
         detail = error.Text();
         return ReadableNow(purpose) ? HeldFailure::InUseElsewhere : HeldFailure::HeldByAnotherCopy;
     }
-
-    // The file is judged before anything in it is touched.
-    const bool complete = std::all_of(requiredTables.cbegin(), requiredTables.cend(),
-                                      [this](const QString &table) { return HasTable(table); });
-    const QString check = Select(u"PRAGMA quick_check(1)"_s, {}, purpose).value(0).value(0).toString();
-    if (!complete || check != "ok"_L1) {
-        detail = complete ? check : u"tables are missing"_s;
-        return HeldFailure::Damaged;
-    }
-
-    // A trial shows whether the file and a journal beside it can be written; rolled back, it leaves the file as it was and
-    // costs no waiting for the disk. The mode is set inside the transaction: set before, two copies that start at the same
-    // time would both keep a shared lock and both fail.
-    Execute(u"CREATE TABLE \"trial of writing\" (Id INTEGER PRIMARY KEY)"_s, {}, purpose);
-    Execute(u"PRAGMA locking_mode = EXCLUSIVE"_s, {}, purpose);
-    Execute(u"ROLLBACK"_s, {}, purpose);
     SetUp();
     return HeldFailure::None;
 }

@@ -86,7 +86,8 @@ void Recordset::Index(const QString &name)
     const QString longName = table_ % u'.' % name;
     const auto found = std::find_if(indexes.cbegin(), indexes.cend(), [&](const QVariantList &index) {
         const QString candidate = index[0].toString();
-        return candidate.compare(name, Qt::CaseInsensitive) == 0 || candidate.compare(longName, Qt::CaseInsensitive) == 0;
+        return candidate.compare(name, Qt::CaseInsensitive) == 0
+               || candidate.compare(longName, Qt::CaseInsensitive) == 0;
     });
     Require(found != indexes.cend(), u"no index "_s % name);
     indexField_ = found->at(1).toString();
@@ -99,9 +100,8 @@ void Recordset::Seek(const QVariant &key)
     Require(!indexField_.isEmpty(), u"no index is set"_s);
     Requery();
     noMatch_ = true;
-    const QList<QVariantList> found =
-        database.Select(select_ % u" WHERE "_s % Quoted(indexField_) % u" = ? ORDER BY Id LIMIT 1"_s, {key},
-                        Purpose(u"seeking in"_s));
+    const QList<QVariantList> found = database.Select(
+        select_ % u" WHERE "_s % Quoted(indexField_) % u" = ? ORDER BY Id LIMIT 1"_s, {key}, Purpose(u"seeking in"_s));
     noMatch_ = found.isEmpty();
     if (!noMatch_)
         current_ = found.constFirst();

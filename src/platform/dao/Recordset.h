@@ -34,7 +34,7 @@ public:
 
     void MoveFirst(); // on an empty record set Eof() becomes true
     void MoveLast();
-    void MoveNext(); // after Seek and Update, on from that row; after Delete, to the row that followed the deleted one
+    void MoveNext();  // after Seek and Update, on from that row; after Delete, to the row that followed the deleted one
     bool Eof() const; // also before the first move and when nothing is current
     int RecordCount();
 

@@ -9,8 +9,8 @@ namespace dao {
 struct FieldDef
 {
     QString name;
-    QString type;             // as in SQL: "TEXT", "REAL", "INTEGER"
-    bool ignoreCase = false;  // compares without regard to (ASCII) case
+    QString type;            // as in SQL: "TEXT", "REAL", "INTEGER"
+    bool ignoreCase = false; // compares without regard to (ASCII) case
     bool notNull = false;
 };
 

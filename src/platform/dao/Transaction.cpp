@@ -18,7 +18,8 @@ Transaction::Transaction(Database &database, QString purpose) : database_(databa
 
 Transaction::~Transaction()
 {
-    if (!open_ || !database_.InTransaction()) // the engine has rolled back by itself after some errors, a full disk for one
+    if (!open_
+        || !database_.InTransaction()) // the engine has rolled back by itself after some errors, a full disk for one
         return;
     try {
         database_.Execute(QStringLiteral("ROLLBACK"), {}, purpose_);

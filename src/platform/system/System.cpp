@@ -80,12 +80,12 @@ bool System::IsNetworkFileSystem(const QString &type)
 {
     // The shares of a virtual machine with its own host (9p, virtiofs, vboxsf) are not here: they end on the same desk.
     static const QLatin1String networkTypes[] = {
-        QLatin1String("nfs"),       QLatin1String("nfs4"),   QLatin1String("cifs"),     QLatin1String("smb"),
-        QLatin1String("smb2"),      QLatin1String("smb3"),   QLatin1String("smbfs"),    QLatin1String("sshfs"),
-        QLatin1String("afs"),       QLatin1String("afpfs"),  QLatin1String("ncp"),      QLatin1String("ncpfs"),
-        QLatin1String("davfs"),     QLatin1String("davfs2"), QLatin1String("webdav"),   QLatin1String("rclone"),
-        QLatin1String("ceph"),      QLatin1String("coda"),   QLatin1String("glusterfs"), QLatin1String("lustre"),
-        QLatin1String("beegfs"),    QLatin1String("s3fs"),   QLatin1String("gvfsd-fuse"),
+        QLatin1String("nfs"),    QLatin1String("nfs4"),   QLatin1String("cifs"),       QLatin1String("smb"),
+        QLatin1String("smb2"),   QLatin1String("smb3"),   QLatin1String("smbfs"),      QLatin1String("sshfs"),
+        QLatin1String("afs"),    QLatin1String("afpfs"),  QLatin1String("ncp"),        QLatin1String("ncpfs"),
+        QLatin1String("davfs"),  QLatin1String("davfs2"), QLatin1String("webdav"),     QLatin1String("rclone"),
+        QLatin1String("ceph"),   QLatin1String("coda"),   QLatin1String("glusterfs"),  QLatin1String("lustre"),
+        QLatin1String("beegfs"), QLatin1String("s3fs"),   QLatin1String("gvfsd-fuse"),
     };
     // A file system in user space shows as "fuse." and its own name.
     const QString fuse = QStringLiteral("fuse.");

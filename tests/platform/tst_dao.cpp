@@ -1,0 +1,287 @@
+#include "OrdinaryUser.h"
+#include "platform/dao/Database.h"
+#include "platform/dao/DateValue.h"
+#include "platform/dao/Error.h"
+#include "platform/dao/Recordset.h"
+#include "platform/dao/TableDef.h"
+
+#include <QDir>
+#include <QFile>
+#include <QRandomGenerator>
+#include <QSqlQuery>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <cmath>
+#include <limits>
+#include <optional>
+
+using namespace dao;
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+const TableDef people{
+    u"People"_s, {{u"Name"_s, u"TEXT"_s, true, true}, {u"Born"_s, u"REAL"_s}}, {{u"Name"_s, u"Name"_s, true}}};
+
+template <class Work> std::optional<ErrorKind> KindThrownBy(Work work)
+{
+    try {
+        work();
+    } catch (const Error &error) {
+        return error.Kind();
+    }
+    return std::nullopt;
+}
+
+int CountPeople(Database &database)
+{
+    return database.OpenRecordset(u"People"_s).RecordCount();
+}
+
+void AddPerson(Database &database, const QString &name)
+{
+    database.Insert(u"INSERT INTO People (Name) VALUES (?)"_s, {name}, u"adding a person"_s);
+}
+
+QVariant Value(Database &database, const QString &expression, const QVariantList &values = {})
+{
+    return database.Select(u"SELECT "_s + expression, values, u"evaluating"_s).value(0).value(0);
+}
+
+} // namespace
+
+class TestDao : public QObject
+{
+    Q_OBJECT
+
+private:
+    QTemporaryDir folder_;
+    int files_ = 0;
+
+    QString NewPath() { return folder_.filePath(u"%1.mdb"_s.arg(++files_)); }
+
+    QString NewFile()
+    {
+        const QString path = NewPath();
+        Database::CreateDatabase(path).CreateTableDef(people);
+        return path;
+    }
+
+private slots:
+    void PathsOfAnyCharacters_data()
+    {
+        QTest::addColumn<QString>("name");
+        for (const char *name : {"ÆØÅ æøå", "100% 50%25", "what?mode=memory", "a#b;c&d=e", "it's \"so\"", "+plus~"})
+            QTest::newRow(name) << QString::fromUtf8(name);
+    }
+    void PathsOfAnyCharacters()
+    {
+        QFETCH(QString, name);
+        const QString path = folder_.filePath(name + u".mdb"_s);
+        Database::CreateDatabase(path).CreateTableDef(people);
+        QVERIFY(QDir(folder_.path()).entryList(QDir::Files).contains(name + u".mdb"_s));
+        QVERIFY(Database::OpenDatabase(path).HasTable(u"people"_s));
+    }
+
+    void OpensOnlyDatabasesThatAreThere()
+    {
+        const QString missing = NewPath();
+        QCOMPARE(KindThrownBy([&] { Database::OpenDatabase(missing); }), ErrorKind::CannotOpen);
+        QVERIFY(!QFile::exists(missing));
+        QCOMPARE(KindThrownBy([&] { Database::OpenDatabase(folder_.path()); }), ErrorKind::CannotOpen);
+
+        const QString text = NewPath();
+        QFile file(text);
+        QVERIFY(file.open(QFile::WriteOnly));
+        file.write(QByteArray("no database at all\n").repeated(100));
+        file.close();
+        QCOMPARE(KindThrownBy([&] { Database::OpenDatabase(text); }), ErrorKind::Corrupt);
+
+        const QString cut = NewFile();
+        QVERIFY(QFile::resize(cut, QFile(cut).size() / 2));
+        QCOMPARE(KindThrownBy([&] { Database::OpenDatabase(cut); }), ErrorKind::Corrupt);
+
+        const QString existing = NewFile();
+        QVERIFY(KindThrownBy([&] { Database::CreateDatabase(existing); }).has_value());
+        QVERIFY(Database::OpenDatabase(existing).HasTable(u"People"_s));
+    }
+
+    void ClosedDatabaseRefuses()
+    {
+        Database database = Database::OpenDatabase(NewFile());
+        database.Close();
+        database.Close();
+        QCOMPARE(KindThrownBy([&] { AddPerson(database, u"Anna"_s); }), ErrorKind::Other);
+    }
+
+    void UnwritableFileCanBeRead()
+    {
+#ifndef Q_OS_UNIX
+        QSKIP("needs file permissions");
+#endif
+        const QString path = NewFile();
+        QVERIFY(QFile::setPermissions(path, QFile::ReadOwner | QFile::ReadOther));
+        QVERIFY(QFile::setPermissions(folder_.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner
+                                                          | QFile::ReadOther | QFile::ExeOther));
+        const OrdinaryUser user;
+        Database database = Database::OpenDatabase(path);
+        QCOMPARE(CountPeople(database), 0);
+        QCOMPARE(KindThrownBy([&] { AddPerson(database, u"Anna"_s); }), ErrorKind::ReadOnly);
+    }
+
+    void ErrorsSayWhatForAndWhere()
+    {
+        Database database = Database::OpenDatabase(NewFile());
+        AddPerson(database, u"Anna"_s);
+        try {
+            AddPerson(database, u"ANNA"_s);
+            QFAIL("a second row of the same name");
+        } catch (const Error &error) {
+            QCOMPARE(error.Kind(), ErrorKind::Constraint);
+            QVERIFY(error.Text().contains(u"adding a person"_s) && error.Text().contains(database.Path()));
+        }
+        QCOMPARE(KindThrownBy([&] { Value(database, u"1 FROM People WHERE \"Nmae\" = 'Anna'"_s); }), ErrorKind::Other);
+    }
+
+    void TransactionsRollBackUnlessCommitted()
+    {
+        const QString path = NewFile();
+        Database database = Database::OpenDatabase(path);
+        Database second = Database::OpenDatabase(path, std::chrono::milliseconds(20));
+        {
+            Transaction transaction(database, u"trying"_s);
+            AddPerson(database, u"Anna"_s);
+            QCOMPARE(KindThrownBy([&] { AddPerson(second, u"Bo"_s); }), ErrorKind::Busy);
+        }
+        AddPerson(second, u"Bo"_s);
+        QCOMPARE(CountPeople(database), 1);
+
+        // A reader in the middle of its rows stops the commit: the error says busy, and nothing is left half done.
+        database.ForEach(u"SELECT Name FROM People"_s, {}, u"reading"_s, [&](const QSqlQuery &) {
+            QCOMPARE(KindThrownBy([&] {
+                         Transaction transaction(second, u"adding"_s);
+                         AddPerson(second, u"Carl"_s);
+                         transaction.Commit();
+                     }),
+                     ErrorKind::Busy);
+        });
+        QCOMPARE(CountPeople(second), 1);
+        Transaction transaction(second, u"adding"_s);
+        second.CreateTableDef({u"Part of it"_s, {}, {}});
+        AddPerson(second, u"Carl"_s);
+        transaction.Commit();
+        QCOMPARE(CountPeople(database), 2);
+        QVERIFY(database.HasTable(u"part of it"_s));
+    }
+
+    void ValuesAreStoredAsTheProgramNeedsThem()
+    {
+        Database database = Database::OpenDatabase(NewFile());
+        QCOMPARE(Value(database, u"?"_s, {true}).toInt(), -1);
+        QCOMPARE(Value(database, u"?"_s, {false}).toInt(), 0);
+        QCOMPARE(Value(database, u"?"_s, {WallTime({1900, 1, 1}, {12, 0})}).toDouble(), 2.5);
+        QCOMPARE(Value(database, u"? IS NULL"_s, {QVariant()}).toInt(), 1);
+        QCOMPARE(database.Insert(u"INSERT INTO People (Name) VALUES (?)"_s, {u"Anna"_s}, u"adding"_s), 1);
+        QCOMPARE(database.Insert(u"INSERT OR IGNORE INTO People (Name) VALUES (?)"_s, {u"anna"_s}, u"adding"_s), 0);
+    }
+
+    void DatesAreExactToTheSecond()
+    {
+        const QDateTime first = WallTime({1900, 1, 1}, {0, 0});
+        const qint64 span = first.secsTo(WallTime({2101, 1, 1}, {0, 0}));
+        QRandomGenerator random(1899);
+        for (int i = 0; i < 100'000; ++i) {
+            const QDateTime time = first.addSecs(random.bounded(span));
+            if (FromDays(ToDays(time)) != time)
+                QFAIL(qPrintable(time.toString(Qt::ISODate)));
+        }
+        QCOMPARE(ToDays(WallTime({1899, 12, 30}, {6, 0})), 0.25);
+        QCOMPARE(FromDays(36526), WallTime({2000, 1, 1}, {0, 0}));
+        // A wall-clock time that summer time skips is a time like any other.
+        const QDateTime skipped = WallTime({2024, 3, 31}, {2, 30});
+        QCOMPARE(ReadDateField(DateField(skipped)), skipped);
+    }
+
+    void WhatIsNoDateIsNone_data()
+    {
+        QTest::addColumn<QVariant>("field");
+        QTest::newRow("nothing") << QVariant();
+        QTest::newRow("null") << QVariant(QMetaType::fromType<double>());
+        QTest::newRow("text") << QVariant(u"45000"_s);
+        QTest::newRow("infinite") << QVariant(std::numeric_limits<double>::infinity());
+        QTest::newRow("no number") << QVariant(std::numeric_limits<double>::quiet_NaN());
+        QTest::newRow("huge") << QVariant(-1e300);
+    }
+    void WhatIsNoDateIsNone()
+    {
+        QFETCH(QVariant, field);
+        QVERIFY(!ReadDateField(field));
+        QVERIFY(DateField(ReadDateField(field)).isNull());
+    }
+
+    void CIntRoundsHalvesToEven_data()
+    {
+        QTest::addColumn<double>("number");
+        QTest::addColumn<double>("rounded");
+        QTest::newRow("half down") << 2.5 << 2.0;
+        QTest::newRow("half up") << 3.5 << 4.0;
+        QTest::newRow("almost a half") << 3.5 - 3e-8 << 4.0;
+        QTest::newRow("hardly over a half") << 2.5 + 3e-8 << 2.0;
+        QTest::newRow("a second over") << 2.5 + 1.1e-3 << 3.0;
+        QTest::newRow("negative") << -2.5 << -2.0;
+        QTest::newRow("large") << 1e15 + 1 << 1e15 + 1;
+    }
+    void CIntRoundsHalvesToEven()
+    {
+        QFETCH(double, number);
+        QFETCH(double, rounded);
+        Database database = Database::OpenDatabase(NewFile());
+        database.RegisterFunctions([] { return QDateTime(); });
+        QCOMPARE(Value(database, u"CInt(?)"_s, {number}), QVariant(rounded));
+    }
+
+    // 7 min 30 s are half a quarter of an hour, at whatever time of the day they begin.
+    void HalfQuartersRoundAlike()
+    {
+        Database database = Database::OpenDatabase(NewFile());
+        database.RegisterFunctions([] { return QDateTime(); });
+        database.Execute(u"CREATE TABLE Times (Id INTEGER PRIMARY KEY, Began REAL, Ended REAL)"_s, {}, u"preparing"_s);
+        {
+            Transaction transaction(database, u"preparing"_s);
+            for (int second = 0; second < 86'400; second += 7) {
+                const QDateTime began = WallTime({2024, 2, 28}, {0, 0}).addSecs(second);
+                database.Insert(u"INSERT INTO Times (Began, Ended) VALUES (?, ?)"_s, {began, began.addSecs(5 * 450)},
+                                u"preparing"_s);
+            }
+            transaction.Commit();
+        }
+        QCOMPARE(Value(database, u"count(*) FROM Times WHERE CInt((Ended - Began) * 96) <> 2"_s).toInt(), 0);
+    }
+
+    void DateFunctions()
+    {
+        Database database = Database::OpenDatabase(NewFile());
+        QDateTime now = WallTime({2024, 2, 29}, {23, 59, 59});
+        database.RegisterFunctions([&now] { return now; });
+        QCOMPARE(Value(database, u"Now()"_s).toDouble(), ToDays(now));
+        QCOMPARE(Value(database, u"Year(Now()) * 10000 + Month(Now()) * 100 + Day(Now())"_s).toInt(), 20240229);
+        now = now.addSecs(1);
+        QCOMPARE(Value(database, u"Day(Now())"_s).toInt(), 1);
+        QCOMPARE(Value(database,
+                       u"Year(NULL) IS NULL AND Day('x') IS NULL AND Month(1e300) IS NULL AND CInt(NULL) IS NULL"_s)
+                     .toInt(),
+                 1);
+
+        database.Execute(u"CREATE INDEX Born ON People (Born)"_s, {}, u"preparing"_s);
+        const QString plan =
+            database.Select(u"EXPLAIN QUERY PLAN SELECT * From People WHERE People.Born>Now()-7"_s, {}, u"planning"_s)
+                .value(0)
+                .value(3)
+                .toString();
+        QVERIFY2(plan.contains(u"USING INDEX Born"_s), qPrintable(plan));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestDao)
+#include "tst_dao.moc"

@@ -1,0 +1,246 @@
+#include "OrdinaryUser.h"
+#include "platform/dao/Database.h"
+#include "platform/dao/Recordset.h"
+#include "platform/dao/TableDef.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <cstdio>
+#include <memory>
+#include <vector>
+
+using namespace dao;
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+const QStringList tables{u"Projects"_s, u"NotesList"_s};
+
+void Say(const char *word)
+{
+    std::puts(word);
+    std::fflush(stdout);
+}
+
+// Another copy: says "ready", waits for a line, takes the file, says how that went, and stays until it is killed or its
+// input ends. With "writing" it stays in the middle of a transaction, with changed pages written to the file already.
+int RunCopy(const QString &path, bool writing)
+{
+    QFile input;
+    if (!input.open(stdin, QFile::ReadOnly))
+        return 1;
+    Say("ready");
+    input.readLine();
+    Held held = Database::OpenHeld(path, tables);
+    if (writing && held.failure == HeldFailure::None) {
+        held.database.Execute(u"PRAGMA cache_size = 1"_s, {}, u"spilling early"_s);
+        held.database.Execute(u"BEGIN"_s, {}, u"writing"_s);
+        held.database.Execute(u"UPDATE Projects SET Name = 'lost'"_s, {}, u"writing"_s);
+    }
+    Say(held.failure == HeldFailure::None                ? "held"
+        : held.failure == HeldFailure::HeldByAnotherCopy ? "refused"
+                                                         : "failed");
+    input.readLine();
+    return 0;
+}
+
+class Copy
+{
+public:
+    explicit Copy(const QString &path, const QString &way = u"holding"_s)
+    {
+        process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        process_.start(QCoreApplication::applicationFilePath(), {u"--copy"_s, way, path});
+        Answer();
+    }
+    ~Copy() { Kill(); }
+
+    void Go()
+    {
+        process_.write("\n");
+        process_.waitForBytesWritten();
+    }
+    QString Answer()
+    {
+        while (!process_.canReadLine() && process_.waitForReadyRead()) {
+        }
+        return QString::fromLatin1(process_.readLine()).trimmed();
+    }
+    void Kill()
+    {
+        process_.kill();
+        process_.waitForFinished();
+    }
+
+private:
+    QProcess process_;
+};
+
+} // namespace
+
+class TestHeld : public QObject
+{
+    Q_OBJECT
+
+private:
+    QTemporaryDir folder_;
+    int files_ = 0;
+
+    QString NewFile()
+    {
+        const QString path = folder_.filePath(u"%1.mdb"_s.arg(++files_));
+        Database database = Database::CreateDatabase(path);
+        for (const QString &table : tables)
+            database.CreateTableDef({table, {{u"Name"_s, u"TEXT"_s}}, {}});
+        Transaction transaction(database, u"preparing"_s);
+        for (int row = 0; row < 200; ++row) {
+            database.Insert(u"INSERT INTO Projects (Name) VALUES (?)"_s, {QString(500, u'x')}, u"preparing"_s);
+        }
+        transaction.Commit();
+        return path;
+    }
+
+    static QByteArray Content(const QString &path) // only while no connection is open
+    {
+        QFile file(path);
+        return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+private slots:
+    void IsOneCopysAloneUntilItDies()
+    {
+        const QString path = NewFile();
+        Copy copy(path);
+        copy.Go();
+        QCOMPARE(copy.Answer(), u"held"_s);
+        const Held second = Database::OpenHeld(path, tables);
+        QCOMPARE(second.failure, HeldFailure::HeldByAnotherCopy);
+        QVERIFY(!second.database.IsOpen());
+        copy.Kill();
+        Held third = Database::OpenHeld(path, tables);
+        QCOMPARE(third.failure, HeldFailure::None);
+        // Writing and reading do not let go of it.
+        third.database.Insert(u"INSERT INTO Projects (Name) VALUES ('a')"_s, {}, u"writing"_s);
+        QCOMPARE(third.database.OpenRecordset(u"Projects"_s).RecordCount(), 201);
+        Copy fourth(path);
+        fourth.Go();
+        QCOMPARE(fourth.Answer(), u"refused"_s);
+        third.database.Close();
+        QCOMPARE(Database::OpenHeld(path, tables).failure, HeldFailure::None);
+        QVERIFY(!QFile::exists(path + u"-journal"_s));
+    }
+
+    void DeathInMidTransactionLosesNothing()
+    {
+        const QString path = NewFile();
+        Copy copy(path, u"writing"_s);
+        copy.Go();
+        QCOMPARE(copy.Answer(), u"held"_s);
+        copy.Kill();
+        QVERIFY(Content(path).contains("lost") && QFile::exists(path + u"-journal"_s));
+        Held held = Database::OpenHeld(path, tables);
+        QCOMPARE(held.failure, HeldFailure::None);
+        QVERIFY(held.database.Select(u"SELECT 1 FROM Projects WHERE Name = 'lost'"_s, {}, u"reading"_s).isEmpty());
+        QCOMPARE(held.database.OpenRecordset(u"Projects"_s).RecordCount(), 200);
+    }
+
+    void OneWinnerInARace()
+    {
+        const QString path = NewFile();
+        for (int round = 0; round < 3; ++round) {
+            std::vector<std::unique_ptr<Copy>> copies;
+            for (int copy = 0; copy < 4; ++copy)
+                copies.push_back(std::make_unique<Copy>(path));
+            for (const auto &copy : copies)
+                copy->Go();
+            QStringList answers;
+            for (const auto &copy : copies)
+                answers.append(copy->Answer());
+            answers.sort();
+            QCOMPARE(answers, QStringList({u"held"_s, u"refused"_s, u"refused"_s, u"refused"_s}));
+        }
+    }
+
+    void InUseElsewhereIsNotAnotherCopy()
+    {
+        const QString path = NewFile();
+        Database other = Database::OpenDatabase(path);
+        const Transaction transaction(other, u"being in the way"_s);
+        QCOMPARE(Database::OpenHeld(path, tables).failure, HeldFailure::InUseElsewhere);
+    }
+
+    void JudgesWithoutTouching_data()
+    {
+        QTest::addColumn<QByteArray>("content"); // what is written over the file, from `offset`
+        QTest::addColumn<qint64>("offset");
+        QTest::addColumn<qint64>("size"); // what is left of it then, -1: all
+        QTest::addColumn<HeldFailure>("failure");
+        const qint64 all = -1;
+        QTest::newRow("sound") << QByteArray() << qint64(0) << all << HeldFailure::None;
+        QTest::newRow("empty") << QByteArray() << qint64(0) << qint64(0) << HeldFailure::Damaged;
+        QTest::newRow("a few bytes") << QByteArray() << qint64(0) << qint64(7) << HeldFailure::Damaged;
+        QTest::newRow("cut off") << QByteArray() << qint64(0) << qint64(20'000) << HeldFailure::Damaged;
+        QTest::newRow("another header") << QByteArray(100, 'z') << qint64(0) << all << HeldFailure::Damaged;
+        QTest::newRow("a page overwritten") << QByteArray(4096, 'z') << qint64(5 * 4096) << all << HeldFailure::Damaged;
+    }
+    void JudgesWithoutTouching()
+    {
+        QFETCH(QByteArray, content);
+        QFETCH(qint64, offset);
+        QFETCH(qint64, size);
+        const QString path = NewFile();
+        QFile file(path);
+        QVERIFY(file.open(QFile::ReadWrite) && file.seek(offset) && file.write(content) == content.size());
+        QVERIFY(size < 0 || file.resize(size));
+        file.close();
+        const QByteArray before = Content(path);
+        QTEST(Database::OpenHeld(path, tables).failure, "failure");
+        QCOMPARE(Content(path), before);
+    }
+
+    void NeedsItsTables()
+    {
+        const QString path = NewFile();
+        const Held held = Database::OpenHeld(path, tables + QStringList{u"Missing"_s});
+        QCOMPARE(held.failure, HeldFailure::Damaged);
+        QCOMPARE(Database::OpenHeld(path + u"x"_s, tables).failure, HeldFailure::Missing);
+        QVERIFY(!QFile::exists(path + u"x"_s));
+    }
+
+    void UnwritableIsNotDamaged_data()
+    {
+        QTest::addColumn<QFile::Permissions>("file");
+        const QFile::Permissions nobodys = QFile::ReadOwner | QFile::WriteOwner;
+        QTest::newRow("unreadable") << nobodys;
+        QTest::newRow("the file") << (nobodys | QFile::ReadOther);
+        QTest::newRow("its folder") << (nobodys | QFile::ReadOther | QFile::WriteOther);
+    }
+    void UnwritableIsNotDamaged()
+    {
+#ifndef Q_OS_UNIX
+        QSKIP("needs file permissions");
+#endif
+        QFETCH(QFile::Permissions, file);
+        const QString path = NewFile();
+        QVERIFY(QFile::setPermissions(path, file));
+        QVERIFY(QFile::setPermissions(folder_.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner
+                                                          | QFile::ReadOther | QFile::ExeOther));
+        const OrdinaryUser user;
+        QCOMPARE(Database::OpenHeld(path, tables).failure, HeldFailure::NotWritable);
+    }
+};
+
+int main(int argc, char *argv[])
+{
+    QCoreApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.value(1) == "--copy"_L1)
+        return RunCopy(arguments.value(3), arguments.value(2) == "writing"_L1);
+    TestHeld test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "tst_held.moc"

@@ -1,0 +1,287 @@
+#include "platform/dao/Database.h"
+#include "platform/dao/Error.h"
+#include "platform/dao/Recordset.h"
+#include "platform/dao/TableDef.h"
+
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace dao;
+using namespace Qt::Literals::StringLiterals;
+
+class TestRecordset : public QObject
+{
+    Q_OBJECT
+
+private:
+    QTemporaryDir folder_;
+    int files_ = 0;
+    Database database_;
+
+    // The names from the current row on.
+    static QString Rest(Recordset &rows)
+    {
+        QStringList names;
+        for (; !rows.Eof(); rows.MoveNext())
+            names.append(rows.Field(u"Name"_s).toString());
+        return names.join(u' ');
+    }
+    static QString All(Recordset &rows)
+    {
+        rows.MoveFirst();
+        return Rest(rows);
+    }
+
+    Recordset Jobs(bool byName = true)
+    {
+        Recordset rows = database_.OpenRecordset(u"Jobs"_s);
+        if (byName)
+            rows.Index(u"ByName"_s);
+        return rows;
+    }
+
+private slots:
+    void init()
+    {
+        database_ = Database::CreateDatabase(folder_.filePath(u"%1.mdb"_s.arg(++files_)));
+        database_.CreateTableDef({u"Jobs"_s,
+                                  {{u"Name"_s, u"TEXT"_s, true}, {u"Hours"_s, u"REAL NOT NULL DEFAULT 1.5"_s}},
+                                  {{u"ByName"_s, u"Name"_s}}});
+        database_.Execute(u"INSERT INTO Jobs (Name) VALUES ('delta'), ('Alpha'), ('charlie'), ('Bravo')"_s, {},
+                          u"preparing"_s);
+    }
+
+    void WalksInOrder()
+    {
+        Recordset rows = Jobs(false);
+        QVERIFY(rows.IsOpen() && rows.Eof());
+        QCOMPARE(rows.RecordCount(), 4);
+        QCOMPARE(All(rows), u"delta Alpha charlie Bravo"_s);
+        rows.MoveNext(); // past the end already
+        QVERIFY(rows.Eof());
+        rows.Index(u"BYNAME"_s);
+        QCOMPARE(All(rows), u"Alpha Bravo charlie delta"_s);
+        rows.MoveLast();
+        QCOMPARE(rows.Field(u"NAME"_s).toString(), u"delta"_s);
+        QVERIFY(!rows.Field(u"nothing"_s).isValid());
+
+        database_.Execute(u"DELETE FROM Jobs"_s, {}, u"emptying"_s);
+        rows.Requery();
+        rows.MoveLast();
+        QVERIFY(rows.Eof());
+        rows.MoveNext();
+        QVERIFY(rows.Eof());
+        QCOMPARE(rows.RecordCount(), 0);
+    }
+
+    void SeekAsksTheFile()
+    {
+        Recordset rows = Jobs();
+        rows.MoveFirst();
+        database_.Insert(u"INSERT INTO Jobs (Name) VALUES ('Beta')"_s, {}, u"another's row"_s);
+        rows.Seek(u"BETA"_s);
+        QVERIFY(!rows.NoMatch());
+        QCOMPARE(Rest(rows), u"Beta Bravo charlie delta"_s);
+        rows.Seek(u"nobody"_s);
+        QVERIFY(rows.NoMatch() && rows.Eof());
+        rows.Seek(QVariant());
+        QVERIFY(rows.NoMatch());
+    }
+
+    void NewRowHasItsPlaceAndItsDefaults()
+    {
+        Recordset rows = Jobs();
+        rows.MoveFirst();
+        rows.AddNew();
+        QVERIFY(!rows.Field(u"Name"_s).isValid());
+        rows.SetField(u"name"_s, u"Beta"_s);
+        rows.SetField(u"no such field"_s, 1);
+        rows.Update();
+        QCOMPARE(rows.Field(u"Name"_s).toString(), u"Beta"_s);
+        QCOMPARE(rows.Field(u"Hours"_s).toDouble(), 1.5);
+        QVERIFY(rows.Field(u"Id"_s).toInt() > 0);
+        QCOMPARE(Rest(rows), u"Beta Bravo charlie delta"_s);
+        rows.AddNew();
+        rows.Update();
+        QVERIFY(rows.Field(u"Name"_s).isNull());
+        QCOMPARE(Rest(rows), u" Alpha Beta Bravo charlie delta"_s);
+    }
+
+    void EditWritesOnlyWhatWasSet()
+    {
+        Recordset rows = Jobs();
+        rows.Seek(u"bravo"_s);
+        rows.Edit();
+        database_.Execute(u"UPDATE Jobs SET Hours = 7"_s, {}, u"another's change"_s);
+        rows.SetField(u"Name"_s, u"Brava"_s);
+        QCOMPARE(rows.Field(u"Name"_s).toString(), u"Brava"_s);
+        rows.Update();
+        QCOMPARE(rows.Field(u"Hours"_s).toDouble(), 7.0);
+        QCOMPARE(All(rows), u"Alpha Brava charlie delta"_s);
+
+        rows.MoveFirst();
+        rows.Edit();
+        rows.SetField(u"Name"_s, u"lost"_s);
+        rows.MoveNext(); // a move gives up the edit
+        QVERIFY_THROWS_EXCEPTION(Error, rows.Update());
+        rows.Edit();
+        rows.SetField(u"Name"_s, QVariant());
+        rows.Update();
+        QCOMPARE(All(rows), u"Alpha  charlie delta"_s); // the walk keeps its order
+        rows.Requery();
+        QCOMPARE(All(rows), u" Alpha charlie delta"_s);
+    }
+
+    void EqualRowsAreTwo()
+    {
+        database_.Insert(u"INSERT INTO Jobs (Name) VALUES ('alpha')"_s, {}, u"preparing"_s);
+        Recordset rows = Jobs();
+        rows.Seek(u"alpha"_s);
+        rows.Delete();
+        QCOMPARE(All(rows), u"alpha Bravo charlie delta"_s);
+    }
+
+    void DeletedRowIsFollowedByTheNext_data()
+    {
+        QTest::addColumn<bool>("byName");
+        QTest::addColumn<bool>("seek");
+        QTest::addColumn<QString>("deleted");
+        QTest::addColumn<QString>("rest");
+        QTest::newRow("found") << true << true << u"Bravo"_s << u"charlie delta"_s;
+        QTest::newRow("walked to") << true << false << u"Bravo"_s << u"charlie delta"_s;
+        QTest::newRow("first") << true << false << u"Alpha"_s << u"Bravo charlie delta"_s;
+        QTest::newRow("last") << true << true << u"delta"_s << QString();
+        QTest::newRow("in the order of adding") << false << false << u"Alpha"_s << u"charlie Bravo"_s;
+    }
+    void DeletedRowIsFollowedByTheNext()
+    {
+        QFETCH(bool, byName);
+        QFETCH(bool, seek);
+        QFETCH(QString, deleted);
+        Recordset rows = Jobs(byName);
+        if (seek) {
+            rows.Seek(deleted);
+        } else {
+            rows.MoveFirst();
+            while (rows.Field(u"Name"_s).toString() != deleted)
+                rows.MoveNext();
+        }
+        rows.Delete();
+        QVERIFY(rows.Eof());
+        QVERIFY_THROWS_EXCEPTION(Error, rows.Edit());
+        rows.MoveNext();
+        QTEST(Rest(rows), "rest");
+    }
+
+    void EmptiesATableInOneWalk()
+    {
+        Recordset rows = Jobs();
+        for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext())
+            rows.Delete();
+        QCOMPARE(Jobs().RecordCount(), 0);
+    }
+
+    void FailedUpdateCanBeTriedAgain()
+    {
+        Recordset rows = Jobs();
+        rows.AddNew();
+        rows.SetField(u"Name"_s, u"echo"_s);
+        Database other = Database::OpenDatabase(database_.Path());
+        {
+            const Transaction transaction(other, u"being in the way"_s);
+            database_.SetBusyWait(std::chrono::milliseconds(10));
+            QVERIFY_THROWS_EXCEPTION(Error, rows.Update());
+        }
+        rows.Update();
+        QCOMPARE(rows.Field(u"Name"_s).toString(), u"echo"_s);
+        QCOMPARE(rows.RecordCount(), 5);
+    }
+
+    void RowDeletedByAnotherCannotBeChanged()
+    {
+        Recordset rows = Jobs();
+        rows.Seek(u"bravo"_s);
+        database_.Execute(u"DELETE FROM Jobs WHERE Name = 'Bravo'"_s, {}, u"another's deletion"_s);
+        rows.Edit();
+        rows.SetField(u"Hours"_s, 2);
+        QVERIFY_THROWS_EXCEPTION(Error, rows.Update());
+        rows.MoveNext();
+        QCOMPARE(Rest(rows), u"charlie delta"_s);
+    }
+
+    void QueriesAreReadOnly()
+    {
+        Recordset rows =
+            database_.OpenRecordset(u"select Name, Hours*2 AS \"Twice it\" FROM Jobs ORDER BY Name DESC"_s);
+        QCOMPARE(rows.FieldNames(), QStringList({u"Name"_s, u"Twice it"_s}));
+        QCOMPARE(All(rows), u"delta charlie Bravo Alpha"_s);
+        QCOMPARE(rows.RecordCount(), 4);
+        rows.MoveFirst();
+        QCOMPARE(rows.Field(u"twice it"_s).toDouble(), 3.0);
+        QVERIFY_THROWS_EXCEPTION(Error, rows.Edit());
+        QVERIFY_THROWS_EXCEPTION(Error, rows.AddNew());
+        QVERIFY_THROWS_EXCEPTION(Error, rows.Delete());
+        QVERIFY_THROWS_EXCEPTION(Error, rows.Index(u"ByName"_s));
+    }
+
+    void RefusesWhatIsNotThere()
+    {
+        QVERIFY_THROWS_EXCEPTION(Error, database_.OpenRecordset(u"Nothing"_s));
+        QVERIFY_THROWS_EXCEPTION(Error, Jobs(false).Index(u"Hours"_s));
+        QVERIFY_THROWS_EXCEPTION(Error, Jobs(false).Seek(u"Alpha"_s));
+        Recordset rows = Jobs();
+        rows.Close();
+        QVERIFY(!rows.IsOpen());
+        QVERIFY_THROWS_EXCEPTION(Error, rows.MoveFirst());
+        QVERIFY_THROWS_EXCEPTION(Error, rows.MoveNext());
+    }
+
+    void NoReadStaysOpen()
+    {
+        Recordset rows = Jobs();
+        rows.MoveFirst();
+        Recordset query = database_.OpenRecordset(u"SELECT * FROM Jobs"_s);
+        query.MoveFirst();
+        Database writer = Database::OpenDatabase(database_.Path(), std::chrono::milliseconds(10));
+        QCOMPARE(writer.Execute(u"DELETE FROM Jobs"_s, {}, u"writing"_s), 4);
+        QCOMPARE(All(rows), u"Alpha Bravo charlie delta"_s); // as they were read
+    }
+
+    void TableNamesOfAnyKind_data()
+    {
+        QTest::addColumn<QString>("name");
+        for (const char *name : {"say \"hi\"", "a.b", "it's", "two words", "SELECT", "Åse Æbelø", "x]y[", "100%"})
+            QTest::newRow(name) << QString::fromUtf8(name);
+    }
+    void TableNamesOfAnyKind()
+    {
+        QFETCH(QString, name);
+        database_.CreateTableDef(
+            {name, {{u"From"_s, u"TEXT"_s, true}, {u"a \"b\""_s, u"TEXT"_s}}, {{u"From"_s, u"From"_s}}});
+        QVERIFY(database_.HasTable(name));
+        Recordset rows = database_.OpenRecordset(name);
+        rows.Index(u"From"_s);
+        rows.AddNew();
+        rows.SetField(u"From"_s, u"Anna"_s);
+        rows.SetField(u"a \"b\""_s, name);
+        rows.Update();
+        rows.Seek(u"ANNA"_s);
+        QCOMPARE(rows.Field(u"a \"b\""_s).toString(), name);
+        rows.Delete();
+        QCOMPARE(rows.RecordCount(), 0);
+    }
+
+    void FindsAnIndexByTheNameASchemaGaveIt()
+    {
+        database_.Execute(u"CREATE INDEX Hours ON Jobs (Hours)"_s, {}, u"preparing"_s);
+        Recordset rows = Jobs(false);
+        rows.Index(u"hours"_s);
+        rows.Seek(1.5);
+        QCOMPARE(rows.Field(u"Name"_s).toString(), u"delta"_s);
+        rows.MoveNext();
+        QCOMPARE(Rest(rows), u"Alpha charlie Bravo"_s);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestRecordset)
+#include "tst_recordset.moc"
