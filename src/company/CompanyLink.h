@@ -9,9 +9,15 @@
 #include <any>
 #include <chrono>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <type_traits>
+#include <unordered_map>
+#include <utility>
+
+class CompanyFile;
+class CompanyWorker;
 
 // What a request came back with: a value, or the error that stopped it.
 template <class R> struct Answer
@@ -24,26 +30,31 @@ template <> struct Answer<void>
     std::optional<dao::Error> error;
 };
 
-// The only way to the job database (the company's file, or its local copy). Requests are values; they run in order on a
-// thread of the link's own, so that a file system that hangs freezes no window, and their answers come back as values to
-// the thread that owns the link. Answers that belong to a file no longer in use are dropped. Nothing else opens the file,
-// not even to ask whether it exists.
+// The only way to the job database (the company's file, or its local copy). Requests are values; those on one file run in
+// order on a thread of its own, so that a file system that hangs freezes no window and stops no other file, and their
+// answers come back as values to the thread that owns the link. Nothing else opens the file, not even to ask whether it
+// exists.
+//
+// A request on a missing file gets ErrorKind::CannotOpen, on a file that is no job database ErrorKind::Corrupt or Other, and
+// leaves that file as it is. An exception of the request's work comes back as an error too. An error that reaches nobody
+// goes to the log.
 class CompanyLink : public QObject
 {
     Q_OBJECT
 
 public:
     enum class Mode {
-        Inline, // requests run where they are asked: for tests
+        Inline, // requests run where they are asked, and are answered before Ask returns: for tests
         Thread
     };
     explicit CompanyLink(Mode mode, QObject *parent = nullptr);
-    ~CompanyLink() override; // never waits for a hanging request
+    ~CompanyLink() override; // never waits; requests that have not begun are dropped
 
-    // Makes `path` the file in use. It is opened by the first request that follows, and again by a later one after a failure:
-    // a file that was away is used again as soon as it is back.
+    // Makes `path` the file in use; a file that is in use already stays so. It is opened by the first request that follows,
+    // and again by a later one after a failure: a file that was away is used again as soon as it is back. Requests made before
+    // still run, on the file that they were made for, but their answers are dropped.
     void Open(const QString &path);
-    QString Path() const;
+    QString Path() const { return path_; }
 
     // Work: R(dao::Database &), run on the link's thread, captures values only. Done: void(Answer<R>), called in the owner's
     // thread unless `context` is gone by then or another file was opened since.
@@ -54,14 +65,13 @@ public:
                 [context = QPointer<QObject>(context), done = std::move(done)](const Result &result) mutable {
                     if (context)
                         done(Unbox<R>(result));
+                    else
+                        LogError(result);
                 });
     }
 
     // Needs no answer; an error goes to the log.
-    template <class Work> void Tell(Work work)
-    {
-        Enqueue(Box<void>(std::move(work)), [](const Result &result) { LogError(result); });
-    }
+    template <class Work> void Tell(Work work) { EnqueueUnanswered(Box<void>(std::move(work))); }
 
     // Waits for the answer at most `limit`; nothing when it did not come in time (the request still runs later). At start and
     // at exit only.
@@ -80,7 +90,8 @@ public:
     bool RunWithin(std::chrono::milliseconds limit, std::function<void()> work);
 
     // Lets the requests asked so far finish, closes the file and ends the thread. False when that took longer than `limit`: the
-    // thread is then left behind, never joined.
+    // thread is then left behind in the request that hangs, never joined, and the requests after that one are dropped. No
+    // answer comes after this, and what is asked is dropped.
     bool Stop(std::chrono::milliseconds limit);
 
 private:
@@ -99,7 +110,7 @@ private:
             if constexpr (std::is_void_v<R>)
                 work(database);
             else
-                result.value = std::any(R(work(database)));
+                result.value.template emplace<R>(work(database));
             return result;
         };
     }
@@ -115,9 +126,22 @@ private:
     }
 
     void Enqueue(Job job, Deliver deliver);
+    void EnqueueUnanswered(Job job);
     std::optional<Result> EnqueueAndWait(Job job, std::chrono::milliseconds limit);
+    void Take(quint64 request, const Result &result);
+    static Result Run(CompanyFile &file, Job &job);
     static void LogError(const Result &result);
 
-    struct Worker; // shared with the thread, which may outlive the link
-    std::shared_ptr<Worker> worker_;
+    struct Mailbox;
+
+    const Mode mode_;
+    bool stopped_ = false;
+    QString path_;
+    // Each file's worker is kept, so that a file that comes into use again goes on in order.
+    std::map<QString, std::unique_ptr<CompanyWorker>> workers_;
+    CompanyWorker *worker_ = nullptr; // of the file in use
+    std::shared_ptr<Mailbox> mailbox_;
+    std::unordered_map<quint64, Deliver>
+        waiting_; // for answers; what a request's asker captured never leaves his thread
+    quint64 lastRequest_ = 0;
 };

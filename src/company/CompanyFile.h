@@ -1,0 +1,29 @@
+#pragma once
+
+#include "platform/dao/Database.h"
+
+#include <QString>
+
+#include <optional>
+#include <utility>
+
+// A job database file that may go away and come back, or be replaced, while the program uses it. Belongs to one thread.
+class CompanyFile
+{
+public:
+    explicit CompanyFile(QString path) : path_(std::move(path)) {}
+
+    // The connection, opened or opened again when need be. Throws dao::Error: a missing file gives ErrorKind::CannotOpen, one
+    // without the tables of a job database ErrorKind::Other.
+    dao::Database &Connection();
+    void Close();
+
+private:
+    // Which file stands at the path, asked without a handle.
+    using FileId = std::pair<quint64, quint64>;
+    std::optional<FileId> Identify() const;
+
+    const QString path_;
+    dao::Database database_;
+    FileId opened_;
+};

@@ -1,0 +1,169 @@
+#include "company/CompanyLink.h"
+
+#include "company/CompanyFile.h"
+#include "company/CompanyWorker.h"
+
+#include <QFileInfo>
+#include <QLoggingCategory>
+#include <QMetaObject>
+
+#include <exception>
+#include <future>
+#include <mutex>
+
+namespace {
+
+Q_LOGGING_CATEGORY(log, "stemp.company")
+
+} // namespace
+
+// Where workers, which may outlive the link, leave their answers.
+struct CompanyLink::Mailbox
+{
+    std::mutex mutex;
+    CompanyLink *link = nullptr; // null once it is gone
+
+    void Post(quint64 request, Result result)
+    {
+        const std::lock_guard lock(mutex); // so that the link is not destroyed meanwhile
+        if (!link)
+            return LogError(result);
+        QMetaObject::invokeMethod(
+            link, [to = link, request, result = std::move(result)] { to->Take(request, result); },
+            Qt::QueuedConnection);
+    }
+};
+
+CompanyLink::CompanyLink(Mode mode, QObject *parent)
+    : QObject(parent), mode_(mode), mailbox_(std::make_shared<Mailbox>())
+{
+    mailbox_->link = this;
+    Open({});
+}
+
+CompanyLink::~CompanyLink()
+{
+    const std::lock_guard lock(mailbox_->mutex);
+    mailbox_->link = nullptr;
+}
+
+void CompanyLink::Open(const QString &path)
+{
+    if (stopped_ || (worker_ && path == path_))
+        return;
+    waiting_.clear();
+    if (worker_)
+        worker_->Post([](CompanyFile &file) { file.Close(); });
+    path_ = path;
+    std::unique_ptr<CompanyWorker> &worker = workers_[path];
+    if (!worker)
+        worker = std::make_unique<CompanyWorker>(path, mode_ == Mode::Thread);
+    worker_ = worker.get();
+}
+
+void CompanyLink::Enqueue(Job job, Deliver deliver)
+{
+    if (stopped_)
+        return;
+    if (mode_ == Mode::Inline) {
+        Result result;
+        worker_->Post([&](CompanyFile &file) { result = Run(file, job); });
+        deliver(result);
+        return;
+    }
+    const quint64 request = ++lastRequest_;
+    waiting_.emplace(request, std::move(deliver));
+    worker_->Post([job = std::move(job), mailbox = mailbox_, request](CompanyFile &file) mutable {
+        mailbox->Post(request, Run(file, job));
+    });
+}
+
+void CompanyLink::EnqueueUnanswered(Job job)
+{
+    if (!stopped_)
+        worker_->Post([job = std::move(job)](CompanyFile &file) mutable { LogError(Run(file, job)); });
+}
+
+std::optional<CompanyLink::Result> CompanyLink::EnqueueAndWait(Job job, std::chrono::milliseconds limit)
+{
+    if (stopped_)
+        return std::nullopt;
+    const auto answer = std::make_shared<std::promise<Result>>();
+    std::future<Result> coming = answer->get_future();
+    worker_->Post([job = std::move(job), answer](CompanyFile &file) mutable { answer->set_value(Run(file, job)); });
+    if (coming.wait_for(limit) != std::future_status::ready)
+        return std::nullopt;
+    return coming.get();
+}
+
+void CompanyLink::Take(quint64 request, const Result &result)
+{
+    auto asked = waiting_.extract(request); // before it is called, as it may ask again
+    if (asked)
+        asked.mapped()(result);
+    else
+        LogError(result);
+}
+
+CompanyLink::Result CompanyLink::Run(CompanyFile &file, Job &job)
+{
+    Result result;
+    try {
+        result = job(file.Connection());
+    } catch (const dao::Error &error) {
+        result.error = error;
+    } catch (const std::exception &error) {
+        result.error.emplace(dao::ErrorKind::Other, QStringLiteral("a request to the job database"), QString(),
+                             QString::fromUtf8(error.what()));
+    }
+    if (result.error && result.error->Kind() != dao::ErrorKind::Busy
+        && result.error->Kind() != dao::ErrorKind::Constraint)
+        file.Close(); // it may be the connection that is at fault: the next request tries a new one
+    return result;
+}
+
+void CompanyLink::LogError(const Result &result)
+{
+    if (result.error)
+        qCWarning(log).noquote() << result.error->Text();
+}
+
+std::optional<bool> CompanyLink::FileExistsWithin(std::chrono::milliseconds limit, const QString &path)
+{
+    const auto exists = std::make_shared<bool>(false);
+    const bool answered = RunWithin(limit, [exists, path] {
+        const QFileInfo file(path);
+        *exists = file.isFile() && file.isReadable();
+    });
+    return answered ? std::optional(*exists) : std::nullopt;
+}
+
+bool CompanyLink::RunWithin(std::chrono::milliseconds limit, std::function<void()> work)
+{
+    if (stopped_)
+        return false;
+    const auto done = std::make_shared<std::promise<void>>();
+    const std::future<void> finished = done->get_future();
+    worker_->Post([work = std::move(work), done](CompanyFile &) {
+        try {
+            work();
+        } catch (const std::exception &error) {
+            qCWarning(log) << "working on files:" << error.what();
+        }
+        done->set_value();
+    });
+    return finished.wait_for(limit) == std::future_status::ready;
+}
+
+bool CompanyLink::Stop(std::chrono::milliseconds limit)
+{
+    stopped_ = true;
+    waiting_.clear();
+    const auto deadline = std::chrono::steady_clock::now() + limit;
+    for (const auto &[path, worker] : workers_)
+        worker->Finish();
+    bool finished = true;
+    for (const auto &[path, worker] : workers_)
+        finished = worker->FinishedBy(deadline) && finished;
+    return finished;
+}
