@@ -26,8 +26,9 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 // The surface takes its colour from a role that no child draws itself with, so that the children, which inherit the palette,
-// look as ever.
+// look as ever; but labels on it write in the text colour that belongs to the role.
 constexpr QPalette::ColorRole surfaceRole = QPalette::ToolTipBase;
+constexpr QPalette::ColorRole surfaceTextRole = QPalette::ToolTipText;
 
 constexpr QMargins usualFrame(8, 31, 8, 8); // of a window whose frame is not known yet
 
@@ -165,13 +166,18 @@ void Form::SetBackColor(const QColor &color)
     }
     QWidget *surface = Surface();
     QPalette colors = surface->palette();
+    const bool isDark = qGray(color.rgb()) < 128;
     colors.setColor(surfaceRole, color);
+    colors.setColor(surfaceTextRole, isDark ? QColor(Qt::white) : colors.color(QPalette::WindowText));
     surface->setPalette(colors);
     surface->setBackgroundRole(surfaceRole);
     surface->setAutoFillBackground(true);
     for (const auto &control : controls_) {
-        if (control->Widget() && control->Widget()->parentWidget() == surface && IsFrame(*control->Widget())) {
-            control->Widget()->setAutoFillBackground(true);
+        QWidget *widget = control->Widget();
+        const bool onSurface = widget && widget->parentWidget() == surface;
+        if (onSurface && (IsFrame(*widget) || qobject_cast<QTabWidget *>(widget))) {
+            widget->setBackgroundRole(QPalette::Window);
+            widget->setAutoFillBackground(true);
         }
     }
 }

@@ -139,7 +139,8 @@ bool WindowPlace::IsNormal() const
 
 void WindowPlace::Apply()
 {
-    if (window_.windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen)) {
+    const bool nothingStored = stored_.width <= 0 || stored_.height <= 0;
+    if (nothingStored || window_.windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen)) {
         return;
     }
     window_.move(ReachablePosition(ToPixels(stored_), AvailableScreens()));
@@ -172,7 +173,9 @@ void WindowPlace::GoOnSettling()
     if (!frameIsTaken_) {
         margins_ = window_.windowHandle()->frameMargins();
         frameIsTaken_ = true;
-        ResizeInside();
+        if (stored_.width > 0 && stored_.height > 0) {
+            ResizeInside();
+        }
         settling_.start(untilSizeIsTaken);
     } else {
         baseline_ = window_.geometry();

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "platform/forms/Form.h"
+#include "platform/forms/FormServices.h"
+#include "platform/forms/RowsModel.h"
+
+#include <QStringList>
+
+#include <memory>
+
+namespace Ui {
+class TestForm;
+}
+
+// A text store of one form: what a form was left with is what it opens with.
+class RememberingServices : public FormServices
+{
+public:
+    void LoadProperties(Form &form) override;
+    void SaveProperties(Form &form) override;
+
+    std::optional<Geometry> stored;
+};
+
+// A window with one of everything that matters; notes what happens to it.
+class TestForm : public Form
+{
+public:
+    explicit TestForm(FormServices &services);
+    ~TestForm() override;
+
+    Control *At(const QString &key) const;
+
+    template <class Widget> Widget *WidgetAt(const QString &key) const
+    {
+        return qobject_cast<Widget *>(At(key)->Widget());
+    }
+
+    RowsModel rows{{QStringLiteral("Job"), QStringLiteral("From"), QStringLiteral("To")}};
+    bool mayUnload = true;
+    bool consumesKeys = false;
+    QList<int> keys; // that the preview saw
+    QStringList happened;
+
+protected:
+    void Form_Load() override;
+    void Form_Unload() override;
+    void Form_Resize() override { happened.append(QStringLiteral("resize")); }
+    bool QueryUnload() override { return mayUnload; }
+    bool Form_KeyDown(QKeyEvent &event) override;
+    void MemberCreated(Control &control) override { happened.append(QStringLiteral("made ") + control.Key()); }
+
+private:
+    std::unique_ptr<Ui::TestForm> ui_;
+};

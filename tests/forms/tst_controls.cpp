@@ -1,0 +1,269 @@
+#include "forms/TestForm.h"
+
+#include "platform/forms/ControlFactory.h"
+#include "platform/forms/GridControl.h"
+#include "platform/forms/LineWidget.h"
+
+#include <QAccessible>
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDateEdit>
+#include <QGroupBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QTableWidget>
+#include <QTest>
+
+using namespace Qt::Literals::StringLiterals;
+
+// What the text store sees of controls, under a locale that writes decimal commas and dates of its own.
+class TestControls : public QObject
+{
+    Q_OBJECT
+
+private:
+    RememberingServices services_;
+
+private slots:
+    void initTestCase() { QLocale::setDefault(QLocale(QLocale::Danish)); }
+
+    void TheListFollowsTheDesign()
+    {
+        TestForm form(services_);
+        QStringList listed;
+        for (const auto &control : form.Controls()) {
+            listed.append(control->Key() + u':' + control->TypeName());
+        }
+        QCOMPARE(listed.join(u' '),
+                 u"Labels(0):Label Texts(0):TextBox NoteText:TextBox Frames(0):Frame Options(1):OptionButton "
+                 "Options(2):OptionButton Frames(1):Frame Options(12):OptionButton Pages:SSTab PageCheck:CheckBox "
+                 "Grid:DBGrid OKButton:CommandButton CancelButton:CommandButton OtherButton:CommandButton "
+                 "IconIn:PictureBox mnuAdmin:Menu"_s);
+        const Control *text = form.At(u"Texts(0)"_s);
+        QCOMPARE(text->Tag(), u"who"_s);
+        QCOMPARE(text->Design().help, u"The name that others see."_s);
+        QCOMPARE(text->Design().toolTip, u"Your name"_s);
+        QCOMPARE(*form.At(u"Options(1)"_s)->Place(), (Geometry{150, 600, 1350, 300})); // in its frame
+        QCOMPARE(form.DesignHelp(), u"Help of the window."_s);
+
+        Control *menu = form.At(u"mnuAdmin"_s);
+        QCOMPARE(menu->ToolTip(), u"Settings"_s);
+        QVERIFY(!menu->Place());
+        QAction untold(u"&Notes"_s);
+        QCOMPARE(MenuControl({u"mnuNotes"_s, std::nullopt, u"Menu"_s}, untold).ToolTip(), QString());
+    }
+
+    void ScreenReadersHearAName()
+    {
+        TestForm form(services_);
+        const auto nameOf = [&](const QString &key) {
+            return QAccessible::queryAccessibleInterface(form.At(key)->Widget())->text(QAccessible::Name);
+        };
+        QCOMPARE(nameOf(u"Texts(0)"_s), u"Name"_s); // from its label
+        QCOMPARE(nameOf(u"NoteText"_s), u"A note"_s);
+        form.At(u"OKButton"_s)->SetCaption(u"&Done"_s);
+        QCOMPARE(nameOf(u"OKButton"_s), u"Done"_s);
+    }
+
+    void PeoplesTextsArePlain()
+    {
+        TestForm form(services_);
+        Control *label = form.At(u"Labels(0)"_s);
+        label->SetCaption(u"<b>1</b>"_s);
+        QCOMPARE(form.WidgetAt<QLabel>(u"Labels(0)"_s)->textFormat(), Qt::PlainText);
+        for (Control *control : {label, form.At(u"mnuAdmin"_s)}) {
+            control->SetToolTip(u"<b>bold</b> & more"_s);
+            QCOMPARE(control->ToolTip(), u"<b>bold</b> & more"_s);
+        }
+        QVERIFY(label->Widget()->toolTip().contains(u"&lt;b&gt;bold"_s));
+        label->SetToolTip(u"1 < 2 & so on"_s);
+        QCOMPARE(label->Widget()->toolTip(), u"1 < 2 & so on"_s);
+    }
+
+    void PlacesDoNotDrift()
+    {
+        TestForm form(services_);
+        Control *text = form.At(u"Texts(0)"_s);
+        const Geometry stored{1804.25, 157.5, 2243.75, 352.5};
+        text->SetPlace(stored);
+        QCOMPARE(*text->Place(), stored);
+        text->Widget()->resize(text->Widget()->width() + 2, text->Widget()->height());
+        QCOMPARE(*text->Place(), (Geometry{1804.25, 157.5, (150 + 2) * 15, 352.5}));
+    }
+
+    void GridColumns_data()
+    {
+        QTest::addColumn<QString>("captions");
+        QTest::addColumn<QString>("widths");
+        QTest::addColumn<QString>("captionsAfter");
+        QTest::addColumn<QString>("widthsAfter");
+        QTest::newRow("all") << u"A|B|C|"_s << u"1200;800;1004.5;"_s << u"A|B|C|"_s << u"1200;800;1004.5;"_s;
+        QTest::newRow("fewer") << u"A|B"_s << u"1200;800;"_s << u"A|B|To|"_s << u"1200;800;1500;"_s;
+        QTest::newRow("more") << u"A|B|C|D|"_s << u"1200;800;900;700;"_s << u"A|B|C|"_s << u"1200;800;900;"_s;
+        QTest::newRow("nothing") << QString() << QString() << u"Job|From|To|"_s << u"1500;1500;1500;"_s;
+        QTest::newRow("no numbers") << u"|B||"_s << u"x;-1;0;"_s << u"|B||"_s << u"1500;1500;0;"_s;
+        QTest::newRow("decimal comma") << u"A|"_s << u"1200,5;800;"_s << u"A|From|To|"_s << u"1500;800;1500;"_s;
+    }
+
+    void GridColumns()
+    {
+        QFETCH(QString, captions);
+        QFETCH(QString, widths);
+        TestForm form(services_);
+        QTableWidget flex(0, 3);
+        flex.setHorizontalHeaderLabels({u"Job"_s, u"From"_s, u"To"_s});
+        GridControl flexGrid({u"Flex"_s, std::nullopt, u"MSFlexGrid"_s}, flex);
+        for (Control *grid : {form.At(u"Grid"_s), static_cast<Control *>(&flexGrid)}) {
+            auto *view = qobject_cast<QTableView *>(grid->Widget());
+            view->horizontalHeader()->setDefaultSectionSize(100);
+            grid->SetCaption(captions);
+            grid->SetValue(widths);
+            QTEST(*grid->Caption(), "captionsAfter");
+            QTEST(*grid->Value(), "widthsAfter");
+            grid->SetValue(*grid->Value()); // the next start
+            QTEST(*grid->Value(), "widthsAfter");
+        }
+    }
+
+    void AColumnThatAPersonMadeWider()
+    {
+        TestForm form(services_);
+        Control *grid = form.At(u"Grid"_s);
+        grid->SetValue(u"1204;804;904;"_s);
+        auto *view = form.WidgetAt<QTableView>(u"Grid"_s);
+        view->setColumnWidth(1, 60);
+        QCOMPARE(*grid->Value(), u"1204;900;904;"_s);
+        view->horizontalHeader()->setStretchLastSection(true);
+        form.show();
+        QVERIFY(view->columnWidth(2) > 100);
+        QCOMPARE(*grid->Value(), u"1204;900;904;"_s);
+    }
+
+    void ValuesAreFreeOfTheLocale()
+    {
+        QDateEdit date;
+        QLineEdit text;
+        QComboBox open;
+        open.setEditable(true);
+        QComboBox closed;
+        closed.addItems({u"C:"_s, u"D:"_s});
+        QCheckBox check;
+        QScrollBar bar(Qt::Vertical);
+        LineWidget line;
+        const auto roundTrip = [](QWidget &widget, const QString &value) {
+            widget.setObjectName(u"X"_s);
+            const auto control = MakeControl(widget);
+            control->SetValue(value);
+            return control->Value().value_or(u"none"_s);
+        };
+        QCOMPARE(roundTrip(date, u"45292.75"_s), u"45292"_s);
+        QCOMPARE(date.date(), QDate(2024, 1, 1));
+        QCOMPARE(roundTrip(date, u"1. januar"_s), u"45292"_s);
+        QCOMPARE(roundTrip(text, u"1,5"_s), u"1,5"_s);
+        QCOMPARE(roundTrip(open, u"new"_s), u"new"_s);
+        QCOMPARE(roundTrip(closed, u"D:"_s), u"D:"_s);
+        QCOMPARE(roundTrip(closed, u"E:"_s), u"D:"_s);
+        QCOMPARE(roundTrip(check, u"-1"_s), u"1"_s);
+        QCOMPARE(roundTrip(check, u"yes"_s), u"1"_s); // no number: left alone
+        QCOMPARE(roundTrip(check, u"0"_s), u"0"_s);
+        QCOMPARE(roundTrip(bar, u"40"_s), u"none"_s);
+        QCOMPARE(bar.value(), 40);
+        QCOMPARE(roundTrip(line, u"32832"_s), u"32832"_s);
+        QCOMPARE(line.BorderColor(), QColor(64, 128, 0));
+    }
+
+    void LinesKeepTheirEnds_data()
+    {
+        QTest::addColumn<Geometry>("ends");
+        QTest::newRow("falling") << Geometry{150, 300, 1504.5, 900};
+        QTest::newRow("rising") << Geometry{150, 900, 1500, 300};
+        QTest::newRow("backwards") << Geometry{1500, 900, 150, 300};
+        QTest::newRow("flat") << Geometry{150, 300, 1500, 300};
+        QTest::newRow("upright") << Geometry{150, 1500, 150, 300};
+    }
+
+    void LinesKeepTheirEnds()
+    {
+        QFETCH(Geometry, ends);
+        QWidget surface;
+        LineWidget line(&surface);
+        line.setObjectName(u"Lines_3"_s);
+        line.setProperty("Index", 3);
+        const auto control = MakeControl(line);
+        QCOMPARE(control->Key(), u"Lines(3)"_s);
+        control->SetPlace(ends);
+        QCOMPARE(*control->Place(), ends);
+        line.move(line.pos() + QPoint(2, 0));
+        QCOMPARE(control->Place()->left, ToTwips(ToPixels(ends)).left + 30);
+    }
+
+    void ArrayMembersAreMadeAfterThePattern()
+    {
+        TestForm form(services_);
+        form.show();
+        const auto count = form.Controls().size();
+        Control *made = form.CreateMember(u"Labels"_s, 7);
+        QVERIFY(made);
+        QCOMPARE(made, form.Controls().back().get());
+        QCOMPARE(form.CreateMember(u"Labels"_s, 7), made);
+        QCOMPARE(form.Controls().size(), count + 1);
+        QCOMPARE(form.happened.last(), u"made Labels(7)"_s);
+        QCOMPARE(made->TypeName(), u"Label"_s);
+        QCOMPARE(*made->Caption(), QString());
+        QCOMPARE(form.WidgetAt<QLabel>(u"Labels(7)"_s)->alignment(), Qt::AlignRight | Qt::AlignVCenter);
+        QCOMPARE(form.WidgetAt<QLabel>(u"Labels(7)"_s)->textFormat(), Qt::PlainText);
+        QCOMPARE(*made->Visible(), false);
+        made->SetVisible(true);
+        QVERIFY(made->Widget()->isVisible());
+        QVERIFY(form.CreateMember(u"Texts"_s, 3) && form.CreateMember(u"Frames"_s, 2)
+                && form.CreateMember(u"Options"_s, 20));
+        for (const QString &none : {u"Checks"_s, u"OKButton"_s, u"Grid"_s, QString()}) {
+            QVERIFY(!form.CreateMember(none, 1));
+        }
+    }
+
+    void OptionButtonsExcludeEachOtherByFrame()
+    {
+        TestForm form(services_);
+        const auto values = [&] {
+            QStringList list;
+            for (const auto &key : {u"Options(1)"_s, u"Options(2)"_s, u"Options(12)"_s}) {
+                list.append(*form.At(key)->Value());
+            }
+            return list.join(u' ');
+        };
+        form.At(u"Options(1)"_s)->SetValue(u"-1"_s);
+        form.At(u"Options(12)"_s)->SetValue(u"1"_s);
+        QCOMPARE(values(), u"-1 0 -1"_s);
+        form.At(u"Options(2)"_s)->SetValue(u"-1"_s);
+        QCOMPARE(values(), u"0 -1 -1"_s);
+        form.At(u"Options(2)"_s)->SetValue(u"0"_s);
+        QCOMPARE(values(), u"0 0 -1"_s);
+
+        QWidget *round = form.At(u"Frames(0)"_s)->Widget();
+        form.At(u"Options(1)"_s)->SetValue(u"-1"_s);
+        form.SetContainer(*form.At(u"Options(12)"_s), round);
+        QCOMPARE(values(), u"-1 0 0"_s);
+        QCOMPARE(*form.At(u"Options(12)"_s)->Visible(), true);
+        QCOMPARE(form.At(u"Options(12)"_s)->Place()->left, 150.0);
+        form.show();
+        QTest::mouseClick(form.At(u"Options(12)"_s)->Widget(), Qt::LeftButton, {}, {8, 10});
+        QCOMPARE(values(), u"0 0 -1"_s);
+    }
+
+    void VisibleIsItsOwnFlag()
+    {
+        TestForm form(services_);
+        QCOMPARE(*form.At(u"Options(1)"_s)->Visible(), true); // in a window that is not shown
+        form.At(u"Frames(0)"_s)->SetVisible(false);
+        QCOMPARE(*form.At(u"Options(1)"_s)->Visible(), true);
+        QCOMPARE(*form.At(u"Frames(0)"_s)->Visible(), false);
+    }
+};
+
+QTEST_MAIN(TestControls)
+#include "tst_controls.moc"
