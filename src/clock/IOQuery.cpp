@@ -126,7 +126,7 @@ bool IOQuery::Confirm()
         option->click();
         return true;
     }
-    if (option == ui_->Options_2 || ui_->Texts_0->hasFocus()) {
+    if (option == ui_->Options_2 || focusWidget() == ui_->Texts_0) {
         Commands_Click();
         return true;
     }

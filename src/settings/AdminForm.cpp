@@ -136,7 +136,7 @@ bool AdminForm::Form_KeyDown(QKeyEvent &event)
     }
     const bool drop =
         event.key() == Qt::Key_F4 || (event.key() == Qt::Key_Down && event.modifiers().testFlag(Qt::AltModifier));
-    if (drop && ui_->EnterpriseMDBText->hasFocus()) {
+    if (drop && focusWidget() == ui_->EnterpriseMDBText) {
         EnterpriseMDBText_Click();
         return true;
     }
