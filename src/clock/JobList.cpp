@@ -1,8 +1,20 @@
 #include "clock/JobList.h"
 
-#include <QStringMatcher>
-
+#include <algorithm>
 #include <numeric>
+
+namespace {
+
+// Letter by letter, so that a text keeps its length, which QString::toUpper does not promise ("ß").
+QChar Upper(QChar letter)
+{
+    if (letter.unicode() < 0x80) { // nearly all of them
+        return letter >= u'a' && letter <= u'z' ? QChar(letter.unicode() - (u'a' - u'A')) : letter;
+    }
+    return letter.toUpper();
+}
+
+} // namespace
 
 void JobList::Clear()
 {
@@ -14,7 +26,6 @@ void JobList::Assign(QStringList items)
     Clear();
     items_ = std::move(items);
 
-    ends_.reserve(items_.size());
     upper_.reserve(std::accumulate(items_.cbegin(), items_.cend(), qsizetype(0),
                                    [](qsizetype sum, const QString &item) { return sum + item.size(); }));
     for (const QString &item : std::as_const(items_)) {
@@ -52,26 +63,26 @@ QList<int> JobList::Matches(const QString &search) const
 
     // One search through all the texts at once costs a fraction of a search for each item. A hit may lie across the border of
     // two items: it counts only when it ends within the item in which it begins.
-    const QString wanted = search.toUpper();
-    const QStringMatcher matcher(wanted);
-    int item = 0;
-    qsizetype from = 0;
-    while ((from = matcher.indexIn(upper_, from)) >= 0) {
-        while (ends_.at(item) <= from) {
-            ++item;
+    QString wanted = search;
+    std::transform(search.begin(), search.end(), wanted.begin(), Upper);
+    int item = -1;
+    qsizetype end = 0; // of the item
+    for (qsizetype hit = upper_.indexOf(wanted); hit >= 0;) {
+        while (end <= hit) {
+            end += items_.at(++item).size();
         }
-        if (from + wanted.size() <= ends_.at(item)) {
+        const bool within = hit + wanted.size() <= end;
+        if (within) {
             found.append(item);
-            from = ends_.at(item);
-        } else {
-            ++from;
         }
+        hit = upper_.indexOf(wanted, within ? end : hit + 1);
     }
     return found;
 }
 
 void JobList::AppendUpper(const QString &item)
 {
-    upper_ += item.toUpper();
-    ends_.append(upper_.size());
+    const qsizetype begin = upper_.size();
+    upper_.resize(begin + item.size());
+    std::transform(item.begin(), item.end(), upper_.begin() + begin, Upper);
 }

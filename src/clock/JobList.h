@@ -28,7 +28,6 @@ private:
     void AppendUpper(const QString &item);
 
     QStringList items_;
-    QString upper_;               // the upper-cased items, one after another
-    QList<qsizetype> ends_;       // where each item ends in upper_
+    QString upper_;               // the upper-cased items, one after another, each as long as the item
     mutable QSet<QString> known_; // made at the first question: the company list, by far the longest, is never asked
 };

@@ -60,9 +60,9 @@ QList<TimeRow> TimeTable::Rows(const QString &rollBackQuery)
     QList<TimeRow> rows;
     try {
         EnsureOpen();
-        // The query has no order, and the engine is free to walk the index of StempInTime, which sorts an hour wrongly when
-        // the clock was set back. The table's own order is that of its keys.
-        rows = StoredRows(u'(' + rollBackQuery + u") ORDER BY Id"_s, {}, u"reading the time rows"_s);
+        // The query has no order of its own, and the engine may give the rows in that of their in-times, which is not that of
+        // adding when the clock was set back. The "+" lets it still find them by the index of the in-times.
+        rows = StoredRows(u'(' + rollBackQuery + u") ORDER BY +Id"_s, {}, u"reading the time rows"_s);
     } catch (const dao::Error &error) {
         Failed(error);
     }
