@@ -500,6 +500,22 @@
         <source>Opens the settings: rounding, the days shown in the grid, tool tips, messages and the place of the company database. Changes count when you press OK there. Your time rows are not touched.</source>
         <translation>Åbner indstillingerne: afrunding, antal dage i tilbageblikket, værktøjstip, beskeder og firmadatabasens placering. Ændringer gælder, når du trykker på OK dér. Dine tidsrækker berøres ikke.</translation>
     </message>
+    <message>
+        <source>Job</source>
+        <translation>Job</translation>
+    </message>
+    <message>
+        <source>Stemped In</source>
+        <translation>Stempet ind</translation>
+    </message>
+    <message>
+        <source>Stemped Out</source>
+        <translation>Stempet ud</translation>
+    </message>
+    <message>
+        <source>Description</source>
+        <translation>Beskrivelse</translation>
+    </message>
 </context>
 <context>
     <name>User</name>
