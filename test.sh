@@ -2,7 +2,7 @@
 # Builds the program twice, plain and with the sanitizers, and runs all tests on both. No display is needed.
 cd "$(dirname "$0")" && . tools/setup.sh
 
-install_missing "${buildPackages[@]}"
+install_missing "${buildPackages[@]}" "${testPackages[@]}"
 export QT_QPA_PLATFORM=offscreen
 
 failed=

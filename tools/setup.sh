@@ -6,7 +6,8 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 # Debian's names. The Qt development packages bring the libraries, the xcb and offscreen platforms and OpenGL's headers.
 buildPackages=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev qt6-tools-dev libsqlite3-dev sqlite3
     libqt6sql6-sqlite libqt6svg6 fonts-dejavu-core)
-screenPackages=(xvfb openbox xdotool x11-utils imagemagick)
+screenPackages=(xvfb openbox xdotool x11-utils imagemagick) # a screen where there is none
+testPackages=("${screenPackages[@]}" wmctrl)
 checkPackages=(clang-format-14 clang-tidy-14 python3)
 
 # File names hold Danish letters.
