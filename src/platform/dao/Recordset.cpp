@@ -143,12 +143,12 @@ void Recordset::MoveNext()
 // How many rows stand up to `row`, itself included, be it still there or not. The file compares, as only it knows how.
 qsizetype Recordset::CountUpTo(const QVariantList &row)
 {
-    const QVariant id = row[idColumn_];
+    const QVariant &id = row[idColumn_];
     QString where = u"Id <= ?"_s;
     QVariantList values{id};
     if (!indexField_.isEmpty()) {
         const QString field = Quoted(indexField_);
-        const QVariant key = row[Column(indexField_)];
+        const QVariant &key = row[Column(indexField_)];
         if (key.isNull()) { // nulls come first
             where = field % u" IS NULL AND Id <= ?"_s;
         } else {
