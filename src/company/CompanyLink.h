@@ -141,7 +141,6 @@ private:
     std::map<QString, std::unique_ptr<CompanyWorker>> workers_;
     CompanyWorker *worker_ = nullptr; // of the file in use
     std::shared_ptr<Mailbox> mailbox_;
-    std::unordered_map<quint64, Deliver>
-        waiting_; // for answers; what a request's asker captured never leaves his thread
+    std::unordered_map<quint64, Deliver> waiting_; // for answers; they never leave the owner's thread
     quint64 lastRequest_ = 0;
 };

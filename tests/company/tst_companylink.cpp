@@ -1,0 +1,350 @@
+#include "company/CompanyLink.h"
+#include "platform/dao/Database.h"
+#include "support/ProgramFolder.h"
+
+#include <QFile>
+#include <QRegularExpression>
+#include <QSemaphore>
+#include <QTest>
+#include <QThread>
+
+#include <stdexcept>
+
+using namespace Qt::Literals::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto plenty = 20s;  // for what must come
+constexpr auto little = 20ms; // for what must not
+
+auto AddUser(const QString &name)
+{
+    return [name](dao::Database &database) {
+        return database.Execute(u"INSERT INTO Users (User) VALUES (?)"_s, {name}, u"a test"_s);
+    };
+}
+
+QString UserNames(dao::Database &database)
+{
+    const QList<QVariantList> rows =
+        database.Select(u"SELECT group_concat(User, ' ') FROM (SELECT User FROM Users ORDER BY Id)"_s, {}, u"a test"_s);
+    return rows[0][0].toString();
+}
+
+// Copies of the template of the job database, "a.mdb" and "b.mdb".
+struct Files : ProgramFolder
+{
+    Files()
+    {
+        Copy(u"Blank Jobs.mdb"_s, u"a.mdb"_s);
+        Copy(u"Blank Jobs.mdb"_s, u"b.mdb"_s);
+    }
+    QString Users(const QString &name) const
+    {
+        const QList<QVariantList> rows = Sql(name, u"SELECT User FROM Users ORDER BY Id"_s);
+        QStringList users;
+        for (const QVariantList &row : rows)
+            users.append(row[0].toString());
+        return users.join(u' ');
+    }
+};
+
+// A request that hangs until it is let go, even though its link is gone, and then waits for the end of its thread.
+class Hanging
+{
+public:
+    ~Hanging()
+    {
+        state_->letGo.release();
+        state_->threadEnded.acquire();
+    }
+    auto Request() const
+    {
+        return [state = state_](dao::Database &) {
+            thread_local std::unique_ptr<AtThreadEnd> atThreadEnd;
+            atThreadEnd = std::make_unique<AtThreadEnd>(state);
+            state->begun.release();
+            state->letGo.acquire();
+        };
+    }
+    void WaitUntilBegun() const { state_->begun.acquire(); }
+
+private:
+    struct State
+    {
+        QSemaphore begun;
+        QSemaphore letGo;
+        QSemaphore threadEnded;
+    };
+    struct AtThreadEnd
+    {
+        explicit AtThreadEnd(std::shared_ptr<State> ofRequest) : state(std::move(ofRequest)) {}
+        ~AtThreadEnd() { state->threadEnded.release(); }
+        std::shared_ptr<State> state;
+    };
+    std::shared_ptr<State> state_ = std::make_shared<State>();
+};
+
+} // namespace
+
+class TestCompanyLink : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void InlineAnswersBeforeItReturns();
+    void AnswersInOrderInTheOwnersThread();
+    void TurnsWhatWorkThrowsIntoAnError();
+    void DropsAnswersNobodyWaitsFor();
+    void HangingRequestHoldsUpNobody();
+    void LockedFileIsWaitedForWithinTheLimit();
+    void FileGoesAndComesBack_data();
+    void FileGoesAndComesBack();
+    void LeavesForeignFilesUntouched_data();
+    void LeavesForeignFilesUntouched();
+    void StopLetsRequestsFinish();
+};
+
+void TestCompanyLink::InlineAnswersBeforeItReturns()
+{
+    const Files files;
+    CompanyLink link(CompanyLink::Mode::Inline);
+    link.Open(files.File(u"a.mdb"_s));
+    QStringList steps;
+    link.Ask(this, AddUser(u"ANNA"_s), [&](const Answer<int> &added) {
+        steps.append(u"added %1"_s.arg(added.value.value()));
+        link.Ask(this, UserNames, [&](const Answer<QString> &names) { steps.append(names.value.value()); });
+        steps.append(u"asked"_s);
+    });
+    link.Ask(
+        this, [](dao::Database &) {},
+        [&](const Answer<void> &done) { steps.append(done.error ? u"failed"_s : u"done"_s); });
+    QCOMPARE(steps.join(u", "_s), u"added 1, ANNA, asked, done"_s);
+    QCOMPARE(link.AskWithin(0ms, UserNames)->value.value(), u"ANNA"_s);
+    QVERIFY(link.Stop(0ms));
+}
+
+void TestCompanyLink::AnswersInOrderInTheOwnersThread()
+{
+    const Files files;
+    CompanyLink link(CompanyLink::Mode::Thread);
+    link.Open(files.File(u"a.mdb"_s));
+    const QThread *own = QThread::currentThread();
+    QStringList answers;
+    for (const QString &name : {u"ANNA"_s, u"BO"_s, u"CARL"_s}) {
+        link.Tell(AddUser(name));
+        link.Ask(
+            this,
+            [own](dao::Database &database) {
+                return QThread::currentThread() != own ? UserNames(database) : u"in the wrong thread"_s;
+            },
+            [&answers, own](const Answer<QString> &names) {
+                if (QThread::currentThread() == own)
+                    answers.append(names.value.value());
+            });
+    }
+    QCOMPARE(link.AskWithin(plenty, UserNames)->value.value(), u"ANNA BO CARL"_s);
+    QVERIFY(answers.isEmpty()); // they come through the event loop only
+    QTRY_COMPARE(answers.size(), 3);
+    QCOMPARE(answers.join(u", "_s), u"ANNA, ANNA BO, ANNA BO CARL"_s);
+    QCOMPARE(link.FileExistsWithin(plenty, files.File(u"b.mdb"_s)), true);
+    QCOMPARE(link.FileExistsWithin(plenty, files.Path()), false);
+    QVERIFY(link.Stop(plenty));
+}
+
+void TestCompanyLink::TurnsWhatWorkThrowsIntoAnError()
+{
+    const Files files;
+    CompanyLink link(CompanyLink::Mode::Thread);
+    link.Open(files.File(u"a.mdb"_s));
+    const auto answer = link.AskWithin(plenty, [](dao::Database &) -> int { throw std::runtime_error("no luck"); });
+    QVERIFY(answer && !answer->value);
+    QCOMPARE(answer->error->Kind(), dao::ErrorKind::Other);
+    QVERIFY(answer->error->Text().contains(u"no luck"_s));
+    QVERIFY(link.AskWithin(plenty, AddUser(u"ANNA"_s))->value);
+    QCOMPARE(link.AskWithin(plenty, AddUser(u"anna"_s))->error->Kind(), dao::ErrorKind::Constraint);
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"UNIQUE"_s));
+    link.Tell(AddUser(u"ANNA"_s));
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"no disk"_s));
+    QVERIFY(link.RunWithin(plenty, [] { throw std::runtime_error("no disk"); }));
+    QVERIFY(link.Stop(plenty));
+}
+
+void TestCompanyLink::DropsAnswersNobodyWaitsFor()
+{
+    const Files files;
+    int answers = 0;
+    const auto count = [&answers](const Answer<int> &) { ++answers; };
+    {
+        CompanyLink link(CompanyLink::Mode::Thread);
+        link.Open(files.File(u"a.mdb"_s));
+        auto context = std::make_unique<QObject>();
+        link.Ask(context.get(), AddUser(u"ANNA"_s), count);
+        QVERIFY(link.AskWithin(plenty, UserNames)); // the answer is on its way now
+        context.reset();
+        QCoreApplication::processEvents();
+
+        link.Ask(this, AddUser(u"BO"_s), count);
+        link.Tell(AddUser(u"CARL"_s));
+        link.Open(files.File(u"b.mdb"_s));
+        QCOMPARE(link.AskWithin(plenty, UserNames)->value.value(), QString());
+        link.Open(files.File(u"a.mdb"_s));
+        QCOMPARE(link.AskWithin(plenty, UserNames)->value.value(), u"ANNA BO CARL"_s);
+        QCoreApplication::processEvents();
+
+        link.Ask(this, AddUser(u"DORA"_s), count);
+        QVERIFY(link.Stop(plenty)); // and here the link itself goes
+        QCoreApplication::processEvents();
+    }
+    QCoreApplication::processEvents();
+    QCOMPARE(answers, 0);
+    QCOMPARE(files.Users(u"a.mdb"_s), u"ANNA BO CARL DORA"_s);
+}
+
+void TestCompanyLink::HangingRequestHoldsUpNobody()
+{
+    const Files files;
+    int answers = 0;
+    const auto ran = std::make_shared<std::atomic<bool>>(false);
+    {
+        const Hanging hanging;
+        {
+            CompanyLink link(CompanyLink::Mode::Thread);
+            link.Open(files.File(u"a.mdb"_s));
+            link.Ask(this, hanging.Request(), [&answers](const Answer<void> &) { ++answers; });
+            hanging.WaitUntilBegun();
+            QVERIFY(!link.AskWithin(little, UserNames));
+            QVERIFY(!link.RunWithin(little, [] {}));
+            QVERIFY(!link.FileExistsWithin(little, files.File(u"a.mdb"_s)));
+            link.Tell([ran](dao::Database &) { *ran = true; });
+            // Another file is free to be used meanwhile.
+            link.Open(files.File(u"b.mdb"_s));
+            QVERIFY(link.AskWithin(plenty, AddUser(u"ANNA"_s)));
+            QVERIFY(!link.Stop(little));
+        }
+    }
+    QCoreApplication::processEvents();
+    QCOMPARE(answers, 0);
+    QVERIFY(!*ran);
+    QCOMPARE(files.Users(u"b.mdb"_s), u"ANNA"_s);
+}
+
+void TestCompanyLink::LockedFileIsWaitedForWithinTheLimit()
+{
+    const Files files;
+    CompanyLink link(CompanyLink::Mode::Thread);
+    link.Open(files.File(u"a.mdb"_s));
+    QVERIFY(link.AskWithin(plenty, UserNames));
+    dao::Database other = dao::Database::OpenDatabase(files.File(u"a.mdb"_s));
+    {
+        const dao::Transaction lock(other, u"a test"_s);
+        QVERIFY(!link.AskWithin(little, AddUser(u"ANNA"_s)));
+    }
+    QCOMPARE(link.AskWithin(plenty, UserNames)->value.value(), u"ANNA"_s); // late, not lost
+    {
+        const dao::Transaction lock(other, u"a test"_s);
+        QVERIFY(link.AskWithin(plenty, [](dao::Database &database) { database.SetBusyWait(little); }));
+        QCOMPARE(link.AskWithin(plenty, AddUser(u"BO"_s))->error->Kind(), dao::ErrorKind::Busy);
+    }
+    QVERIFY(link.AskWithin(plenty, AddUser(u"BO"_s))->value);
+    QVERIFY(link.Stop(plenty));
+}
+
+void TestCompanyLink::FileGoesAndComesBack_data()
+{
+    QTest::addColumn<bool>("missedMeanwhile");
+    QTest::addColumn<QString>("comesBack");
+    QTest::addColumn<QString>("users");
+
+    QTest::newRow("the same file") << true << u"away.mdb"_s << u"ANNA BO"_s;
+    QTest::newRow("another file") << true << u"b.mdb"_s << u"BO"_s;
+    QTest::newRow("replaced at once") << false << u"b.mdb"_s << u"BO"_s;
+}
+
+void TestCompanyLink::FileGoesAndComesBack()
+{
+    QFETCH(const bool, missedMeanwhile);
+    QFETCH(const QString, comesBack);
+    QFETCH(const QString, users);
+#ifdef Q_OS_WIN
+    QSKIP("an open file cannot be renamed here");
+#endif
+    const Files files;
+    const QString path = files.File(u"a.mdb"_s);
+    CompanyLink link(CompanyLink::Mode::Thread);
+    link.Open(path);
+    QVERIFY(link.AskWithin(plenty, AddUser(u"ANNA"_s))->value);
+    QVERIFY(QFile::rename(path, files.File(u"away.mdb"_s)));
+    if (missedMeanwhile) {
+        const auto answer = link.AskWithin(plenty, AddUser(u"LOST"_s));
+        QCOMPARE(answer->error->Kind(), dao::ErrorKind::CannotOpen);
+        QVERIFY(!files.Has(u"a.mdb"_s));
+    }
+    QVERIFY(QFile::rename(files.File(comesBack), path));
+    QVERIFY(link.AskWithin(plenty, AddUser(u"BO"_s))->value);
+    QVERIFY(link.Stop(plenty));
+    QCOMPARE(files.Users(u"a.mdb"_s), users);
+    if (files.Has(u"away.mdb"_s))
+        QCOMPARE(files.Users(u"away.mdb"_s), u"ANNA"_s);
+}
+
+void TestCompanyLink::LeavesForeignFilesUntouched_data()
+{
+    QTest::addColumn<QString>("statement"); // on a copy of the template
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<dao::ErrorKind>("kind");
+
+    QTest::newRow("no database") << QString() << QByteArray("Dear diary, ").repeated(1000) << dao::ErrorKind::Corrupt;
+    QTest::newRow("nothing in it") << QString() << QByteArray() << dao::ErrorKind::Other;
+    QTest::newRow("no users") << u"DROP TABLE Users"_s << QByteArray() << dao::ErrorKind::Other;
+    QTest::newRow("no jobs") << u"DROP TABLE Projects"_s << QByteArray() << dao::ErrorKind::Other;
+}
+
+void TestCompanyLink::LeavesForeignFilesUntouched()
+{
+    QFETCH(const QString, statement);
+    QFETCH(const QByteArray, content);
+    QFETCH(const dao::ErrorKind, kind);
+    const Files files;
+    if (statement.isEmpty())
+        files.Write(u"a.mdb"_s, content);
+    else
+        files.Sql(u"a.mdb"_s, statement);
+    const auto read = [&files] {
+        QFile file(files.File(u"a.mdb"_s));
+        return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray("unreadable");
+    };
+    const QByteArray before = read();
+    CompanyLink link(CompanyLink::Mode::Inline);
+    link.Open(files.File(u"a.mdb"_s));
+    for (int attempt = 0; attempt < 2; ++attempt)
+        QCOMPARE(link.AskWithin(plenty, AddUser(u"ANNA"_s))->error->Kind(), kind);
+    QVERIFY(link.Stop(plenty));
+    QCOMPARE(read(), before);
+}
+
+void TestCompanyLink::StopLetsRequestsFinish()
+{
+    const Files files;
+    CompanyLink link(CompanyLink::Mode::Thread);
+    link.Open(files.File(u"a.mdb"_s));
+    QString users;
+    for (int i = 0; i < 5; ++i) {
+        link.Tell(AddUser(QString::number(i)));
+        users += QString::number(i) + u' ';
+    }
+    QVERIFY(link.Stop(plenty));
+    link.Open(files.File(u"b.mdb"_s));
+    link.Tell(AddUser(u"LATE"_s));
+    link.Ask(this, AddUser(u"LATE"_s), [](const Answer<int> &) { QFAIL("answered after the end"); });
+    QVERIFY(!link.AskWithin(plenty, AddUser(u"LATE"_s)));
+    QVERIFY(!link.RunWithin(plenty, [] {}));
+    QVERIFY(link.Stop(plenty));
+    QCOMPARE(files.Users(u"a.mdb"_s), users.trimmed());
+    QCOMPARE(files.Users(u"b.mdb"_s), QString());
+}
+
+QTEST_GUILESS_MAIN(TestCompanyLink)
+
+#include "tst_companylink.moc"
