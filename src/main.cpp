@@ -12,7 +12,6 @@
 
 int main(int argc, char *argv[])
 {
-    Q_INIT_RESOURCE(icons);
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("stemp"));
     QApplication::setApplicationDisplayName(QStringLiteral("Stemp"));

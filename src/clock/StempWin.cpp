@@ -48,6 +48,12 @@ QVariant DateCellValue(const std::optional<QDateTime> &time)
 
 } // namespace
 
+// A linker leaves the pictures out of a static library unless somebody names them.
+static void LoadPictures()
+{
+    Q_INIT_RESOURCE(icons);
+}
+
 StempWin::StempWin(FormServices &services, Prompts &prompts, StempWinParts parts)
     : Form(QStringLiteral("StempWin"), services),
       services_(services),
@@ -57,6 +63,9 @@ StempWin::StempWin(FormServices &services, Prompts &prompts, StempWinParts parts
       gridModel_({QStringLiteral("Job"), QStringLiteral("Stemped In"), QStringLiteral("Stemped Out"),
                   QStringLiteral("Description")})
 {
+    LoadPictures();
+    iconIn_ = QIcon(QStringLiteral(":/icons/IconIn.svg"));
+    iconOut_ = QIcon(QStringLiteral(":/icons/IconOut.svg"));
     ui_->setupUi(this);
     gridModel_.SetFormatter(inColumn, DateCell);
     gridModel_.SetFormatter(outColumn, DateCell);
@@ -83,9 +92,6 @@ StempWin::StempWin(FormServices &services, Prompts &prompts, StempWinParts parts
     connect(ui_->mnuAdmin, &QAction::triggered, this, &StempWin::AdminChosen);
     connect(&parts_.jobDatabase, &JobDatabase::JobListFilled, this, &StempWin::JobListFilled);
     connect(&saveTimer_, &QTimer::timeout, this, &StempWin::SaveTimer_Timer);
-    // Working in the grid closes the pick list.
-    ui_->StempGrid->installEventFilter(this);
-    ui_->StempGrid->viewport()->installEventFilter(this);
     QPalette note = ui_->UnsavedLabel->palette();
     note.setColor(QPalette::Window, QColor(noteColor));
     note.setColor(QPalette::WindowText, Qt::black);
@@ -159,7 +165,7 @@ void StempWin::StempInLook()
     parts_.clock.state.IsStempedIn = true;
     ui_->InOutButton->setText(QStringLiteral("Stemp &OUT"));
     SetBackColor(green);
-    setWindowIcon(QIcon(QStringLiteral(":/icons/IconIn.svg")));
+    setWindowIcon(iconIn_);
     setWindowTitle(parts_.clock.state.CurrentJob);
 }
 
@@ -168,7 +174,7 @@ void StempWin::StempOutLook()
     parts_.clock.state.IsStempedIn = false;
     ui_->InOutButton->setText(QStringLiteral("Stemp &IN"));
     SetBackColor(red);
-    setWindowIcon(QIcon(QStringLiteral(":/icons/IconOut.svg")));
+    setWindowIcon(iconOut_);
     setWindowTitle(parts_.identity.UserInitials + QStringLiteral(" Out"));
 }
 
@@ -362,8 +368,10 @@ void StempWin::showEvent(QShowEvent *event)
 
 bool StempWin::eventFilter(QObject *watched, QEvent *event)
 {
-    const bool inGrid = watched == ui_->StempGrid || watched == ui_->StempGrid->viewport();
-    if (inGrid && (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::FocusIn))
+    // The form sees the events of the whole program, also while it is being set up.
+    if (!pickList_ || (watched != ui_->StempGrid && watched != ui_->StempGrid->viewport()))
+        return Form::eventFilter(watched, event);
+    if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::FocusIn)
         pickList_->HideXList();
     return Form::eventFilter(watched, event);
 }

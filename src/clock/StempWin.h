@@ -4,6 +4,7 @@
 #include "platform/forms/Form.h"
 #include "platform/forms/RowsModel.h"
 
+#include <QIcon>
 #include <QTimer>
 
 #include <memory>
@@ -78,7 +79,7 @@ protected:
     bool QueryUnload() override;
     bool Form_KeyDown(QKeyEvent &event) override;
     void showEvent(QShowEvent *event) override;
-    bool eventFilter(QObject *watched, QEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override; // working in the grid closes the pick list
 
 private:
     void InOutButton_Click();
@@ -97,6 +98,8 @@ private:
     std::unique_ptr<Ui::StempWin> ui_;
     DataControl *stempList_ = nullptr; // owned by the list of controls
     RowsModel gridModel_;
+    QIcon iconIn_;
+    QIcon iconOut_;
     std::unique_ptr<PickList> pickList_;
     std::unique_ptr<IOQuery> outQuery_; // while it is shown
     QTimer refreshTimer_;
