@@ -43,7 +43,11 @@ start_display() {
     [ -n "$number" ] || fail "The virtual display did not start: $(cat "$work/xvfb.log")"
     export DISPLAY=:$number QT_QPA_PLATFORM=xcb
     unset WAYLAND_DISPLAY
-    openbox 2>"$work/openbox.log" &
+    if [ -z "${XDG_RUNTIME_DIR-}" ]; then
+        export XDG_RUNTIME_DIR=$work/runtime
+        mkdir -m 700 "$XDG_RUNTIME_DIR"
+    fi
+    openbox >"$work/openbox.log" 2>&1 &
     started=($! "${started[@]}")
     poll 20 has_window_manager || fail "The window manager did not start: $(cat "$work/openbox.log")"
 }
