@@ -6,21 +6,6 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace {
-
-// A window is settled when a change of its size reaches its stored numbers.
-bool IsSettled(TestForm &form)
-{
-    const Geometry before = form.StoredGeometry();
-    const QSize size = form.size();
-    form.resize(size + QSize(1, 0));
-    const bool settled = form.StoredGeometry() != before;
-    form.resize(size);
-    return settled;
-}
-
-} // namespace
-
 // Each case opens and closes new windows on the same stored numbers.
 class TestWindowPlace : public QObject
 {
@@ -37,7 +22,7 @@ private:
             form.show();
         }
         if (way >= Settled) {
-            QTRY_VERIFY(IsSettled(form));
+            QTRY_VERIFY(form.IsSettled());
         }
         if (way == Minimized) {
             form.showMinimized();
@@ -82,7 +67,7 @@ private slots:
         TestForm form(services);
         form.Load();
         form.show();
-        QTRY_VERIFY(IsSettled(form));
+        QTRY_VERIFY(form.IsSettled());
         QCOMPARE(form.frameGeometry(), ToPixels(*services.stored));
 
         form.move(form.pos() + QPoint(10, 0));
@@ -94,7 +79,7 @@ private slots:
         form.hide(); // and shown again, as the settings are
         QCOMPARE(form.StoredGeometry(), expected);
         form.show();
-        QTRY_VERIFY(IsSettled(form));
+        QTRY_VERIFY(form.IsSettled());
         QCOMPARE(form.StoredGeometry(), expected);
         QCOMPARE(form.frameGeometry(), ToPixels(expected));
         form.Unload();
@@ -107,7 +92,7 @@ private slots:
         TestForm form(services);
         form.Load();
         form.show();
-        QTRY_VERIFY(IsSettled(form));
+        QTRY_VERIFY(form.IsSettled());
         QCOMPARE(form.size(), QSize(540, 300));
         form.resize(540, 340);
         form.Unload();
@@ -115,7 +100,7 @@ private slots:
         TestForm again(services);
         again.Load();
         again.show();
-        QTRY_VERIFY(IsSettled(again));
+        QTRY_VERIFY(again.IsSettled());
         QCOMPARE(again.size(), QSize(540, 340));
     }
 

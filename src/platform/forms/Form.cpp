@@ -159,6 +159,11 @@ Geometry Form::StoredGeometry() const
     return place_->Stored();
 }
 
+bool Form::IsSettled() const
+{
+    return place_->IsSettled();
+}
+
 void Form::SetBackColor(const QColor &color)
 {
     if (color == BackColor()) {

@@ -53,6 +53,7 @@ public:
     // a person; kept for the normal window state, also while minimised.
     void SetStoredGeometry(const Geometry &twips);
     Geometry StoredGeometry() const;
+    bool IsSettled() const; // half a second after it was shown: from then on a change of place or size is a person's
     Geometry DesignGeometry() const { return designGeometry_; } // amid the screen, unless moved before RegisterControls
     const QString &DesignCaption() const { return designCaption_; }
     const QString &DesignHelp() const { return designHelp_; }

@@ -98,7 +98,10 @@ bool WindowPlace::eventFilter(QObject *watched, QEvent *event)
         if (!event->spontaneous()) {
             stored_ = StoredAt(seen_); // what a person did to it when it was last shown
             baseline_.reset();
-            Apply();
+            // At first it stands where it was put before it had a native window, which is when a place includes the frame.
+            if (margins_) {
+                Apply();
+            }
             BeginToSettle();
         }
         break;

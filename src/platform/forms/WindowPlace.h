@@ -22,6 +22,7 @@ public:
     void SetDesign(const Geometry &outerTwips, QSize innerPixels);
     void SetStored(const Geometry &twips); // moves and resizes the window
     Geometry Stored() const;
+    bool IsSettled() const { return baseline_.has_value(); } // since it was last shown or set
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
