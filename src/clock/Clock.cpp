@@ -12,16 +12,11 @@ Clock::Clock(TimeTable &table, JobLists &lists, const TimeSource &time,
 bool Clock::TakeUpLastRow()
 {
     state = ClockState();
-    openRow_.reset();
-
     const TimeRowPtr row = table_.OpenOrLastRow();
-    if (!row) {
-        return false;
-    }
-    SetCurrentJob(JobItemText(row->jobID, row->jobName), {row->jobID, row->jobName});
-    state.LastInTime = row->stempInTime;
-    if (row->IsOpen()) {
-        openRow_ = row;
+    openRow_ = row && row->IsOpen() ? row : nullptr;
+    if (row) {
+        SetCurrentJob(JobItemText(row->jobID, row->jobName), {row->jobID, row->jobName});
+        state.LastInTime = row->stempInTime;
     }
     return openRow_ != nullptr;
 }

@@ -54,12 +54,14 @@ public:
     int UnsavedCount() const { return static_cast<int>(unsaved_.size()); }
 
 private:
-    void EnsureOpen(); // throws dao::Error, as do the others below
+    // These throw dao::Error.
+    void EnsureOpen();
     QList<TimeRow> StoredRows(const QString &source, const QVariantList &values, const QString &purpose);
     void WriteUnsaved();
     qint64 Store(const TimeRow &row); // the row's key
+
     void Failed(const dao::Error &error);
-    TimeRowPtr Unsaved(qint64 id) const;
+    TimeRowPtr Unsaved(qint64 id) const; // the stored row of this key, when it has unsaved changes
 
     const TimeSource &time_;
     QString path_;

@@ -18,11 +18,11 @@ struct Options
     Rounding SummaryRounding = Rounding::Quarters;
     QString DaysInGrid = QStringLiteral("7"); // as typed; DaysToShow reads it
     QString PollDelay = QStringLiteral("15"); // as typed; PollPeriod reads it
-    QString EnterpriseMDBText;                // path of the company database, the platform's own separators; may be empty
+    QString EnterpriseMDBText; // path of the company database, the platform's own separators; may be empty
 };
 
 // The leading number of `text`, rounded to a whole number, halves to the even one; 0 when there is none. Clamped to 16 bits.
 int LeadingNumber(const QString &text);
 
-int DaysToShow(const QString &daysInGrid);              // below 1: 7
+int DaysToShow(const QString &daysInGrid);                 // below 1: 7
 std::chrono::seconds PollPeriod(const QString &pollDelay); // below 1: 15, over 60: 60

@@ -91,6 +91,7 @@ void TestClock::InOutAndInAgain()
     QCOMPARE(clock.state.CurrentJob, u"1 : Roof"_s);
 
     time_.Advance(60);
+    clock.StempOut(); // once more: nothing is open
     clock.StempIn(u"1 : Roof"_s, QString());
     clock.StempOutAt(time_.now.addSecs(-120)); // before the in-time: stored as told
     QVERIFY(!clock.state.IsStempedIn);

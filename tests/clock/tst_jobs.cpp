@@ -53,6 +53,7 @@ void TestJobs::ListKeepsItemsExactly()
     list.Assign({u"b : B"_s, u"a : A"_s, u"b : B"_s}); // as read, whatever stands there
     QVERIFY(!list.Add(u"a : A"_s));
     QVERIFY(list.Add(u"a : a"_s));
+    QVERIFY(!list.Add(u"a : a"_s));
     QVERIFY(list.Add(u"a : A "_s));
     QCOMPARE(list.Items(), QStringList({u"b : B"_s, u"a : A"_s, u"b : B"_s, u"a : a"_s, u"a : A "_s}));
 
