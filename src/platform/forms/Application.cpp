@@ -3,9 +3,9 @@
 #include <QApplication>
 #include <QFontDatabase>
 
-void ApplyApplicationFont(QApplication &application)
+void ApplyApplicationFont(QApplication &)
 {
     QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
     font.setPixelSize(13);
-    application.setFont(font);
+    QApplication::setFont(font);
 }
