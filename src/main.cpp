@@ -13,8 +13,7 @@
 int main(int argc, char *argv[])
 {
     QApplication application(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("stemp"));
-    QApplication::setApplicationDisplayName(QStringLiteral("Stemp"));
+    QApplication::setApplicationName(QStringLiteral("Stemp"));
     QApplication::setQuitOnLastWindowClosed(false); // the program lives as long as its main window is loaded
     ApplyApplicationFont(application);
 

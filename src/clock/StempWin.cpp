@@ -33,8 +33,11 @@ constexpr double leastGridHeight = 500;
 constexpr std::chrono::milliseconds blinkPeriod = 500ms;
 constexpr std::chrono::milliseconds savePeriod = 3s; // between two tries to write rows that could not be written
 
-constexpr int inColumn = 1; // the grid's columns that hold dates
+constexpr int jobColumn = 0; // of the grid
+constexpr int inColumn = 1;
 constexpr int outColumn = 2;
+constexpr int jobWidth = 90; // as designed, pixels
+constexpr int dateWidth = 150;
 
 QString DateCell(const QVariant &cell)
 {
@@ -60,16 +63,16 @@ StempWin::StempWin(FormServices &services, Prompts &prompts, StempWinParts parts
       prompts_(prompts),
       parts_(parts),
       ui_(std::make_unique<Ui::StempWin>()),
-      gridModel_({QStringLiteral("Job"), QStringLiteral("Stemped In"), QStringLiteral("Stemped Out"),
-                  QStringLiteral("Description")})
+      gridModel_({QLatin1String(QT_TRANSLATE_NOOP("StempWin", "Job")),
+                  QLatin1String(QT_TRANSLATE_NOOP("StempWin", "Stemped In")),
+                  QLatin1String(QT_TRANSLATE_NOOP("StempWin", "Stemped Out")),
+                  QLatin1String(QT_TRANSLATE_NOOP("StempWin", "Description"))})
 {
     LoadPictures();
     iconIn_ = QIcon(QStringLiteral(":/icons/IconIn.svg"));
     iconOut_ = QIcon(QStringLiteral(":/icons/IconOut.svg"));
     ui_->setupUi(this);
-    gridModel_.SetFormatter(inColumn, DateCell);
-    gridModel_.SetFormatter(outColumn, DateCell);
-    ui_->StempGrid->setModel(&gridModel_);
+    SetUpGrid();
     RegisterControls();
     auto stempList = std::make_unique<DataControl>(QStringLiteral("StempList"));
     stempList_ = stempList.get();
@@ -82,6 +85,29 @@ StempWin::StempWin(FormServices &services, Prompts &prompts, StempWinParts parts
     saveTimer_.setInterval(savePeriod);
     setMinimumWidth(qCeil(leastWidth / twipsPerPixel));
 
+    QPalette note = ui_->UnsavedLabel->palette();
+    note.setColor(QPalette::Window, QColor(noteColor));
+    note.setColor(QPalette::WindowText, Qt::black);
+    ui_->UnsavedLabel->setPalette(note);
+    ui_->UnsavedLabel->setBackgroundRole(QPalette::Window); // not the surface's colour
+    Connect();
+    // Their windows are not built yet.
+    for (QAction *menu : {ui_->mnuSummary, ui_->mnuNotes, ui_->mnuCreateJob})
+        menu->setEnabled(false);
+}
+
+void StempWin::SetUpGrid()
+{
+    gridModel_.SetFormatter(inColumn, DateCell);
+    gridModel_.SetFormatter(outColumn, DateCell);
+    ui_->StempGrid->setModel(&gridModel_);
+    ui_->StempGrid->setColumnWidth(jobColumn, jobWidth);
+    ui_->StempGrid->setColumnWidth(inColumn, dateWidth);
+    ui_->StempGrid->setColumnWidth(outColumn, dateWidth);
+}
+
+void StempWin::Connect()
+{
     connect(pickList_.get(), &PickList::Picked, this, &StempWin::StempIn);
     connect(pickList_.get(), &PickList::TextUtilLeft, ui_->InOutButton, qOverload<>(&QWidget::setFocus));
     connect(pickList_.get(), &PickList::DeleteRequested, this, &StempWin::DeleteJob);
@@ -92,13 +118,6 @@ StempWin::StempWin(FormServices &services, Prompts &prompts, StempWinParts parts
     connect(ui_->mnuAdmin, &QAction::triggered, this, &StempWin::AdminChosen);
     connect(&parts_.jobDatabase, &JobDatabase::JobListFilled, this, &StempWin::JobListFilled);
     connect(&saveTimer_, &QTimer::timeout, this, &StempWin::SaveTimer_Timer);
-    QPalette note = ui_->UnsavedLabel->palette();
-    note.setColor(QPalette::Window, QColor(noteColor));
-    note.setColor(QPalette::WindowText, Qt::black);
-    ui_->UnsavedLabel->setPalette(note);
-    // Their windows are not built yet.
-    for (QAction *menu : {ui_->mnuSummary, ui_->mnuNotes, ui_->mnuCreateJob})
-        menu->setEnabled(false);
 }
 
 StempWin::~StempWin() = default;
@@ -336,9 +355,13 @@ void StempWin::Form_Resize()
     // The title bar and the menu lie outside the surface, so their height is not taken off here.
     const int top = ui_->StempGrid->y();
     const double height = (Surface()->height() - top) * twipsPerPixel - gridBottom;
+    // The search box goes on ending where the grid does, unless it was moved or resized away from there.
+    const bool aligned = ui_->TextUtil->geometry().right() == ui_->StempGrid->geometry().right();
     if (height > leastGridHeight)
         ui_->StempGrid->resize(qRound(frameGeometry().width() - gridMargin / twipsPerPixel),
                                qRound(height / twipsPerPixel));
+    if (aligned)
+        ui_->TextUtil->resize(ui_->StempGrid->geometry().right() + 1 - ui_->TextUtil->x(), ui_->TextUtil->height());
     if (pickList_->IsListVisible())
         pickList_->PlaceXList();
 }

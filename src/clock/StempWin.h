@@ -82,6 +82,8 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override; // working in the grid closes the pick list
 
 private:
+    void SetUpGrid();
+    void Connect();
     void InOutButton_Click();
     void XList_Picked(const QString &item);
     void DeleteJob(const QString &item);

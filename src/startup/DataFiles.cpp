@@ -14,6 +14,8 @@ namespace {
 
 Q_LOGGING_CATEGORY(log, "stemp.files")
 
+constexpr QLatin1String journalSuffix("-journal");
+
 QString TemporaryName(const QString &target)
 {
     return target + QStringLiteral(".new");
@@ -33,8 +35,11 @@ bool CopyTemplate(const QString &source, const QString &target)
 {
     if (QFileInfo::exists(target))
         return true;
+    // Both left behind: a copy that was interrupted, and the journal of a file that was removed, which would be played back
+    // into the new one.
     const QString temporary = TemporaryName(target);
-    QFile::remove(temporary); // left by a copy that was interrupted
+    QFile::remove(temporary);
+    QFile::remove(target + journalSuffix);
     if (!QFile::copy(source, temporary)) {
         qCWarning(log) << "copying" << source << "to" << target << "failed";
         return false;
@@ -49,6 +54,7 @@ void CreateTimeDb(const QString &blank, const QString &target)
 {
     const QString temporary = TemporaryName(target);
     QFile::remove(temporary);
+    QFile::remove(target + journalSuffix);
     if (!CopyTemplate(blank, temporary))
         throw dao::Error(dao::ErrorKind::CannotOpen, QStringLiteral("copying the template of the time database"),
                          target, blank);
@@ -88,9 +94,8 @@ std::optional<QString> SetAside(const QString &path, const QDateTime &now)
         return std::nullopt;
     }
     // A journal belongs to its file: left behind, it would be played back into the new one.
-    const QString journal = QStringLiteral("-journal");
-    if (QFileInfo::exists(path + journal))
-        QFile::rename(path + journal, target + journal);
+    if (QFileInfo::exists(path + journalSuffix))
+        QFile::rename(path + journalSuffix, target + journalSuffix);
     return target;
 }
 

@@ -102,7 +102,7 @@ xdotool windowfocus --sync "$(second_asks | tail -n 1)" key Return
 wait "$second" 2>/dev/null || true
 [ "$before" = "$(cd "$folder" && ls)" ] || wrong "the second copy left files behind"
 
-echo "the window remembers its place, and the person is marked as gone"
+echo "the window remembers its place, and the personal file is sound"
 xdotool windowmove --sync "$(window "$login Out")" 200 120
 sleep_until_noted() { sleep 0.7; } # the window takes its place as settled half a second after it was shown
 sleep_until_noted
