@@ -1,7 +1,6 @@
 #include "clock/Clock.h"
 
 #include "clock/JobLists.h"
-#include "clock/OutQuery.h"
 #include "support/ProgramFolder.h"
 #include "support/SettableTime.h"
 
@@ -36,19 +35,13 @@ private slots:
     void init();
     void InOutAndInAgain();
     void InToInIsOneTransaction();
-    void UnusableItem_data();
     void UnusableItem();
     void PickingKeepsTheLists_data();
     void PickingKeepsTheLists();
     void OutGivesTheRowsOwnText();
-    void FailingWritesChangeTheState();
     void TakesUpTheLastRow();
-    void CompletesARowOlderThanTheWindow();
     void CompletesItsOwnRow_data();
     void CompletesItsOwnRow();
-    void OutWithoutAnOpenRow();
-    void RecentListOfTheRows();
-    void OutWarnings();
 
 private:
     // All rows as "job in-out", in minutes after nine.
@@ -115,27 +108,18 @@ void TestClock::InToInIsOneTransaction()
     QCOMPARE(Rows(), u"1 0-1, 2 1-2, 3 2-"_s);
 }
 
-void TestClock::UnusableItem_data()
-{
-    QTest::addColumn<QString>("item");
-    QTest::newRow("empty") << QString();
-    QTest::newRow("what is searched for") << u"roof"_s;
-}
-
 void TestClock::UnusableItem()
 {
-    QFETCH(QString, item);
     Clock &clock = copy_->clock;
     copy_->lists.Mode = ListMode::Company;
-    QVERIFY(!clock.StempIn(item, u"roof"_s));
-    QVERIFY(!clock.state.IsStempedIn);
-    QCOMPARE(Rows(), QString());
-
-    clock.StempIn(u"1 : Roof"_s, u"roof"_s);
-    QVERIFY(!clock.StempIn(item, u"roof"_s));
-    QVERIFY(!clock.state.IsStempedIn);
-    QCOMPARE(Rows(), u"1 0-0"_s);
-    QCOMPARE(clock.state.CurrentJob, u"1 : Roof"_s);
+    for (const QString &item : {QString(), u"ro"_s}) {
+        QVERIFY(clock.StempIn(u"1 : Roof"_s, u"ro"_s));
+        QVERIFY(!clock.StempIn(item, u"ro"_s)); // out
+        QVERIFY(!clock.StempIn(item, u"ro"_s)); // and nothing more
+        QVERIFY(!clock.state.IsStempedIn);
+        QCOMPARE(clock.state.CurrentJob, u"1 : Roof"_s);
+    }
+    QCOMPARE(Rows(), u"1 0-0, 1 0-0"_s);
     QCOMPARE(copy_->lists.PersonalList.Count(), 1);
 }
 
@@ -176,23 +160,6 @@ void TestClock::OutGivesTheRowsOwnText()
     QCOMPARE(copy_->lists.RecentList.Items(), QStringList({u"Lunch"_s, u"Lunch : "_s}));
 }
 
-void TestClock::FailingWritesChangeTheState()
-{
-    Clock &clock = copy_->clock;
-    dao::Database other = dao::Database::OpenDatabase(folder_->File(u"Blank.mdb"_s));
-    other.Execute(u"BEGIN EXCLUSIVE"_s, {}, {});
-    QVERIFY(clock.StempIn(u"1 : Roof"_s, QString()));
-    QVERIFY(clock.state.IsStempedIn);
-    time_.Advance(60);
-    clock.StempOut();
-    QVERIFY(!clock.state.IsStempedIn);
-    QCOMPARE(copy_->table.UnsavedCount(), 1);
-
-    other.Execute(u"ROLLBACK"_s, {}, {});
-    QVERIFY(copy_->table.Flush());
-    QCOMPARE(Rows(), u"1 0-1"_s);
-}
-
 void TestClock::TakesUpTheLastRow()
 {
     Clock &clock = copy_->clock;
@@ -202,30 +169,19 @@ void TestClock::TakesUpTheLastRow()
 
     clock.StempIn(u"1 : Roof"_s, QString());
     Copy next(*folder_, time_);
-    time_.Advance(60);
-    QVERIFY(next.clock.TakeUpLastRow());
+    time_.Advance(40 * 24 * 3600);
+    QVERIFY(next.table.Rows(RollBackQuery(7)).isEmpty());
+    QVERIFY(next.clock.TakeUpLastRow());    // of any age
     QVERIFY(!next.clock.state.IsStempedIn); // until the out-query has been answered
     QCOMPARE(next.clock.state.CurrentJob, u"1 : Roof"_s);
-    QCOMPARE(next.clock.state.LastInTime, time_.now.addSecs(-60));
+    QCOMPARE(next.clock.state.LastInTime, time_.now.addDays(-40));
     next.clock.StempOutAt(time_.now);
     next.clock.StempIn(u"2 : Cellar"_s, QString());
-    QCOMPARE(next.clock.state.LastInTime, time_.now.addSecs(-60)); // still the start's
+    QCOMPARE(next.clock.state.LastInTime, time_.now.addDays(-40)); // still the start's
     next.clock.StempOut();
-    QCOMPARE(Rows(), u"1 0-1, 2 1-1"_s);
+    QCOMPARE(Rows(), u"1 0-57600, 2 57600-57600"_s);
 
     QVERIFY(!Copy(*folder_, time_).clock.TakeUpLastRow());
-}
-
-void TestClock::CompletesARowOlderThanTheWindow()
-{
-    copy_->clock.StempIn(u"1 : Roof"_s, QString());
-    time_.Advance(40 * 24 * 3600);
-    Copy next(*folder_, time_);
-    QVERIFY(next.table.Rows(RollBackQuery(7)).isEmpty());
-    QVERIFY(next.clock.TakeUpLastRow());
-    next.clock.state.IsStempedIn = true;
-    next.clock.StempOut();
-    QCOMPARE(Rows(), u"1 0-%1"_s.arg(40 * 24 * 60));
 }
 
 void TestClock::CompletesItsOwnRow_data()
@@ -250,36 +206,6 @@ void TestClock::CompletesItsOwnRow()
     time_.Advance(60);
     copy_->clock.StempOut();
     QTEST(Rows(), "rows");
-}
-
-void TestClock::OutWithoutAnOpenRow()
-{
-    folder_->Sql(u"Blank.mdb"_s, u"INSERT INTO Stemp (JobID, StempInTime) VALUES ('1', 46083.375)"_s);
-    copy_->clock.state.IsStempedIn = true; // without having taken up a row
-    copy_->clock.StempOut();
-    QVERIFY(!copy_->clock.state.IsStempedIn);
-    QCOMPARE(Rows(), u"1 0-"_s);
-}
-
-void TestClock::RecentListOfTheRows()
-{
-    for (const QString &item : {u"2 : Cellar"_s, u"1 : Roof"_s, u"2 : Cellar"_s, u"2 : cellar"_s, u"1 : Roof"_s})
-        copy_->clock.StempIn(item, QString());
-    copy_->lists.RecentList.Assign({u"left over"_s});
-    copy_->clock.FillRecentList(copy_->table.Rows(RollBackQuery(7)));
-    QCOMPARE(copy_->lists.RecentList.Items(), QStringList({u"2 : Cellar"_s, u"1 : Roof"_s, u"2 : cellar"_s}));
-}
-
-void TestClock::OutWarnings()
-{
-    const QDateTime now = time_.now;
-    const QDateTime in = now.addSecs(-3600);
-    QCOMPARE(WarningFor(now, now, in), OutWarning::None);
-    QCOMPARE(WarningFor(in, now, in), OutWarning::None);
-    QCOMPARE(WarningFor(now.addSecs(1), now, in), OutWarning::Future);
-    QCOMPARE(WarningFor(in.addSecs(-1), now, in), OutWarning::EarlierThanIn);
-    QCOMPARE(WarningFor(in.addSecs(-1), now, std::nullopt), OutWarning::None);
-    QCOMPARE(WarningFor(now.addSecs(1), now, now.addSecs(60)), OutWarning::Future);
 }
 
 QTEST_GUILESS_MAIN(TestClock)
