@@ -4,7 +4,6 @@
 
 #include <QString>
 
-#include <optional>
 #include <utility>
 
 // A job database file that may go away and come back, or be replaced, while the program uses it. Belongs to one thread.
@@ -19,9 +18,8 @@ public:
     void Close();
 
 private:
-    // Which file stands at the path, asked without a handle.
     using FileId = std::pair<quint64, quint64>;
-    std::optional<FileId> Identify() const;
+    FileId Identify() const; // which file stands at the path, zeros for none; asked without a handle
 
     const QString path_;
     dao::Database database_;

@@ -103,7 +103,6 @@ private slots:
     void FileGoesAndComesBack();
     void LeavesForeignFilesUntouched_data();
     void LeavesForeignFilesUntouched();
-    void StopLetsRequestsFinish();
 };
 
 void TestCompanyLink::InlineAnswersBeforeItReturns()
@@ -194,7 +193,11 @@ void TestCompanyLink::DropsAnswersNobodyWaitsFor()
         QCoreApplication::processEvents();
 
         link.Ask(this, AddUser(u"DORA"_s), count);
-        QVERIFY(link.Stop(plenty)); // and here the link itself goes
+        QVERIFY(link.Stop(plenty));
+        link.Tell(AddUser(u"LATE"_s));
+        link.Ask(this, AddUser(u"LATE"_s), count);
+        QVERIFY(!link.AskWithin(plenty, AddUser(u"LATE"_s)));
+        QVERIFY(!link.RunWithin(plenty, [] {}));
         QCoreApplication::processEvents();
     }
     QCoreApplication::processEvents();
@@ -322,27 +325,6 @@ void TestCompanyLink::LeavesForeignFilesUntouched()
         QCOMPARE(link.AskWithin(plenty, AddUser(u"ANNA"_s))->error->Kind(), kind);
     QVERIFY(link.Stop(plenty));
     QCOMPARE(read(), before);
-}
-
-void TestCompanyLink::StopLetsRequestsFinish()
-{
-    const Files files;
-    CompanyLink link(CompanyLink::Mode::Thread);
-    link.Open(files.File(u"a.mdb"_s));
-    QString users;
-    for (int i = 0; i < 5; ++i) {
-        link.Tell(AddUser(QString::number(i)));
-        users += QString::number(i) + u' ';
-    }
-    QVERIFY(link.Stop(plenty));
-    link.Open(files.File(u"b.mdb"_s));
-    link.Tell(AddUser(u"LATE"_s));
-    link.Ask(this, AddUser(u"LATE"_s), [](const Answer<int> &) { QFAIL("answered after the end"); });
-    QVERIFY(!link.AskWithin(plenty, AddUser(u"LATE"_s)));
-    QVERIFY(!link.RunWithin(plenty, [] {}));
-    QVERIFY(link.Stop(plenty));
-    QCOMPARE(files.Users(u"a.mdb"_s), users.trimmed());
-    QCOMPARE(files.Users(u"b.mdb"_s), QString());
 }
 
 QTEST_GUILESS_MAIN(TestCompanyLink)
