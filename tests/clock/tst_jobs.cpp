@@ -58,7 +58,7 @@ void TestJobs::Search_data()
     QTest::newRow("Danish small letter") << u"æblegrød"_s << QList<int>{2};
     QTest::newRow("Danish capital") << u"Å"_s << QList<int>{3};
     QTest::newRow("once for each item") << u"B"_s << QList<int>{0, 1, 2};
-    QTest::newRow("not across two items") << u"blab"_s << QList<int>{};
+    QTest::newRow("not across two items") << u"bab"_s << QList<int>{};
     QTest::newRow("whole item") << u"1 : blå lab"_s << QList<int>{};
     QTest::newRow("added later") << u"later"_s << QList<int>{4};
     QTest::newRow("letter whose upper case is two") << u"ß"_s << QList<int>{5};
