@@ -76,6 +76,7 @@ void PickList::PlaceXList()
 void PickList::ShowCurrentJob()
 {
     textUtil_.setText(clock_.CurrentJob);
+    textUtil_.selectAll(); // so that typing begins a new search
     textUtil_.setToolTip({});
 }
 

@@ -37,7 +37,7 @@ constexpr int jobColumn = 0; // of the grid
 constexpr int inColumn = 1;
 constexpr int outColumn = 2;
 constexpr int jobWidth = 90; // as designed, pixels
-constexpr int dateWidth = 150;
+constexpr int dateWidth = 165;
 
 QString DateCell(const QVariant &cell)
 {
