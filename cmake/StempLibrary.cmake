@@ -7,6 +7,9 @@ function(stemp_library name)
   target_link_libraries(${name} PUBLIC ${ARG_LINK} PRIVATE stemp_options)
 endfunction()
 
+# How every test runs. The quotes are the sanitizer's own, for a path with blanks.
+set(STEMP_TEST_ENVIRONMENT "LSAN_OPTIONS=suppressions='${PROJECT_SOURCE_DIR}/tests/lsan.supp'")
+
 # stemp_test(name LINK target…): builds <name>.cpp as a Qt Test program and registers it with CTest, on the offscreen
 # platform. Further SOURCES may be named.
 function(stemp_test name)
@@ -16,5 +19,5 @@ function(stemp_test name)
   target_link_libraries(${name} PRIVATE ${ARG_LINK} Qt6::Test stemp_options)
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES TIMEOUT 120
-    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan.supp")
+    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;${STEMP_TEST_ENVIRONMENT}")
 endfunction()
