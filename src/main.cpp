@@ -16,6 +16,7 @@ int main(int argc, char *argv[])
     QApplication::setApplicationName(QStringLiteral("Stemp"));
     QApplication::setQuitOnLastWindowClosed(false); // the program lives as long as its main window is loaded
     ApplyApplicationFont(application);
+    const ToolkitWarmUp warmUp;
 
     const System system;
     const TimeSource time;
@@ -26,7 +27,12 @@ int main(int argc, char *argv[])
         Main start(program, prompts);
         const SessionEnd sessionEnd;
         QObject::connect(&sessionEnd, &SessionEnd::Ending, &start, &Main::EndSession);
-        QObject::connect(&start, &Main::Ended, &application, &QCoreApplication::quit, Qt::QueuedConnection);
+        QObject::connect(&start, &Main::Ended, &application, [](bool clean) {
+            // A thread that hangs in a file system would keep the process alive, or crash it at its end.
+            if (!clean)
+                std::_Exit(EXIT_SUCCESS);
+            QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+        });
         if (start.Run())
             result = QApplication::exec();
     }

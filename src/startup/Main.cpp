@@ -224,8 +224,7 @@ void Main::UnloadOthers()
 void Main::MainWindowUnloaded()
 {
     ended_ = true;
-    program_.CloseDatabases();
-    emit Ended();
+    emit Ended(program_.CloseDatabases());
 }
 
 void Main::EndSession()

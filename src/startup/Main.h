@@ -28,7 +28,8 @@ public:
     AdminForm *Settings() const { return adminForm_.get(); }
 
 signals:
-    void Ended(); // the main window was unloaded and the databases are closed
+    // The main window was unloaded and the databases are closed; `clean` is false when a thread had to be left behind.
+    void Ended(bool clean);
 
 private:
     bool FindProgramFolder();

@@ -36,11 +36,13 @@ void Program::AddPersonalJob(const JobItem &job)
     }
 }
 
-void Program::CloseDatabases()
+bool Program::CloseDatabases()
 {
     timeTable.Close();
-    if (!jobDatabase.Close(exitLimit))
-        qCWarning(log) << "the company database did not answer at exit";
+    const bool answered = jobDatabase.Close(exitLimit);
+    if (!answered)
+        qCWarning(log) << "the job database does not answer at exit";
     PersonalJobsRs.Close();
     LocalDB.Close();
+    return answered;
 }

@@ -34,8 +34,9 @@ public:
     TimeTable timeTable;
     Clock clock;
 
-    // Closes the time database, the job database and LocalDB, in that order.
-    void CloseDatabases();
+    // Closes the time database, the job database and LocalDB, in that order. False when the job database does not answer: its
+    // thread is left behind then, and the process must end without waiting for it.
+    bool CloseDatabases();
 
 private:
     void AddPersonalJob(const JobItem &job);
