@@ -47,7 +47,7 @@ start() {
 # Clicks at a place of a window's inside, in pixels.
 click() { xdotool mousemove --sync --window "$(window "$1")" "$2" "$3" click 1; }
 # Closes a window as its frame's button does.
-close() { wmctrl -i -c "$(window "$1")"; }
+close() { xdotool windowfocus --sync "$(window "$1")" key alt+F4; }
 
 # A display with a window manager.
 mkfifo "$work/display"
