@@ -1,9 +1,6 @@
 #include "clock/JobLists.h"
 
-#include "clock/JobItem.h"
 #include "platform/dao/Database.h"
-
-#include <QSqlQuery>
 
 const JobList &JobLists::Current() const
 {
@@ -28,10 +25,8 @@ const JobList &JobLists::Of(ListMode mode) const
 
 QStringList ReadProjects(dao::Database &database)
 {
-    QStringList items;
-    database.ForEach(QStringLiteral("SELECT JobID, JobName FROM Projects ORDER BY JobID"), {},
-                     QStringLiteral("reading a job list"), [&items](const QSqlQuery &row) {
-                         items.append(JobItemText(row.value(0).toString(), row.value(1).toString()));
-                     });
-    return items;
+    // Put together where they are read, as JobItemText does.
+    return database.Texts(
+        QStringLiteral("SELECT ifnull(JobID, '') || ' : ' || ifnull(JobName, '') FROM Projects ORDER BY JobID"),
+        QStringLiteral("reading a job list"));
 }

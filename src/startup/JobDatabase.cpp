@@ -115,12 +115,17 @@ void JobDatabase::FillJobList()
         return;
     }
     link_.Ask(
-        this, [](dao::Database &database) { return ReadProjects(database); },
-        [this](const Answer<QStringList> &answer) {
+        this,
+        [](dao::Database &database) {
+            JobList list; // made ready for searching here, beside the windows
+            list.Assign(ReadProjects(database));
+            return list;
+        },
+        [this](const Answer<JobList> &answer) {
             if (answer.error)
                 qCWarning(log).noquote() << answer.error->Text();
             else
-                lists_.CompanyList.Assign(*answer.value);
+                lists_.CompanyList = *answer.value;
             emit JobListFilled();
         });
 }

@@ -105,6 +105,9 @@ Database &Database::operator=(Database &&other) noexcept = default;
 
 Database Database::Connect(const QString &path, const QString &mode, std::chrono::milliseconds busyWait)
 {
+    // Its sums of memory in use take a lock at each allocation, for which threads that read long lists at the same time would
+    // queue. Refused, and not needed, where something else has used the library before.
+    [[maybe_unused]] static const int config = sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
     static std::atomic<int> count = 0;
     Database database;
     database.connection_ = std::make_unique<Connection>();
@@ -254,6 +257,26 @@ QList<QVariantList> Database::Select(const QString &sql, const QVariantList &val
         rows.append(row);
     });
     return rows;
+}
+
+// Past the driver, which keeps each row as a list of variants before it hands out its fields.
+QStringList Database::Texts(const QString &select, const QString &purpose)
+{
+    const Connection &connection = Connected(purpose);
+    const QByteArray sql = select.toUtf8();
+    sqlite3_stmt *prepared = nullptr;
+    int code = sqlite3_prepare_v2(connection.handle, sql.constData(), -1, &prepared, nullptr);
+    const std::unique_ptr<sqlite3_stmt, int (*)(sqlite3_stmt *)> statement(prepared, sqlite3_finalize);
+    QStringList texts;
+    if (code == SQLITE_OK) {
+        while ((code = sqlite3_step(prepared)) == SQLITE_ROW) {
+            const auto *text = reinterpret_cast<const char *>(sqlite3_column_text(prepared, 0));
+            texts.append(QString::fromUtf8(text, sqlite3_column_bytes(prepared, 0)));
+        }
+    }
+    if (code != SQLITE_DONE)
+        throw Error(KindOf(code), purpose, Path(), QString::fromUtf8(sqlite3_errmsg(connection.handle)));
+    return texts;
 }
 
 bool Database::HasTable(const QString &table)
