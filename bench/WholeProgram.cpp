@@ -1,0 +1,50 @@
+// The program as src/main.cpp starts it, until its window is painted and the lists are there.
+
+#include "bench/FirstPaint.h"
+#include "bench/ProgramFolder.h"
+#include "platform/forms/Application.h"
+#include "platform/forms/Prompts.h"
+#include "platform/system/TimeSource.h"
+#include "startup/Main.h"
+#include "startup/Program.h"
+
+#include <QApplication>
+
+#include <cstdlib>
+
+int main(int argc, char *argv[])
+{
+    QApplication application(argc, argv);
+    if (argc < 2)
+        return EXIT_FAILURE;
+    QApplication::setApplicationName(QStringLiteral("Stemp"));
+    QApplication::setQuitOnLastWindowClosed(false);
+    ApplyApplicationFont(application);
+    const ToolkitWarmUp warmUp;
+
+    const BenchSystem system;
+    const TimeSource time;
+    ScreenPrompts prompts;
+    Program program(system, time, CompanyLink::Mode::Thread);
+    Main start(program, prompts);
+    bool painted = false;
+    bool filled = false;
+    const auto endWhenBoth = [&] {
+        if (!painted || !filled)
+            return;
+        ReportPeakMemory();
+        start.EndSession();
+    };
+    const FirstPaint firstPaint([&] {
+        ReportTime("painted", argv[1]);
+        painted = true;
+        endWhenBoth();
+    });
+    QObject::connect(&program.jobDatabase, &JobDatabase::JobListFilled, &application, [&] {
+        ReportTime("lists", argv[1]);
+        filled = true;
+        endWhenBoth();
+    });
+    QObject::connect(&start, &Main::Ended, &application, &QCoreApplication::quit, Qt::QueuedConnection);
+    return start.Run() ? QApplication::exec() : EXIT_FAILURE;
+}
