@@ -16,6 +16,8 @@ namespace {
 
 // Short, as the window stands still meanwhile: a row that finds the file locked waits in memory, and is tried again.
 constexpr std::chrono::milliseconds busyWait{250};
+// At start an open row that is not seen would not be asked about.
+constexpr std::chrono::milliseconds startWait{2000};
 
 const QString &WindowQuery()
 {
@@ -57,15 +59,15 @@ void TimeTable::Close()
 
 QList<TimeRow> TimeTable::Rows(const QString &rollBackQuery)
 {
-    QList<TimeRow> rows;
     try {
         EnsureOpen();
         // The query has no order of its own, and the engine may give the rows in that of their in-times, which is not that of
         // adding when the clock was set back. The "+" lets it still find them by the index of the in-times.
-        rows = StoredRows(u'(' + rollBackQuery + u") ORDER BY +Id"_s, {}, u"reading the time rows"_s);
+        lastRead_ = StoredRows(u'(' + rollBackQuery + u") ORDER BY +Id"_s, {}, u"reading the time rows"_s);
     } catch (const dao::Error &error) {
         Failed(error);
     }
+    QList<TimeRow> rows = lastRead_;
     if (unsaved_.isEmpty()) {
         return rows;
     }
@@ -89,42 +91,23 @@ QList<TimeRow> TimeTable::Rows(const QString &rollBackQuery)
 
 TimeRowPtr TimeTable::OpenOrLastRow()
 {
-    // Rows that are not stored yet are newer than all that are.
-    const auto newestNew = [this](auto matches) {
-        const auto found = std::find_if(unsaved_.crbegin(), unsaved_.crend(),
-                                        [&](const TimeRowPtr &row) { return row->id == 0 && matches(*row); });
-        return found == unsaved_.crend() ? TimeRowPtr() : *found;
-    };
-    if (const TimeRowPtr row = newestNew([](const TimeRow &each) { return each.IsOpen(); })) {
-        return row;
-    }
-
     const QString purpose = u"looking for the open time row"_s;
-    QList<TimeRow> last;
+    QList<TimeRow> rows;
     try {
         EnsureOpen();
-        // As many as may have been completed in memory, and one more.
-        const QList<TimeRow> open =
-            StoredRows(u"Stemp WHERE StempInTime IS NOT NULL AND StempOutTime IS NULL ORDER BY Id DESC LIMIT ?"_s,
-                       {UnsavedCount() + 1}, purpose);
-        for (const TimeRow &row : open) {
-            if (!Unsaved(row.id)) {
-                return std::make_shared<TimeRow>(row);
-            }
+        database_.SetBusyWait(startWait);
+        rows = StoredRows(u"Stemp WHERE StempInTime IS NOT NULL AND StempOutTime IS NULL ORDER BY Id DESC LIMIT 1"_s,
+                          {}, purpose);
+        if (rows.isEmpty()) {
+            rows = StoredRows(u"Stemp ORDER BY Id DESC LIMIT 1"_s, {}, purpose);
         }
-        last = StoredRows(u"Stemp ORDER BY Id DESC LIMIT 1"_s, {}, purpose);
     } catch (const dao::Error &error) {
         Failed(error);
     }
-
-    if (const TimeRowPtr row = newestNew([](const TimeRow &) { return true; })) {
-        return row;
+    if (database_.IsOpen()) {
+        database_.SetBusyWait(busyWait);
     }
-    if (last.isEmpty()) {
-        return unsaved_.isEmpty() ? TimeRowPtr() : unsaved_.last();
-    }
-    const TimeRowPtr changed = Unsaved(last.first().id);
-    return changed ? changed : std::make_shared<TimeRow>(last.first());
+    return rows.isEmpty() ? nullptr : std::make_shared<TimeRow>(rows.first());
 }
 
 TimeRowPtr TimeTable::Add(const QString &jobID, const QString &jobName, const QDateTime &in)

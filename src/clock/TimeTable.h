@@ -43,8 +43,8 @@ public:
 
     // The rows of a RollBackQuery in the table's own order (that of adding), with the unsaved changes.
     QList<TimeRow> Rows(const QString &rollBackQuery);
-    // The newest row of any age that is open, else the newest row; nothing in an empty table. By its key, not by its time: a
-    // clock may have been set back.
+    // At start: the newest row of any age that is open, else the newest row; nothing in an empty table. By its key, not by its
+    // time: a clock may have been set back. Waits longer for a locked file than the rest.
     TimeRowPtr OpenOrLastRow();
 
     TimeRowPtr Add(const QString &jobID, const QString &jobName, const QDateTime &in); // unsaved until Flush()
@@ -66,5 +66,6 @@ private:
     const TimeSource &time_;
     QString path_;
     dao::Database database_;
+    QList<TimeRow> lastRead_; // what Rows gives of the file while that can't be read
     QList<TimeRowPtr> unsaved_;
 };
