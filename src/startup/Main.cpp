@@ -28,7 +28,7 @@ Main::~Main() = default;
 bool Main::Run()
 {
     program_.StartingUp = true;
-    if (!FindProgramFolder() || !ChooseIdentity() || !OpenPersonalFile())
+    if (!FindProgramFolder() || !ChooseIdentity() || !InitInterfaceTexts())
         return false;
     LoadWindows();
     SettleOpenRow();
@@ -96,7 +96,7 @@ bool Main::AskInitials()
     return true;
 }
 
-bool Main::OpenPersonalFile()
+bool Main::InitInterfaceTexts()
 {
     Module1::OpenedLocalDB opened = Module1::OpenLocalDB(program_.identity, program_.time.Now());
     Tell(opened.message);

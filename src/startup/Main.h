@@ -35,7 +35,7 @@ private:
     bool FindProgramFolder();
     bool ChooseIdentity();
     bool AskInitials();
-    bool OpenPersonalFile();
+    bool InitInterfaceTexts();
     void LoadWindows();
     void ApplySettings();
     void OpenTimeDb();
