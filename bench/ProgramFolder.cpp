@@ -90,10 +90,12 @@ void MakeProgramFolder(const QString &folder, const Amounts &amounts)
     QFile executable(dir.filePath(system.ExecutableName() + system.ExecutableSuffix()));
     executable.open(QIODevice::WriteOnly); // only looked for
     const QString login = system.LoginName();
-    Fill(u"Blank Jobs.mdb"_s, dir.filePath(u"Jobs.mdb"_s),
-         [&](dao::Database &jobs) { AddJobs(jobs, amounts.companyJobs); });
-    Fill(u"blank Stemp.mdb"_s, dir.filePath(login + u" Stemp.mdb"_s),
-         [&](dao::Database &personal) { AddJobs(personal, amounts.personalJobs); });
+    Fill(
+        u"Blank Jobs.mdb"_s, dir.filePath(u"Jobs.mdb"_s),
+        [&](dao::Database &jobs) { AddJobs(jobs, amounts.companyJobs); });
+    Fill(
+        u"blank Stemp.mdb"_s, dir.filePath(login + u" Stemp.mdb"_s),
+        [&](dao::Database &personal) { AddJobs(personal, amounts.personalJobs); });
     Fill(u"Blank.mdb"_s, dir.filePath(login + u".mdb"_s),
          [&](dao::Database &times) { AddTimeRows(times, amounts.timeRows, amounts.personalJobs); });
 }

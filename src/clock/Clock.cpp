@@ -33,9 +33,8 @@ void Clock::FillRecentList(const QList<TimeRow> &rows)
 bool Clock::StempIn(const QString &item, const QString &searchText)
 {
     if (item.isEmpty() || item == searchText) {
-        if (state.IsStempedIn) {
+        if (state.IsStempedIn)
             StempOut();
-        }
         return false;
     }
 
@@ -74,9 +73,8 @@ void Clock::SetCurrentJob(const QString &item, const JobItem &halves)
 
 void Clock::TakeUpJobOfOpenRow()
 {
-    if (!openRow_) {
+    if (!openRow_)
         return;
-    }
     const QString item = JobItemText(openRow_->jobID, openRow_->jobName);
     if (item != state.CurrentJob) {
         SetCurrentJob(item, {openRow_->jobID, openRow_->jobName});
@@ -112,7 +110,6 @@ void Clock::KeepLists()
 
 void Clock::KeepPersonalList()
 {
-    if (lists_.PersonalList.Add(state.CurrentJob)) {
+    if (lists_.PersonalList.Add(state.CurrentJob))
         addPersonalJob_({state.CurrentJobID, state.CurrentJobName});
-    }
 }

@@ -5,9 +5,8 @@
 bool CompanyJobs::DeleteJob(dao::Database &database, const QString &item)
 {
     const qsizetype end = item.indexOf(QStringLiteral(" :"));
-    if (end < 1) {
+    if (end < 1)
         return false;
-    }
     return database.Execute(QStringLiteral("DELETE FROM Projects WHERE JobID = ?"), {item.left(end)},
                             QStringLiteral("deleting a company job"))
            > 0;

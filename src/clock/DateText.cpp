@@ -14,11 +14,10 @@ QString Plain(const QString &text)
     QString plain;
     for (const char32_t character : text.toUcs4()) {
         const int digit = QChar::digitValue(character);
-        if (digit >= 0) {
+        if (digit >= 0)
             plain += QChar(u'0' + digit);
-        } else if (QChar::category(character) != QChar::Other_Format) {
+        else if (QChar::category(character) != QChar::Other_Format)
             plain += QChar::fromUcs4(character);
-        }
     }
     return plain.simplified();
 }
@@ -39,13 +38,11 @@ QString TimeFormat(const QLocale &locale)
     const qsizetype half = format.indexOf(u"AP"_s, 0, Qt::CaseInsensitive);
 
     QString hour = half < 0 ? u"H"_s : u"h"_s;
-    if (leadingZero) {
+    if (leadingZero)
         hour += hour;
-    }
     const QString clock = hour + separator + u"mm"_s + separator + u"ss"_s;
-    if (half < 0) {
+    if (half < 0)
         return clock;
-    }
     return half < format.indexOf(u'h') ? u"AP "_s + clock : clock + u" AP"_s;
 }
 
@@ -58,14 +55,12 @@ bool SameHalf(const QString &typed, const QString &half)
 // `mark` stands before or after the numbers. Nothing when it is no half of the day.
 std::optional<int> HourOfHalf(int hour, const QString &mark, const QLocale &locale)
 {
-    if (mark.isEmpty()) {
+    if (mark.isEmpty())
         return hour;
-    }
     const bool morning = SameHalf(mark, locale.amText()) || SameHalf(mark, u"AM"_s);
     const bool afternoon = SameHalf(mark, locale.pmText()) || SameHalf(mark, u"PM"_s);
-    if (morning == afternoon || hour > 12) {
+    if (morning == afternoon || hour > 12)
         return std::nullopt;
-    }
     return hour % 12 + (afternoon ? 12 : 0);
 }
 
@@ -89,9 +84,8 @@ std::optional<QTime> ReadTime(const QString &text, const QLocale &locale)
     static const QRegularExpression zone(u"[, ]*[(\\[]?\\bt\\b[)\\]]? *"_s);
     for (const QLocale::FormatType type : {QLocale::ShortFormat, QLocale::LongFormat}) {
         const QTime time = locale.toTime(text, Plain(locale.timeFormat(type).remove(zone)));
-        if (time.isValid()) {
+        if (time.isValid())
             return time;
-        }
     }
     return std::nullopt;
 }
@@ -101,9 +95,8 @@ std::optional<QDate> ReadNumericDate(const QString &text, const QLocale &locale)
 {
     static const QRegularExpression numbers(uR"(^(\d{4}|\d{1,2})[-./ ]{1,2}(\d{1,2})[-./ ]{1,2}(\d{4}|\d{1,2})\.?$)"_s);
     const QRegularExpressionMatch match = numbers.match(text);
-    if (!match.hasMatch()) {
+    if (!match.hasMatch())
         return std::nullopt;
-    }
 
     int first = match.captured(1).toInt();
     const int second = match.captured(2).toInt();
@@ -111,9 +104,8 @@ std::optional<QDate> ReadNumericDate(const QString &text, const QLocale &locale)
     const QString format = locale.dateFormat(QLocale::ShortFormat);
     const bool yearFirst =
         match.capturedLength(1) == 4 || (match.capturedLength(3) < 4 && format.indexOf(u'y') < format.indexOf(u'd'));
-    if (!yearFirst) {
+    if (!yearFirst)
         std::swap(first, third); // year and, mostly, day
-    }
     const int year = first < 100 ? 2000 + first : first;
     const bool dayBeforeMonth = format.indexOf(u'd') < format.indexOf(u'M');
     const QDate date = yearFirst || dayBeforeMonth ? QDate(year, second, third) : QDate(year, third, second);
@@ -122,14 +114,12 @@ std::optional<QDate> ReadNumericDate(const QString &text, const QLocale &locale)
 
 std::optional<QDate> ReadDate(const QString &text, const QLocale &locale)
 {
-    if (const std::optional<QDate> date = ReadNumericDate(text, locale)) {
+    if (const std::optional<QDate> date = ReadNumericDate(text, locale))
         return date;
-    }
     for (const QString &format : {DateFormat(locale), locale.dateFormat(QLocale::LongFormat)}) { // with names in them
         const QDate date = locale.toDate(text, Plain(format));
-        if (date.isValid()) {
+        if (date.isValid())
             return date;
-        }
     }
     return std::nullopt;
 }
@@ -146,16 +136,14 @@ std::optional<QDateTime> ReadDateTime(const QString &text, const QLocale &locale
     static const QRegularExpression isoMark(u"(?<=^\\d{4}-\\d{2}-\\d{2})T"_s);
     const QString plain = Plain(text).replace(isoMark, u" "_s);
 
-    if (const std::optional<QTime> time = ReadTime(plain, locale)) {
+    if (const std::optional<QTime> time = ReadTime(plain, locale))
         return dao::WallTime(now.date(), *time);
-    }
     // Dates and times may both have blanks within.
     for (qsizetype blank = plain.indexOf(u' '); blank >= 0; blank = plain.indexOf(u' ', blank + 1)) {
         const std::optional<QDate> date = ReadDate(plain.left(blank), locale);
         const std::optional<QTime> time = date ? ReadTime(plain.mid(blank + 1), locale) : std::nullopt;
-        if (time) {
+        if (time)
             return dao::WallTime(*date, *time);
-        }
     }
     return std::nullopt;
 }

@@ -22,7 +22,8 @@ IOQuery::IOQuery(FormServices &services, Prompts &prompts, const TimeSource &tim
     ui_->setupUi(this);
     RegisterControls();
 
-    connect(ui_->Options_1, &QRadioButton::clicked, this, [this] { Options_Click(1); });
+    connect(
+        ui_->Options_1, &QRadioButton::clicked, this, [this] { Options_Click(1); });
     connect(ui_->Options_3, &QRadioButton::clicked, this, [this] { Options_Click(3); });
     connect(ui_->Commands_0, &QPushButton::clicked, this, &IOQuery::Commands_Click);
     connect(ui_->Texts_0, &QLineEdit::textEdited, this, &IOQuery::Texts_Change);
@@ -33,9 +34,8 @@ IOQuery::~IOQuery() = default;
 void IOQuery::Abandon()
 {
     abandoned_ = true;
-    if (!carryingOut_) {
+    if (!carryingOut_)
         Unload();
-    }
 }
 
 void IOQuery::Form_Load()
@@ -65,18 +65,16 @@ bool IOQuery::QueryUnload()
 void IOQuery::Options_Click(int index)
 {
     const bool selected = index == 1 ? ui_->Options_1->isChecked() : ui_->Options_3->isChecked();
-    if (IsLoaded() && selected) {
+    if (IsLoaded() && selected)
         Unload();
-    }
 }
 
 void IOQuery::Commands_Click()
 {
-    if (!ui_->Options_2->isChecked()) {
+    if (!ui_->Options_2->isChecked())
         ui_->Options_2->setChecked(true);
-    } else if (CanCarryOut()) {
+    else if (CanCarryOut())
         Unload();
-    }
 }
 
 void IOQuery::Texts_Change()
@@ -108,9 +106,8 @@ bool IOQuery::MoveSelection(int key)
 {
     const std::array options{ui_->Options_1, ui_->Options_2, ui_->Options_3};
     const auto found = std::find(options.begin(), options.end(), FocusedOption());
-    if (found == options.end()) {
+    if (found == options.end())
         return false;
-    }
     const auto position = static_cast<std::size_t>(found - options.begin());
     const std::size_t step = key == Qt::Key_Up || key == Qt::Key_Left ? options.size() - 1 : 1;
     QRadioButton *next = options.at((position + step) % options.size());
@@ -145,9 +142,8 @@ std::optional<QDateTime> IOQuery::TypedTime() const
 
 bool IOQuery::CanCarryOut()
 {
-    if (!ui_->Options_2->isChecked() || TypedTime()) {
+    if (!ui_->Options_2->isChecked() || TypedTime())
         return true;
-    }
     prompts_.MsgBox(this,
                     QStringLiteral("\"%1\" is no date and time.\n\nType it like %2, or only a time of today like 8:30.")
                         .arg(ui_->Texts_0->text(), DateTimeText(time_.Now(), QLocale())));
@@ -177,7 +173,6 @@ void IOQuery::CarryOut()
     case OutWarning::None:
         break;
     }
-    if (!abandoned_) { // the session may have ended under the message
+    if (!abandoned_) // the session may have ended under the message
         emit StempOutAt(*out);
-    }
 }

@@ -8,8 +8,7 @@ QString JobItemText(const QString &id, const QString &name)
 JobItem SplitJobItem(const QString &item)
 {
     const qsizetype colon = item.indexOf(u':');
-    if (colon < 1) {
+    if (colon < 1)
         return {item, QString()};
-    }
     return {item.left(colon).trimmed(), item.mid(colon + 1).trimmed()};
 }

@@ -17,10 +17,9 @@ QString JobItemsModel::Item(int row) const
 
 int JobItemsModel::RowOf(const QString &item) const
 {
-    for (int row = 0; row < shown_.size(); ++row) {
+    for (int row = 0; row < shown_.size(); ++row)
         if (items_.at(shown_.at(row)) == item)
             return row;
-    }
     return -1;
 }
 

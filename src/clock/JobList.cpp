@@ -8,9 +8,8 @@ namespace {
 // Letter by letter, so that a text keeps its length, which QString::toUpper does not promise ("ß").
 QChar Upper(QChar letter)
 {
-    if (letter.unicode() < 0x80) { // nearly all of them
+    if (letter.unicode() < 0x80) // nearly all of them
         return letter >= u'a' && letter <= u'z' ? QChar(letter.unicode() - (u'a' - u'A')) : letter;
-    }
     return letter.toUpper();
 }
 
@@ -28,16 +27,14 @@ void JobList::Assign(QStringList items)
 
     upper_.reserve(std::accumulate(items_.cbegin(), items_.cend(), qsizetype(0),
                                    [](qsizetype sum, const QString &item) { return sum + item.size(); }));
-    for (const QString &item : std::as_const(items_)) {
+    for (const QString &item : std::as_const(items_))
         AppendUpper(item);
-    }
 }
 
 bool JobList::Add(const QString &item)
 {
-    if (Contains(item)) {
+    if (Contains(item))
         return false;
-    }
     items_.append(item);
     known_.insert(item);
     AppendUpper(item);
@@ -46,9 +43,8 @@ bool JobList::Add(const QString &item)
 
 bool JobList::Contains(const QString &item) const
 {
-    if (known_.isEmpty()) {
+    if (known_.isEmpty())
         known_ = QSet<QString>(items_.cbegin(), items_.cend());
-    }
     return known_.contains(item);
 }
 
@@ -68,13 +64,11 @@ QList<int> JobList::Matches(const QString &search) const
     int item = -1;
     qsizetype end = 0; // of the item
     for (qsizetype hit = upper_.indexOf(wanted); hit >= 0;) {
-        while (end <= hit) {
+        while (end <= hit)
             end += items_.at(++item).size();
-        }
         const bool within = hit + wanted.size() <= end;
-        if (within) {
+        if (within)
             found.append(item);
-        }
         hit = upper_.indexOf(wanted, within ? end : hit + 1);
     }
     return found;

@@ -2,11 +2,9 @@
 
 OutWarning WarningFor(const QDateTime &out, const QDateTime &now, const std::optional<QDateTime> &lastIn)
 {
-    if (out > now) {
+    if (out > now)
         return OutWarning::Future;
-    }
-    if (lastIn && out < *lastIn) {
+    if (lastIn && out < *lastIn)
         return OutWarning::EarlierThanIn;
-    }
     return OutWarning::None;
 }

@@ -68,9 +68,8 @@ QList<TimeRow> TimeTable::Rows(const QString &rollBackQuery)
         Failed(error);
     }
     QList<TimeRow> rows = lastRead_;
-    if (unsaved_.isEmpty()) {
+    if (unsaved_.isEmpty())
         return rows;
-    }
 
     QSet<qint64> shown;
     for (TimeRow &row : rows) {
@@ -81,11 +80,9 @@ QList<TimeRow> TimeTable::Rows(const QString &rollBackQuery)
     }
     const int days = rollBackQuery.mid(WindowQuery().size()).toInt();
     const QDateTime begin = time_.Now().addDays(-days);
-    for (const TimeRowPtr &row : std::as_const(unsaved_)) {
-        if (!shown.contains(row->id) && row->stempInTime > begin) {
+    for (const TimeRowPtr &row : std::as_const(unsaved_))
+        if (!shown.contains(row->id) && row->stempInTime > begin)
             rows.append(*row);
-        }
-    }
     return rows;
 }
 
@@ -98,15 +95,13 @@ TimeRowPtr TimeTable::OpenOrLastRow()
         database_.SetBusyWait(startWait);
         rows = StoredRows(u"Stemp WHERE StempInTime IS NOT NULL AND StempOutTime IS NULL ORDER BY Id DESC LIMIT 1"_s,
                           {}, purpose);
-        if (rows.isEmpty()) {
+        if (rows.isEmpty())
             rows = StoredRows(u"Stemp ORDER BY Id DESC LIMIT 1"_s, {}, purpose);
-        }
     } catch (const dao::Error &error) {
         Failed(error);
     }
-    if (database_.IsOpen()) {
+    if (database_.IsOpen())
         database_.SetBusyWait(busyWait);
-    }
     return rows.isEmpty() ? nullptr : std::make_shared<TimeRow>(rows.first());
 }
 
@@ -119,16 +114,14 @@ TimeRowPtr TimeTable::Add(const QString &jobID, const QString &jobName, const QD
 void TimeTable::Complete(const TimeRowPtr &row, const QDateTime &out)
 {
     row->stempOutTime = out;
-    if (!unsaved_.contains(row)) {
+    if (!unsaved_.contains(row))
         unsaved_.append(row);
-    }
 }
 
 bool TimeTable::Flush()
 {
-    if (unsaved_.isEmpty()) {
+    if (unsaved_.isEmpty())
         return true;
-    }
     try {
         EnsureOpen();
         WriteUnsaved();
@@ -141,9 +134,8 @@ bool TimeTable::Flush()
 void TimeTable::EnsureOpen()
 {
     // Where a file may be deleted while it is open, its connection would go on writing into nothing.
-    if (!QFileInfo::exists(path_)) {
+    if (!QFileInfo::exists(path_))
         database_.Close();
-    }
     if (!database_.IsOpen()) {
         database_ = dao::Database::OpenDatabase(path_, busyWait);
         database_.RegisterFunctions([this] { return time_.Now(); });
@@ -165,14 +157,12 @@ void TimeTable::WriteUnsaved()
 {
     QList<qint64> ids; // given to the rows after the commit only: until then no row is stored
     dao::Transaction transaction(database_, u"storing time rows"_s);
-    for (const TimeRowPtr &row : std::as_const(unsaved_)) {
+    for (const TimeRowPtr &row : std::as_const(unsaved_))
         ids.append(Store(*row));
-    }
     transaction.Commit();
 
-    for (qsizetype i = 0; i < ids.size(); ++i) {
+    for (qsizetype i = 0; i < ids.size(); ++i)
         unsaved_.at(i)->id = ids.at(i);
-    }
     unsaved_.clear();
 }
 
@@ -185,9 +175,8 @@ qint64 TimeTable::Store(const TimeRow &row)
             u"UPDATE Stemp SET StempOutTime = ? WHERE Id = ? AND (ifnull(JobID, '') = ? OR StempInTime = ?)"_s,
             {dao::DateField(row.stempOutTime), row.id, TextField(row.jobID), dao::DateField(row.stempInTime)},
             u"completing a time row"_s);
-        if (changed > 0) {
+        if (changed > 0)
             return row.id;
-        }
     }
     return database_.Insert(u"INSERT INTO Stemp (JobID, JobName, StempInTime, StempOutTime) VALUES (?, ?, ?, ?)"_s,
                             {TextField(row.jobID), TextField(row.jobName), dao::DateField(row.stempInTime),
@@ -199,9 +188,8 @@ void TimeTable::Failed(const dao::Error &error)
 {
     qCWarning(lcTimeTable) << error.what();
     // A file that was replaced or whose drive failed needs a new connection; a lock only needs time.
-    if (error.Kind() != dao::ErrorKind::Busy) {
+    if (error.Kind() != dao::ErrorKind::Busy)
         database_.Close();
-    }
 }
 
 TimeRowPtr TimeTable::Unsaved(qint64 id) const

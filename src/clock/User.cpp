@@ -34,9 +34,8 @@ public:
 
     bool eventFilter(QObject *, QEvent *event) override
     {
-        if (event->type() == QEvent::Quit) {
+        if (event->type() == QEvent::Quit)
             user_.Abandon();
-        }
         return false;
     }
 
@@ -63,12 +62,10 @@ User::~User() = default;
 
 void User::Suggest(const QString &initials, const QString &fullName)
 {
-    if (initials.size() <= longestSuggestion) {
+    if (initials.size() <= longestSuggestion)
         ui_->UserName->setText(initials);
-    }
-    if (!fullName.isEmpty()) {
+    if (!fullName.isEmpty())
         ui_->FullName->setText(fullName);
-    }
 }
 
 QString User::Initials() const
@@ -123,9 +120,8 @@ bool AskInitials(QString &initials, QString &fullName, const InitialsRefusal &re
     user.Suggest(initials, fullName);
     user.Load();
     user.ShowModal(nullptr);
-    if (!user.HasInitials()) {
+    if (!user.HasInitials())
         return false;
-    }
     initials = user.Initials();
     fullName = user.FullName();
     user.Unload();

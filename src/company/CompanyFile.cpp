@@ -19,10 +19,9 @@ dao::Database &CompanyFile::Connection()
         return database_;
     Close(); // what was written to a file that is gone would be lost
     dao::Database database = dao::Database::OpenDatabase(path_);
-    for (const QString &table : {u"Projects"_s, u"Users"_s}) {
+    for (const QString &table : {u"Projects"_s, u"Users"_s})
         if (!database.HasTable(table))
             throw dao::Error(dao::ErrorKind::Other, u"opening the job database"_s, path_, u"no table "_s + table);
-    }
     database_ = std::move(database);
     opened_ = file;
     return database_;

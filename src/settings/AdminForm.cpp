@@ -71,9 +71,8 @@ void AdminForm::SetUserName(const QString &name, bool lock)
     ui_->UserName->setText(name);
     ui_->UserName->setReadOnly(lock);
     QPalette look = palette();
-    if (lock) {
+    if (lock)
         look.setColor(QPalette::Base, look.color(QPalette::Window));
-    }
     ui_->UserName->setPalette(look);
 }
 
@@ -98,9 +97,8 @@ void AdminForm::SetSharedListPossible(bool possible)
 void AdminForm::Form_Load()
 {
     LoadTexts();
-    if (!ui_->Round30min->isChecked() && !ui_->Round1Hour->isChecked()) {
+    if (!ui_->Round30min->isChecked() && !ui_->Round1Hour->isChecked())
         ui_->Round15min->setChecked(true); // one of the three is needed, whatever was stored
-    }
     EnableAutoCheck(ShownPath());
     Accept();
 }
@@ -121,11 +119,10 @@ bool AdminForm::QueryUnload()
 void AdminForm::showEvent(QShowEvent *event)
 {
     Form::showEvent(event);
-    if (ui_->UserName->isReadOnly()) {
+    if (ui_->UserName->isReadOnly())
         ui_->TipsCheck->setFocus();
-    } else {
+    else
         ui_->UserName->setFocus();
-    }
 }
 
 bool AdminForm::Form_KeyDown(QKeyEvent &event)
@@ -188,9 +185,8 @@ bool AdminForm::CanAutoUpdate(const QString &path) const
 void AdminForm::EnableAutoCheck(const QString &path)
 {
     ui_->AutoCheck->setEnabled(CanAutoUpdate(path));
-    if (isOwnJobsFile_(path)) {
+    if (isOwnJobsFile_(path))
         ui_->AutoCheck->setChecked(false);
-    }
 }
 
 void AdminForm::Accept()

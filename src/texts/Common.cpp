@@ -31,9 +31,8 @@ void Common::SetShowToolTips(bool show)
 {
     state_.ShowToolTips = show;
     for (auto &[key, table] : recordsets_) {
-        if (table.form == nullptr) {
+        if (table.form == nullptr)
             continue;
-        }
         if (!show) {
             ClearToolTips(*table.form);
             continue;
@@ -54,17 +53,14 @@ void Common::LoadProperties(Form &form)
         opened.MoveFirst();
         const bool empty = opened.Eof();
         const bool confirmed = Confirm(form, empty ? saveQuestion : loadQuestion);
-        if (confirmed && !empty) {
+        if (confirmed && !empty)
             ApplyRows(form, opened, state_.language, state_.ShowToolTips.value_or(false));
-        }
-        if (confirmed && state_.ShowToolTips == false) {
+        if (confirmed && state_.ShowToolTips == false)
             ClearToolTips(form);
-        }
         dao::Recordset &table =
             recordsets_.insert_or_assign(&form, OpenTable{&form, std::move(opened)}).first->second.rows;
-        if (confirmed) {
+        if (confirmed)
             TextRows::Write(localDB_, table, TextRows::Missing(form, table), u"adding the texts of "_s + form.Name());
-        }
     } catch (const dao::Error &error) {
         qCWarning(textsLog).noquote() << form.Name() << error.Text();
     }
@@ -73,9 +69,8 @@ void Common::LoadProperties(Form &form)
 void Common::SaveProperties(Form &form)
 {
     const auto found = recordsets_.find(&form);
-    if (found == recordsets_.end() || !Confirm(form, saveQuestion)) {
+    if (found == recordsets_.end() || !Confirm(form, saveQuestion))
         return;
-    }
     try {
         dao::Recordset &table = found->second.rows;
         table.Requery();

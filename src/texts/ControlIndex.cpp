@@ -21,10 +21,8 @@ void ControlIndex::Update()
     for (; indexed_ < form_.Controls().size(); ++indexed_) {
         const Control &control = *form_.Controls()[indexed_];
         // Of two controls with the same key the first one counts.
-        for (const QString &key : {control.Name().toLower(), control.Key().toLower()}) {
-            if (!positions_.contains(key)) {
+        for (const QString &key : {control.Name().toLower(), control.Key().toLower()})
+            if (!positions_.contains(key))
                 positions_.insert(key, static_cast<int>(indexed_));
-            }
-        }
     }
 }

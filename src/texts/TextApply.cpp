@@ -25,9 +25,8 @@ void TakeNumber(double &number, const QVariant &field)
 {
     bool isNumber = false;
     const double stored = field.toDouble(&isNumber);
-    if (!field.isNull() && isNumber && std::abs(stored) < farOff) {
+    if (!field.isNull() && isNumber && std::abs(stored) < farOff)
         number = stored;
-    }
 }
 
 // `place` with those of its numbers replaced that the row has.
@@ -57,14 +56,12 @@ Control *CreateMember(Form &form, ControlIndex &index, const QString &key)
 {
     const qsizetype bracket = key.indexOf(u'(');
     const QString arrayName = key.left(bracket);
-    if (bracket < 0 || std::find(growingArrays.begin(), growingArrays.end(), arrayName) == growingArrays.end()) {
+    if (bracket < 0 || std::find(growingArrays.begin(), growingArrays.end(), arrayName) == growingArrays.end())
         return nullptr;
-    }
     const int number = QStringView(key).mid(bracket + 1, key.size() - bracket - 2).toInt();
     // Of all ways to write a number only the one in which the row is found again.
-    if (number < 0 || number > lastIndex || key != u"%1(%2)"_s.arg(arrayName).arg(number)) {
+    if (number < 0 || number > lastIndex || key != u"%1(%2)"_s.arg(arrayName).arg(number))
         return nullptr;
-    }
     Control *member = form.CreateMember(arrayName, number);
     if (member != nullptr) {
         index.Update();
@@ -77,13 +74,11 @@ Control *CreateMember(Form &form, ControlIndex &index, const QString &key)
 void GroupOptionButtons(Form &form, const ControlIndex &index)
 {
     for (const std::unique_ptr<Control> &control : form.Controls()) {
-        if (!IsOptionButton(*control) || !control->Index()) {
+        if (!IsOptionButton(*control) || !control->Index())
             continue;
-        }
         const Control *frame = index.FindControl(u"Frames(%1)"_s.arg(*control->Index() / optionsPerFrame));
-        if (frame != nullptr && frame->Widget() != nullptr) {
+        if (frame != nullptr && frame->Widget() != nullptr)
             form.SetContainer(*control, frame->Widget());
-        }
     }
 }
 
@@ -94,39 +89,31 @@ void ApplyToolTip(Control &control, const dao::Recordset &row, const TextLanguag
 
 void ApplyControlRow(Control &control, const dao::Recordset &row, const TextLanguage &language, bool withTips)
 {
-    if (const std::optional<Geometry> place = control.Place()) {
+    if (const std::optional<Geometry> place = control.Place())
         control.SetPlace(StoredPlace(*place, row));
-    }
     bool isNumber = false;
     const int visible = row.Field(u"Visible"_s).toInt(&isNumber);
-    if (isNumber) {
+    if (isNumber)
         control.SetVisible(visible != 0);
-    }
-    if (const QVariant tag = row.Field(u"Tag"_s); !tag.isNull()) {
+    if (const QVariant tag = row.Field(u"Tag"_s); !tag.isNull())
         control.SetTag(tag.toString());
-    }
-    if (withTips) {
+    if (withTips)
         ApplyToolTip(control, row, language);
-    }
-    if (const QString caption = StoredText(row, language.CapField(), u"CapEnglish"_s); !caption.isNull()) {
+    if (const QString caption = StoredText(row, language.CapField(), u"CapEnglish"_s); !caption.isNull())
         control.SetCaption(caption);
-    }
-    if (const QVariant value = row.Field(u"Value"_s); !value.isNull()) {
+    if (const QVariant value = row.Field(u"Value"_s); !value.isNull())
         control.SetValue(value.toString());
-    }
 }
 
 void ApplyFormRow(Form &form, const dao::Recordset &row, const TextLanguage &language)
 {
     bool isNumber = false;
     const short value = row.Field(u"Value"_s).toString().toShort(&isNumber);
-    if (isNumber) {
+    if (isNumber)
         form.FormValue = value;
-    }
     // Unlike a control's caption, the form's has no English one to fall back on.
-    if (const QVariant caption = row.Field(language.CapField()); !caption.isNull()) {
+    if (const QVariant caption = row.Field(language.CapField()); !caption.isNull())
         form.setWindowTitle(caption.toString());
-    }
     form.SetStoredGeometry(KeptOnScreen(StoredPlace(form.StoredGeometry(), row), ScreenPixels()));
 }
 
@@ -143,9 +130,8 @@ void ApplyRows(Form &form, dao::Recordset &table, const TextLanguage &language, 
             continue;
         }
         Control *control = index.FindControl(key);
-        if (control == nullptr) {
+        if (control == nullptr)
             control = CreateMember(form, index, key);
-        }
         if (control != nullptr) {
             ApplyControlRow(*control, table, language, withTips);
             selections.insert(key.toLower(), table.Field(u"Value"_s).toString());
@@ -155,25 +141,21 @@ void ApplyRows(Form &form, dao::Recordset &table, const TextLanguage &language, 
     // A button that changes its container may take the selection of its new group along, or lose its own.
     for (const std::unique_ptr<Control> &control : form.Controls()) {
         const auto selection = selections.constFind(control->Key().toLower());
-        if (IsOptionButton(*control) && selection != selections.constEnd() && !selection->isNull()) {
+        if (IsOptionButton(*control) && selection != selections.constEnd() && !selection->isNull())
             control->SetValue(*selection);
-        }
     }
 }
 
 void ApplyToolTips(const Form &form, dao::Recordset &table, const TextLanguage &language)
 {
     const ControlIndex index(form);
-    for (table.MoveFirst(); !table.Eof(); table.MoveNext()) {
-        if (Control *control = index.FindControl(table.Field(u"Name"_s).toString())) {
+    for (table.MoveFirst(); !table.Eof(); table.MoveNext())
+        if (Control *control = index.FindControl(table.Field(u"Name"_s).toString()))
             ApplyToolTip(*control, table, language);
-        }
-    }
 }
 
 void ClearToolTips(const Form &form)
 {
-    for (const std::unique_ptr<Control> &control : form.Controls()) {
+    for (const std::unique_ptr<Control> &control : form.Controls())
         control->SetToolTip({});
-    }
 }

@@ -20,15 +20,12 @@ QString Text(const QString &text)
 QString DanishOf(const QString &form, const QString &english)
 {
     const QString whole = DanishText(form, english);
-    if (!whole.isEmpty() || !english.contains(u'|')) {
+    if (!whole.isEmpty() || !english.contains(u'|'))
         return whole;
-    }
     QStringList pieces = english.split(u'|');
-    for (QString &piece : pieces) {
-        if (const QString danish = DanishText(form, piece); !danish.isEmpty()) {
+    for (QString &piece : pieces)
+        if (const QString danish = DanishText(form, piece); !danish.isEmpty())
             piece = danish;
-        }
-    }
     const QString pieced = pieces.join(u'|');
     return pieced == english ? QString() : pieced;
 }
@@ -65,23 +62,18 @@ TextRow DesignRow(const Form &form, const Control &control)
 {
     const ControlDesign &design = control.Design();
     TextRow row{control.Key(), {}};
-    if (control.Caption()) {
+    if (control.Caption())
         PutDesignText(row, form.Name(), u"Cap"_s, design.caption);
-    }
-    if (control.HasToolTip()) {
+    if (control.HasToolTip())
         PutDesignText(row, form.Name(), u"Tip"_s, design.toolTip);
-    }
     PutDesignText(row, form.Name(), u"Help"_s, design.help);
-    if (control.Place()) {
+    if (control.Place())
         PutGeometry(row, design.geometry);
-    }
-    if (control.Visible()) {
+    if (control.Visible())
         PutVisible(row, design.visible);
-    }
     row.fields[u"Tag"_s] = Text(design.tag);
-    if (control.Value()) {
+    if (control.Value())
         row.fields[u"Value"_s] = Text(design.value);
-    }
     return row;
 }
 
@@ -96,22 +88,17 @@ TextRow CurrentRow(const Form &form, const TextLanguage &language)
 TextRow CurrentRow(const Form &form, const Control &control, const TextLanguage &language, bool withTips)
 {
     TextRow row{control.Key(), {}};
-    if (withTips && control.HasToolTip()) {
+    if (withTips && control.HasToolTip())
         row.fields[language.TipField()] = Text(control.ToolTip());
-    }
-    if (const std::optional<Geometry> place = control.Place()) {
+    if (const std::optional<Geometry> place = control.Place())
         PutGeometry(row, *place);
-    }
     row.fields[u"Tag"_s] = Text(control.Tag());
-    if (const std::optional<bool> visible = control.Visible(); visible && form.isVisible()) {
+    if (const std::optional<bool> visible = control.Visible(); visible && form.isVisible())
         PutVisible(row, *visible);
-    }
-    if (const std::optional<QString> caption = control.Caption()) {
+    if (const std::optional<QString> caption = control.Caption())
         row.fields[language.CapField()] = Text(*caption);
-    }
-    if (const std::optional<QString> value = control.Value()) {
+    if (const std::optional<QString> value = control.Value())
         row.fields[u"Value"_s] = Text(*value);
-    }
     return row;
 }
 
@@ -130,36 +117,29 @@ void DropStored(TextRow &row, const dao::Recordset &table)
 QList<TextRow> TextRows::Missing(const Form &form, dao::Recordset &table)
 {
     QSet<QString> present;
-    for (table.MoveFirst(); !table.Eof(); table.MoveNext()) {
+    for (table.MoveFirst(); !table.Eof(); table.MoveNext())
         present.insert(table.Field(u"Name"_s).toString().toLower());
-    }
     QList<TextRow> rows;
-    if (!present.contains(QString(me).toLower())) {
+    if (!present.contains(QString(me).toLower()))
         rows.append(DesignRow(form));
-    }
-    for (const std::unique_ptr<Control> &control : form.Controls()) {
-        if (!present.contains(control->Key().toLower())) {
+    for (const std::unique_ptr<Control> &control : form.Controls())
+        if (!present.contains(control->Key().toLower()))
             rows.append(DesignRow(form, *control));
-        }
-    }
     return rows;
 }
 
 QList<TextRow> TextRows::Changed(const Form &form, dao::Recordset &table, const TextLanguage &language, bool withTips)
 {
     QList<TextRow> rows{CurrentRow(form, language)};
-    for (const std::unique_ptr<Control> &control : form.Controls()) {
+    for (const std::unique_ptr<Control> &control : form.Controls())
         rows.append(CurrentRow(form, *control, language, withTips));
-    }
     QHash<QString, qsizetype> positions;
-    for (qsizetype position = 0; position < rows.size(); ++position) {
+    for (qsizetype position = 0; position < rows.size(); ++position)
         positions.insert(rows.at(position).key.toLower(), position);
-    }
     for (table.MoveFirst(); !table.Eof(); table.MoveNext()) {
         const auto found = positions.constFind(table.Field(u"Name"_s).toString().toLower());
-        if (found != positions.constEnd()) {
+        if (found != positions.constEnd())
             DropStored(rows[*found], table);
-        }
     }
     rows.removeIf([](const TextRow &row) { return row.fields.isEmpty(); });
     return rows;
@@ -167,9 +147,8 @@ QList<TextRow> TextRows::Changed(const Form &form, dao::Recordset &table, const 
 
 void TextRows::Write(dao::Database &database, dao::Recordset &table, const QList<TextRow> &rows, const QString &purpose)
 {
-    if (rows.isEmpty()) {
+    if (rows.isEmpty())
         return;
-    }
     dao::Transaction transaction(database, purpose);
     for (const TextRow &row : rows) {
         table.Seek(row.key);
@@ -179,9 +158,8 @@ void TextRows::Write(dao::Database &database, dao::Recordset &table, const QList
         } else {
             table.Edit();
         }
-        for (auto field = row.fields.cbegin(); field != row.fields.cend(); ++field) {
+        for (auto field = row.fields.cbegin(); field != row.fields.cend(); ++field)
             table.SetField(field.key(), field.value());
-        }
         table.Update();
     }
     transaction.Commit();

@@ -37,9 +37,8 @@ void TestDateText::EveryLocaleReadsItsOwnText()
                               dao::WallTime(QDate(2026, 1, 1), QTime(0, 0)),
                               dao::WallTime(QDate(2026, 12, 31), QTime(12, 0, 1)),
                               dao::WallTime(QDate(1999, 2, 3), QTime(23, 59, 59))};
-    for (int i = 0; i < 20; ++i) {
+    for (int i = 0; i < 20; ++i)
         times.append(dao::WallTime(QDate(2000, 1, 1), QTime(0, 0)).addSecs(random.bounded(1, 1'500'000'000)));
-    }
 
     QStringList wrong;
     const QList<QLocale> all =
@@ -107,10 +106,9 @@ void TestDateText::Refuses()
 {
     for (const QString &text : {u""_s, u"abc"_s, u"8"_s, u"25:00"_s, u"8:75"_s, u"0875"_s, u"83015"_s, u"8:30 xm"_s,
                                 u"13:30 PM"_s, u"1.3.2026"_s, u"2026-02-30"_s, u"2026-02-30 08:30"_s,
-                                u"30.02.2026 08:30"_s, u"1.3.126 08:30"_s, u"1.3.2026 08:30 and more"_s}) {
+                                u"30.02.2026 08:30"_s, u"1.3.126 08:30"_s, u"1.3.2026 08:30 and more"_s})
         for (const QString &locale : {u"da_DK"_s, u"en_US"_s, u"C"_s})
             QVERIFY2(!ReadDateTime(text, QLocale(locale), now), qPrintable(text + u" in "_s + locale));
-    }
 }
 
 QTEST_GUILESS_MAIN(TestDateText)

@@ -103,10 +103,9 @@ void tst_ioquery::oneClickActs_data()
 {
     QTest::addColumn<int>("option");
     QTest::addColumn<int>("key"); // 0: the mouse
-    for (const int option : {1, 3}) {
+    for (const int option : {1, 3})
         for (const int key : {0, int{Qt::Key_Space}, int{Qt::Key_Return}, int{Qt::Key_Enter}})
             QTest::addRow("option %d, key %d", option, key) << option << key;
-    }
 }
 
 void tst_ioquery::oneClickActs()

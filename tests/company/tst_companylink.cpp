@@ -111,11 +111,14 @@ void TestCompanyLink::InlineAnswersBeforeItReturns()
     CompanyLink link(CompanyLink::Mode::Inline);
     link.Open(files.File(u"a.mdb"_s));
     QStringList steps;
-    link.Ask(this, AddUser(u"ANNA"_s), [&](const Answer<int> &added) {
-        steps.append(u"added %1"_s.arg(added.value.value()));
-        link.Ask(this, UserNames, [&](const Answer<QString> &names) { steps.append(names.value.value()); });
-        steps.append(u"asked"_s);
-    });
+    link.Ask(
+        this, AddUser(u"ANNA"_s),
+        [&](const Answer<int> &added) {
+            steps.append(u"added %1"_s.arg(added.value.value()));
+            link.Ask(
+                this, UserNames, [&](const Answer<QString> &names) { steps.append(names.value.value()); });
+            steps.append(u"asked"_s);
+        });
     link.Ask(
         this, [](dao::Database &) {},
         [&](const Answer<void> &done) { steps.append(done.error ? u"failed"_s : u"done"_s); });

@@ -6,9 +6,8 @@
 
 void RememberingServices::LoadProperties(Form &form)
 {
-    if (stored) {
+    if (stored)
         form.SetStoredGeometry(*stored);
-    }
 }
 
 void RememberingServices::SaveProperties(Form &form)
@@ -24,8 +23,10 @@ TestForm::TestForm(FormServices &services)
     RegisterControls();
     SetDefaultButton(ui_->OKButton);
     SetCancelButton(ui_->CancelButton);
-    connect(ui_->OKButton, &QPushButton::clicked, this, [this] { happened.append(QStringLiteral("ok")); });
-    connect(ui_->CancelButton, &QPushButton::clicked, this, [this] { happened.append(QStringLiteral("cancel")); });
+    connect(
+        ui_->OKButton, &QPushButton::clicked, this, [this] { happened.append(QStringLiteral("ok")); });
+    connect(
+        ui_->CancelButton, &QPushButton::clicked, this, [this] { happened.append(QStringLiteral("cancel")); });
     connect(ui_->OtherButton, &QPushButton::clicked, this, [this] { happened.append(QStringLiteral("other")); });
 }
 
@@ -33,11 +34,9 @@ TestForm::~TestForm() = default;
 
 Control *TestForm::At(const QString &key) const
 {
-    for (const auto &control : Controls()) {
-        if (control->Key() == key) {
+    for (const auto &control : Controls())
+        if (control->Key() == key)
             return control.get();
-        }
-    }
     qFatal("no control %s", qPrintable(key));
 }
 

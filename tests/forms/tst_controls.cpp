@@ -35,9 +35,8 @@ private slots:
     {
         TestForm form(services_);
         QStringList listed;
-        for (const auto &control : form.Controls()) {
+        for (const auto &control : form.Controls())
             listed.append(control->Key() + u':' + control->TypeName());
-        }
         QCOMPARE(listed.join(u' '),
                  u"Labels(0):Label Texts(0):TextBox NoteText:TextBox Frames(0):Frame Options(1):OptionButton "
                  "Options(2):OptionButton Frames(1):Frame Options(12):OptionButton Pages:SSTab PageCheck:CheckBox "
@@ -221,9 +220,8 @@ private slots:
         QVERIFY(made->Widget()->isVisible());
         QVERIFY(form.CreateMember(u"Texts"_s, 3) && form.CreateMember(u"Frames"_s, 2)
                 && form.CreateMember(u"Options"_s, 20));
-        for (const QString &none : {u"Checks"_s, u"OKButton"_s, u"Grid"_s, QString()}) {
+        for (const QString &none : {u"Checks"_s, u"OKButton"_s, u"Grid"_s, QString()})
             QVERIFY(!form.CreateMember(none, 1));
-        }
     }
 
     void OptionButtonsExcludeEachOtherByFrame()
@@ -231,9 +229,8 @@ private slots:
         TestForm form(services_);
         const auto values = [&] {
             QStringList list;
-            for (const auto &key : {u"Options(1)"_s, u"Options(2)"_s, u"Options(12)"_s}) {
+            for (const auto &key : {u"Options(1)"_s, u"Options(2)"_s, u"Options(12)"_s})
                 list.append(*form.At(key)->Value());
-            }
             return list.join(u' ');
         };
         form.At(u"Options(1)"_s)->SetValue(u"-1"_s);

@@ -119,9 +119,8 @@ private slots:
             form.activateWindow();
             QVERIFY(QTest::qWaitForWindowActive(&form));
             if (focus.isEmpty()) {
-                if (QWidget *focused = form.focusWidget()) {
+                if (QWidget *focused = form.focusWidget())
                     focused->clearFocus();
-                }
             } else {
                 form.At(focus)->Widget()->setFocus();
             }
@@ -185,15 +184,13 @@ private slots:
         const QList<QPoint> children{
             {480, 15}, {200, 100}, {130, 15}, {350, 200}}; // a button, a frame, a text box, a grid
         QList<QColor> childColors;
-        for (const QPoint &child : children) {
+        for (const QPoint &child : children)
             childColors.append(colorAt(child));
-        }
         form.SetBackColor(green);
         QCOMPARE(form.BackColor(), green);
         QCOMPARE(colorAt({2, 2}), green);
-        for (int i = 0; i < children.size(); ++i) {
+        for (int i = 0; i < children.size(); ++i)
             QCOMPARE(colorAt(children.at(i)), childColors.at(i));
-        }
         form.SetBackColor(before);
         QCOMPARE(colorAt({2, 2}), before);
     }

@@ -18,12 +18,10 @@ private:
     {
         TestForm form(services);
         form.Load();
-        if (way != Hidden) {
+        if (way != Hidden)
             form.show();
-        }
-        if (way >= Settled) {
+        if (way >= Settled)
             QTRY_VERIFY(form.IsSettled());
-        }
         if (way == Minimized) {
             form.showMinimized();
         } else if (way == Maximized) {
@@ -47,11 +45,10 @@ private slots:
     {
         QFETCH(Geometry, stored);
         RememberingServices services;
-        if (stored != Geometry()) {
+        if (stored != Geometry())
             services.stored = stored;
-        } else {
+        else
             stored = TestForm(services).DesignGeometry();
-        }
         for (int cycle = 0; cycle < 2; ++cycle) {
             for (const Way way : {Hidden, Short, Settled, Minimized, Maximized}) {
                 OpenAndClose(services, way);

@@ -97,9 +97,8 @@ private:
         for (const QString &table : tables)
             database.CreateTableDef({table, {{u"Name"_s, u"TEXT"_s}}, {}});
         Transaction transaction(database, u"preparing"_s);
-        for (int row = 0; row < 200; ++row) {
+        for (int row = 0; row < 200; ++row)
             database.Insert(u"INSERT INTO Projects (Name) VALUES (?)"_s, {QString(500, u'x')}, u"preparing"_s);
-        }
         transaction.Commit();
         return path;
     }

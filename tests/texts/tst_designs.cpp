@@ -75,10 +75,9 @@ QString Caption(const QObject &control)
 
 void TurnDanish(const QMainWindow &window, const QString &form)
 {
-    for (QObject *control : ControlsOf(window)) {
+    for (QObject *control : ControlsOf(window))
         if (!Caption(*control).isEmpty())
             control->setProperty(CaptionProperty(*control), DanishText(form, Caption(*control)));
-    }
 }
 
 // What its text takes, at the least; lists and grids scroll.
@@ -93,10 +92,9 @@ QString Clash(const QWidget &widget)
 {
     if (!widget.parentWidget()->rect().contains(widget.geometry()))
         return widget.objectName() + QStringLiteral(" leaves its container");
-    for (const QWidget *other : widget.parentWidget()->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly)) {
+    for (const QWidget *other : widget.parentWidget()->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly))
         if (other != &widget && !other->isHidden() && other->geometry().intersects(widget.geometry()))
             return widget.objectName() + QStringLiteral(" lies over ") + other->objectName();
-    }
     return {};
 }
 
@@ -190,10 +188,9 @@ void tst_designs::accessKeysDiffer()
     if (danish)
         TurnDanish(*window, form);
     QMap<QString, QString> owners;
-    if (form == QLatin1String("StempWin")) { // of the button, which says IN and OUT, or IND and UD, at run time
+    if (form == QLatin1String("StempWin")) // of the button, which says IN and OUT, or IND and UD, at run time
         for (const char *key : {"Alt+I", "Alt+O", "Alt+U"})
             owners.insert(QLatin1String(key), QStringLiteral("InOutButton"));
-    }
     for (const QObject *control : ControlsOf(*window)) {
         const QString key = QKeySequence::mnemonic(Caption(*control)).toString();
         if (key.isEmpty())

@@ -32,9 +32,8 @@ public:
         setCentralWidget(new QWidget);
         setWindowTitle(u"Stemp Administration"_s);
         resize(600, 400);
-        for (int i = 0; i < 3; ++i) {
+        for (int i = 0; i < 3; ++i)
             Add<QLabel>(u"Labels_%1"_s.arg(i), {10, 10 + 20 * i, 80, 20}, i)->setText(u"User Name:"_s);
-        }
         auto *ok = Add<QPushButton>(u"OKButton"_s, {100, 10, 80, 24});
         ok->setText(u"&OK"_s);
         ok->setToolTip(okTip);
@@ -74,9 +73,8 @@ private:
         auto *widget = new Widget(centralWidget());
         widget->setObjectName(name);
         widget->setGeometry(place);
-        if (index) {
+        if (index)
             widget->setProperty("Index", *index);
-        }
         return widget;
     }
 };
@@ -174,9 +172,8 @@ void TextStoreTest::MissingRowsAreSeededAndUnknownOnesKept()
 {
     Seed();
     Sql(u"DELETE FROM AdminForm WHERE Name = 'OKButton'"_s);
-    for (const QString &key : {u"Gone"_s, u"Labels(x)"_s, u"Shapes(1)"_s, u"Labels(08)"_s, u"Commands(1)"_s}) {
+    for (const QString &key : {u"Gone"_s, u"Labels(x)"_s, u"Shapes(1)"_s, u"Labels(08)"_s, u"Commands(1)"_s})
         Sql(u"INSERT INTO AdminForm (Name, CapEnglish) VALUES (?, 'x')"_s, {key});
-    }
     QCOMPARE(qsizetype(Run(*db_, tipsOff).window.Controls().size()), controlCount);
     QCOMPARE(AllRows().size(), controlCount + 1 + 5);
     QCOMPARE(Stored(u"OKButton"_s, u"TipEnglish"_s), okTip);

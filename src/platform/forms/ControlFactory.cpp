@@ -90,25 +90,21 @@ ControlId IdOf(const QObject &object, const QString &classType)
     if (const QVariant index = object.property("Index"); index.isValid()) {
         id.index = index.toInt();
         const QString suffix = u'_' + QString::number(*id.index);
-        if (id.name.endsWith(suffix)) {
+        if (id.name.endsWith(suffix))
             id.name.chop(suffix.size());
-        }
     }
-    if (const QVariant type = object.property("ControlType"); type.isValid()) {
+    if (const QVariant type = object.property("ControlType"); type.isValid())
         id.typeName = type.toString();
-    }
     return id;
 }
 
 std::unique_ptr<Control> MakeControl(QWidget &widget)
 {
     std::unique_ptr<Control> control;
-    if (IsPicture(widget)) {
+    if (IsPicture(widget))
         control = std::make_unique<WidgetControl>(IdOf(widget, u"PictureBox"_s), widget);
-    }
-    for (auto type = Types().begin(); !control && type != Types().end(); ++type) {
+    for (auto type = Types().begin(); !control && type != Types().end(); ++type)
         control = type->make(widget, type->name);
-    }
     if (!control) {
         control =
             std::make_unique<WidgetControl>(IdOf(widget, QLatin1String(widget.metaObject()->className())), widget);
@@ -150,9 +146,8 @@ QWidget *NewWidgetLike(const QWidget &pattern, QWidget *parent)
     }
     if (made) {
         made->setGeometry(pattern.geometry());
-        if (pattern.testAttribute(Qt::WA_SetFont)) {
+        if (pattern.testAttribute(Qt::WA_SetFont))
             made->setFont(pattern.font());
-        }
         made->hide();
     }
     return made;
@@ -161,15 +156,12 @@ QWidget *NewWidgetLike(const QWidget &pattern, QWidget *parent)
 void NameForScreenReaders(const std::vector<std::unique_ptr<Control>> &controls)
 {
     std::set<const QWidget *> named; // by their labels
-    for (const auto &control : controls) {
-        if (const auto *label = qobject_cast<const QLabel *>(control->Widget())) {
+    for (const auto &control : controls)
+        if (const auto *label = qobject_cast<const QLabel *>(control->Widget()))
             named.insert(label->buddy());
-        }
-    }
     for (const auto &control : controls) {
         QWidget *widget = control->Widget();
-        if (widget && !ShowsItsName(*widget) && !named.contains(widget) && widget->accessibleName().isEmpty()) {
+        if (widget && !ShowsItsName(*widget) && !named.contains(widget) && widget->accessibleName().isEmpty())
             widget->setAccessibleName(control->ToolTip());
-        }
     }
 }

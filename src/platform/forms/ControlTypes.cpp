@@ -49,9 +49,8 @@ std::optional<double> NumberIn(const QString &text)
 QStringList PiecesOf(const QString &list, QChar separator)
 {
     QStringList pieces = list.split(separator);
-    if (pieces.last().isEmpty()) {
+    if (pieces.last().isEmpty())
         pieces.removeLast();
-    }
     return pieces;
 }
 
@@ -131,9 +130,8 @@ std::optional<QString> ButtonControl::Value() const
 
 void ButtonControl::SetValue(const QString &text)
 {
-    if (const auto number = NumberIn(text); number && button_.isCheckable()) {
+    if (const auto number = NumberIn(text); number && button_.isCheckable())
         button_.setChecked(*number != 0);
-    }
 }
 
 OptionButtonControl::OptionButtonControl(ControlId id, QRadioButton &button)
@@ -149,9 +147,8 @@ std::optional<QString> OptionButtonControl::Value() const
 void OptionButtonControl::SetValue(const QString &text)
 {
     const auto number = NumberIn(text);
-    if (!number) {
+    if (!number)
         return;
-    }
     // An exclusive button can be selected, but not cleared.
     QButtonGroup *group = button_.group();
     const auto setExclusive = [&](bool on) { group ? group->setExclusive(on) : button_.setAutoExclusive(on); };
@@ -209,20 +206,18 @@ std::optional<QString> ComboBoxControl::Value() const
 void ComboBoxControl::SetValue(const QString &text)
 {
     const int at = box_.findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive);
-    if (at >= 0) {
+    if (at >= 0)
         box_.setCurrentIndex(at);
-    } else if (box_.isEditable()) {
+    else if (box_.isEditable())
         box_.setEditText(text);
-    }
 }
 
 ScrollBarControl::ScrollBarControl(ControlId id, QScrollBar &bar) : WidgetControl(std::move(id), bar), bar_(bar) {}
 
 void ScrollBarControl::SetValue(const QString &text)
 {
-    if (const auto number = NumberIn(text)) {
+    if (const auto number = NumberIn(text))
         bar_.setValue(qRound(*number));
-    }
 }
 
 TabControl::TabControl(ControlId id, QTabWidget &tabs) : WidgetControl(std::move(id), tabs), tabs_(tabs) {}
@@ -230,18 +225,16 @@ TabControl::TabControl(ControlId id, QTabWidget &tabs) : WidgetControl(std::move
 std::optional<QString> TabControl::Caption() const
 {
     QString captions;
-    for (int i = 0; i < tabs_.count(); ++i) {
+    for (int i = 0; i < tabs_.count(); ++i)
         captions += tabs_.tabText(i) + u'|';
-    }
     return captions;
 }
 
 void TabControl::SetCaption(const QString &text)
 {
     const QStringList captions = PiecesOf(text, u'|');
-    for (int i = 0; i < tabs_.count() && i < captions.size(); ++i) {
+    for (int i = 0; i < tabs_.count() && i < captions.size(); ++i)
         tabs_.setTabText(i, captions.at(i));
-    }
 }
 
 DatePickerControl::DatePickerControl(ControlId id, QDateTimeEdit &edit)
@@ -256,9 +249,8 @@ std::optional<QString> DatePickerControl::Value() const
 
 void DatePickerControl::SetValue(const QString &text)
 {
-    if (const auto days = NumberIn(text); days && std::abs(*days) < 4e6) {
+    if (const auto days = NumberIn(text); days && std::abs(*days) < 4e6)
         edit_.setDate(dayZero.addDays(static_cast<qint64>(std::floor(*days))));
-    }
 }
 
 LineControl::LineControl(ControlId id, LineWidget &line) : WidgetControl(std::move(id), line), line_(line) {}
@@ -302,9 +294,8 @@ MenuControl::MenuControl(ControlId id, QAction &action)
 {
     // Where no tip was designed, an action gives its own text for one.
     QAction bare(action.text());
-    if (action.toolTip() != bare.toolTip()) {
+    if (action.toolTip() != bare.toolTip())
         toolTip_ = action.toolTip();
-    }
 }
 
 std::optional<QString> MenuControl::Caption() const

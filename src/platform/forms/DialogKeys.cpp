@@ -26,12 +26,10 @@ bool TakesNewLines(const QWidget *widget)
 // A held key presses a button once: it may still be down from the window before.
 bool PressOnce(QPushButton *button, const QKeyEvent &key)
 {
-    if (!button || !button->isVisible()) {
+    if (!button || !button->isVisible())
         return false;
-    }
-    if (!key.isAutoRepeat()) {
+    if (!key.isAutoRepeat())
         button->click();
-    }
     return true;
 }
 
@@ -59,24 +57,20 @@ bool BelongsToControl(const QKeyEvent &key, const QWidget *focus)
 
 void DialogKeys::SetDefaultButton(QPushButton *button)
 {
-    if (default_) {
+    if (default_)
         default_->setDefault(false);
-    }
     default_ = button;
-    if (button) {
+    if (button)
         button->setDefault(true);
-    }
 }
 
 bool DialogKeys::Press(const QKeyEvent &key, QWidget *focus)
 {
-    if (IsCellEditor(focus) || (key.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier) {
+    if (IsCellEditor(focus) || (key.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier)
         return false;
-    }
     if (IsEnter(key)) {
-        if (auto *button = qobject_cast<QPushButton *>(focus)) {
+        if (auto *button = qobject_cast<QPushButton *>(focus))
             return PressOnce(button, key);
-        }
         return !TakesNewLines(focus) && PressOnce(default_, key);
     }
     return key.key() == Qt::Key_Escape && PressOnce(cancel_, key);

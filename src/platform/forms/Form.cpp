@@ -35,9 +35,8 @@ constexpr QMargins usualFrame(8, 31, 8, 8); // of a window whose frame is not kn
 Geometry DesignOf(const QWidget &form)
 {
     QRect outer(form.pos(), form.size().grownBy(usualFrame));
-    if (!form.testAttribute(Qt::WA_Moved)) {
+    if (!form.testAttribute(Qt::WA_Moved))
         outer.moveCenter(form.screen()->availableGeometry().center());
-    }
     return ToTwips(outer);
 }
 
@@ -51,9 +50,8 @@ Form::Form(QString name, FormServices &services, QWidget *parent)
 
 Form::~Form()
 {
-    if (modalLoop_) {
+    if (modalLoop_)
         modalLoop_->quit();
-    }
 }
 
 void Form::Load()
@@ -66,9 +64,8 @@ void Form::Load()
 
 void Form::Unload()
 {
-    if (!loaded_ || unloading_) {
+    if (!loaded_ || unloading_)
         return;
-    }
     unloading_ = true;
     Form_Unload();
     unloading_ = false;
@@ -80,9 +77,8 @@ void Form::Unload()
 void Form::ShowModal(QWidget *owner)
 {
     Load();
-    if (!loaded_ || modalLoop_) {
+    if (!loaded_ || modalLoop_)
         return;
-    }
     QWidget *ownerWindow = owner && owner->window()->isVisible() ? owner->window() : nullptr;
     setWindowModality(ownerWindow ? Qt::WindowModal : Qt::ApplicationModal);
     if (!parentWidget()) {
@@ -94,9 +90,8 @@ void Form::ShowModal(QWidget *owner)
     const QPointer<Form> self(this);
     QEventLoop loop;
     modalLoop_ = &loop;
-    if (isVisible()) { // a first paint or resize may have unloaded it
+    if (isVisible()) // a first paint or resize may have unloaded it
         loop.exec();
-    }
     if (self) {
         modalLoop_ = nullptr;
         setWindowModality(Qt::NonModal);
@@ -106,22 +101,21 @@ void Form::ShowModal(QWidget *owner)
 Control *Form::CreateMember(const QString &arrayName, int index)
 {
     const auto memberOf = [&](const auto &wanted) {
-        const auto found = std::find_if(controls_.begin(), controls_.end(), [&](const auto &control) {
-            return control->Name() == arrayName && control->Index() && wanted(*control->Index());
-        });
+        const auto found = std::find_if(
+            controls_.begin(), controls_.end(),
+            [&](const auto &control) {
+                return control->Name() == arrayName && control->Index() && wanted(*control->Index());
+            });
         return found == controls_.end() ? nullptr : found->get();
     };
-    if (Control *there = memberOf([index](int other) { return other == index; })) {
+    if (Control *there = memberOf([index](int other) { return other == index; }))
         return there;
-    }
     const Control *pattern = memberOf([](int) { return true; });
-    if (!pattern || !pattern->Widget() || index < 0) {
+    if (!pattern || !pattern->Widget() || index < 0)
         return nullptr;
-    }
     QWidget *widget = NewWidgetLike(*pattern->Widget(), pattern->Widget()->parentWidget());
-    if (!widget) {
+    if (!widget)
         return nullptr;
-    }
     widget->setObjectName(u"%1_%2"_s.arg(arrayName).arg(index));
     widget->setProperty("Index", index);
     widget->setProperty("ControlType", pattern->TypeName());
@@ -133,9 +127,8 @@ Control *Form::CreateMember(const QString &arrayName, int index)
 void Form::SetContainer(Control &control, QWidget *container)
 {
     QWidget *widget = control.Widget();
-    if (!widget || !container || widget->parentWidget() == container) {
+    if (!widget || !container || widget->parentWidget() == container)
         return;
-    }
     const bool visible = !widget->isHidden();
     widget->setParent(container); // hides it
     widget->setVisible(visible);
@@ -144,9 +137,8 @@ void Form::SetContainer(Control &control, QWidget *container)
     const auto others = container->findChildren<QRadioButton *>(QString(), Qt::FindDirectChildrenOnly);
     if (option && option->isChecked() && std::any_of(others.begin(), others.end(), [&](auto *other) {
             return other != option && other->isChecked();
-        })) {
+        }))
         control.SetValue(u"0"_s);
-    }
 }
 
 void Form::SetStoredGeometry(const Geometry &twips)
@@ -166,9 +158,8 @@ bool Form::IsSettled() const
 
 void Form::SetBackColor(const QColor &color)
 {
-    if (color == BackColor()) {
+    if (color == BackColor())
         return;
-    }
     QWidget *surface = Surface();
     QPalette colors = surface->palette();
     const bool isDark = qGray(color.rgb()) < 128;
@@ -196,9 +187,8 @@ QColor Form::BackColor() const
 void Form::RegisterControls()
 {
     RegisterWidgetsIn(*Surface());
-    if (auto *bar = findChild<QMenuBar *>(QString(), Qt::FindDirectChildrenOnly)) {
+    if (auto *bar = findChild<QMenuBar *>(QString(), Qt::FindDirectChildrenOnly))
         RegisterMenus(bar->actions());
-    }
     NameForScreenReaders(controls_);
     designCaption_ = windowTitle();
     designHelp_ = whatsThis();
@@ -218,19 +208,15 @@ void Form::RegisterWidgetsIn(const QWidget &container)
     const QObjectList children = container.children();
     for (QObject *child : children) {
         auto *widget = qobject_cast<QWidget *>(child);
-        if (!widget || widget->isWindow() || widget->objectName().startsWith("qt_"_L1)) {
+        if (!widget || widget->isWindow() || widget->objectName().startsWith("qt_"_L1))
             continue;
-        }
-        if (!widget->objectName().isEmpty()) {
+        if (!widget->objectName().isEmpty())
             RegisterControl(MakeControl(*widget));
-        }
-        if (const auto *tabs = qobject_cast<QTabWidget *>(widget)) {
-            for (int i = 0; i < tabs->count(); ++i) {
+        if (const auto *tabs = qobject_cast<QTabWidget *>(widget))
+            for (int i = 0; i < tabs->count(); ++i)
                 RegisterWidgetsIn(*tabs->widget(i));
-            }
-        } else if (IsFrame(*widget)) {
+        else if (IsFrame(*widget))
             RegisterWidgetsIn(*widget);
-        }
     }
 }
 
@@ -244,9 +230,8 @@ void Form::RegisterMenus(const QList<QAction *> &actions)
             control->TakeDesign(action->whatsThis());
             controls_.push_back(std::move(control));
         }
-        if (action->menu()) {
+        if (action->menu())
             RegisterMenus(action->menu()->actions());
-        }
     }
 }
 
@@ -285,28 +270,25 @@ void Form::ShowMenuTip(QMenuBar &bar, const QHelpEvent &help)
     const QAction *action = bar.actionAt(help.pos());
     for (const auto &control : controls_) {
         const auto *menu = dynamic_cast<const MenuControl *>(control.get());
-        if (action && menu && &menu->Action() == action) {
+        if (action && menu && &menu->Action() == action)
             QToolTip::showText(help.globalPos(), AsPlainToolTip(menu->ToolTip()), &bar);
-        }
     }
 }
 
 bool Form::event(QEvent *event)
 {
     const bool handled = QMainWindow::event(event);
-    if (event->type() == QEvent::Hide && !event->spontaneous() && modalLoop_) {
+    if (event->type() == QEvent::Hide && !event->spontaneous() && modalLoop_)
         modalLoop_->quit();
-    } else if (event->type() == QEvent::WindowStateChange && loaded_ && IsNormal()) {
+    else if (event->type() == QEvent::WindowStateChange && loaded_ && IsNormal())
         Form_Resize();
-    }
     return handled;
 }
 
 void Form::closeEvent(QCloseEvent *event)
 {
-    if (!loaded_) {
+    if (!loaded_)
         return;
-    }
     if (unloading_ || !QueryUnload()) {
         event->ignore();
         return;
@@ -317,9 +299,8 @@ void Form::closeEvent(QCloseEvent *event)
 void Form::resizeEvent(QResizeEvent *event)
 {
     QMainWindow::resizeEvent(event);
-    if (loaded_ && IsNormal()) {
+    if (loaded_ && IsNormal())
         Form_Resize();
-    }
 }
 
 bool Form::IsNormal() const

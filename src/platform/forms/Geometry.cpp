@@ -30,9 +30,8 @@ Geometry KeptOnScreen(Geometry window, QSize screenPixels)
 QSize ScreenPixels()
 {
     const QScreen *screen = QGuiApplication::primaryScreen();
-    if (!screen) {
+    if (!screen)
         return {};
-    }
     const QRect all = screen->virtualGeometry();
     return {all.right() + 1, all.bottom() + 1};
 }
@@ -46,9 +45,8 @@ QPoint ReachablePosition(const QRect &outerPixels, const QList<QRect> &screens)
         const QSize inView = titleBar.intersected(screen).size();
         return inView.width() >= needed.width() && inView.height() >= needed.height();
     });
-    if (reachable || screens.isEmpty()) {
+    if (reachable || screens.isEmpty())
         return outerPixels.topLeft();
-    }
     const QRect &screen = screens.first();
     const auto between = [](int low, int value, int high) { return std::max(low, std::min(value, high)); };
     return {between(screen.left(), outerPixels.x(), screen.right() + 1 - needed.width()),

@@ -10,9 +10,8 @@ GridControl::GridControl(ControlId id, QTableView &view) : WidgetControl(std::mo
 std::optional<QString> GridControl::Caption() const
 {
     QString captions;
-    for (int column = 0; column < Columns(); ++column) {
+    for (int column = 0; column < Columns(); ++column)
         captions += view_.model()->headerData(column, Qt::Horizontal).toString() + u'|';
-    }
     return captions;
 }
 
@@ -21,9 +20,8 @@ void GridControl::SetCaption(const QString &text)
     const QStringList captions = PiecesOf(text, u'|');
     auto *table = qobject_cast<QTableWidget *>(&view_);
     for (int column = 0; column < Columns() && column < captions.size(); ++column) {
-        if (table && !table->horizontalHeaderItem(column)) {
+        if (table && !table->horizontalHeaderItem(column))
             table->setHorizontalHeaderItem(column, new QTableWidgetItem);
-        }
         view_.model()->setHeaderData(column, Qt::Horizontal, captions.at(column));
     }
 }
@@ -46,13 +44,11 @@ void GridControl::SetValue(const QString &text)
     widths_.assign(static_cast<std::size_t>(Columns()), std::nullopt);
     for (int column = 0; column < Columns() && column < pieces.size(); ++column) {
         const auto twips = NumberIn(pieces.at(column));
-        if (!twips || *twips < 0) {
+        if (!twips || *twips < 0)
             continue;
-        }
         view_.setColumnHidden(column, *twips == 0);
-        if (*twips > 0) {
+        if (*twips > 0)
             view_.setColumnWidth(column, qRound(*twips / twipsPerPixel));
-        }
         widths_[static_cast<std::size_t>(column)] = Width{*twips, view_.columnWidth(column)};
     }
 }

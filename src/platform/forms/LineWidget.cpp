@@ -10,9 +10,8 @@ LineWidget::LineWidget(QWidget *parent) : QWidget(parent), color_(palette().colo
 QPoint LineWidget::Start() const
 {
     const QRect area = geometry();
-    if (hasEnds_) {
+    if (hasEnds_)
         return {startsRight_ ? area.right() : area.left(), startsBelow_ ? area.bottom() : area.top()};
-    }
     return area.width() >= area.height() ? QPoint(area.left(), area.center().y())
                                          : QPoint(area.center().x(), area.top());
 }
@@ -20,9 +19,8 @@ QPoint LineWidget::Start() const
 QPoint LineWidget::End() const
 {
     const QRect area = geometry();
-    if (hasEnds_) {
+    if (hasEnds_)
         return {startsRight_ ? area.left() : area.right(), startsBelow_ ? area.top() : area.bottom()};
-    }
     return area.width() >= area.height() ? QPoint(area.right(), area.center().y())
                                          : QPoint(area.center().x(), area.bottom());
 }

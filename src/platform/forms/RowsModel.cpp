@@ -59,9 +59,8 @@ int RowsModel::columnCount(const QModelIndex &parent) const
 
 QVariant RowsModel::data(const QModelIndex &index, int role) const
 {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid)) {
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
-    }
     const Row &row = rows_[static_cast<std::size_t>(index.row())];
     const auto column = static_cast<std::size_t>(index.column());
     const QVariant value = column < row.size() ? row[column] : QVariant();
@@ -81,17 +80,15 @@ QVariant RowsModel::data(const QModelIndex &index, int role) const
 
 QVariant RowsModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation != Qt::Horizontal || (role != Qt::DisplayRole && role != Qt::EditRole)) {
+    if (orientation != Qt::Horizontal || (role != Qt::DisplayRole && role != Qt::EditRole))
         return QAbstractTableModel::headerData(section, orientation, role);
-    }
     return captions_.value(section);
 }
 
 bool RowsModel::setHeaderData(int section, Qt::Orientation orientation, const QVariant &value, int role)
 {
-    if (orientation != Qt::Horizontal || section < 0 || section >= captions_.size() || role != Qt::EditRole) {
+    if (orientation != Qt::Horizontal || section < 0 || section >= captions_.size() || role != Qt::EditRole)
         return false;
-    }
     captions_[section] = value.toString();
     emit headerDataChanged(orientation, section, section);
     return true;

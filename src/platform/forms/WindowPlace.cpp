@@ -23,9 +23,8 @@ QMargins MarginsOfAnother()
     for (const QWidget *window : windows) {
         if (window->isVisible() && window->windowType() == Qt::Window && window->windowHandle()) {
             const QMargins margins = window->windowHandle()->frameMargins();
-            if (!margins.isNull()) {
+            if (!margins.isNull())
                 return margins;
-            }
         }
     }
     return {};
@@ -35,9 +34,8 @@ QList<QRect> AvailableScreens()
 {
     QList<QRect> result;
     const auto screens = QGuiApplication::screens();
-    for (const QScreen *screen : screens) {
+    for (const QScreen *screen : screens)
         result.append(screen->availableGeometry());
-    }
     return result;
 }
 
@@ -78,9 +76,8 @@ Geometry WindowPlace::Stored() const
 
 Geometry WindowPlace::StoredAt(const QRect &inner) const
 {
-    if (!baseline_) {
+    if (!baseline_)
         return stored_;
-    }
     const Geometry moved = ToTwips({inner.topLeft() - baseline_->topLeft(), inner.size() - baseline_->size()});
     const Geometry outer = ToTwips({QPoint(), inner.size().grownBy(*margins_)});
     const auto changed = [](double stored, double design, double by, double now) {
@@ -99,9 +96,8 @@ bool WindowPlace::eventFilter(QObject *watched, QEvent *event)
             stored_ = StoredAt(seen_); // what a person did to it when it was last shown
             baseline_.reset();
             // At first it stands where it was put before it had a native window, which is when a place includes the frame.
-            if (margins_) {
+            if (margins_)
                 Apply();
-            }
             BeginToSettle();
         }
         break;
@@ -116,17 +112,15 @@ bool WindowPlace::eventFilter(QObject *watched, QEvent *event)
         break;
     case QEvent::Move:
     case QEvent::Resize:
-        if (IsNormal()) {
+        if (IsNormal())
             seeing_.start(untilStateIsTold);
-        }
         break;
     case QEvent::WindowStateChange:
         seeing_.stop();
-        if (IsNormal() && !baseline_) {
+        if (IsNormal() && !baseline_)
             BeginToSettle();
-        } else if (IsNormal()) {
+        else if (IsNormal())
             seeing_.start(untilStateIsTold);
-        }
         break;
     default:
         break;
@@ -143,9 +137,8 @@ bool WindowPlace::IsNormal() const
 void WindowPlace::Apply()
 {
     const bool nothingStored = stored_.width <= 0 || stored_.height <= 0;
-    if (nothingStored || window_.windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen)) {
+    if (nothingStored || window_.windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen))
         return;
-    }
     window_.move(ReachablePosition(ToPixels(stored_), AvailableScreens()));
     ResizeInside();
 }
@@ -153,12 +146,10 @@ void WindowPlace::Apply()
 void WindowPlace::ResizeInside()
 {
     QSize inside = ToPixels(stored_).size().shrunkBy(margins_ ? *margins_ : MarginsOfAnother());
-    if (stored_.width == design_.width) {
+    if (stored_.width == design_.width)
         inside.setWidth(designedInside_.width());
-    }
-    if (stored_.height == design_.height) {
+    if (stored_.height == design_.height)
         inside.setHeight(designedInside_.height());
-    }
     window_.resize(inside);
 }
 
@@ -170,15 +161,13 @@ void WindowPlace::BeginToSettle()
 
 void WindowPlace::GoOnSettling()
 {
-    if (!IsNormal()) {
+    if (!IsNormal())
         return; // begins anew when it is normal again
-    }
     if (!frameIsTaken_) {
         margins_ = window_.windowHandle()->frameMargins();
         frameIsTaken_ = true;
-        if (stored_.width > 0 && stored_.height > 0) {
+        if (stored_.width > 0 && stored_.height > 0)
             ResizeInside();
-        }
         settling_.start(untilSizeIsTaken);
     } else {
         baseline_ = window_.geometry();
@@ -188,7 +177,6 @@ void WindowPlace::GoOnSettling()
 
 void WindowPlace::See()
 {
-    if (IsNormal()) {
+    if (IsNormal())
         seen_ = window_.geometry();
-    }
 }
