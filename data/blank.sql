@@ -7,3 +7,4 @@ CREATE TABLE Stemp (
   StempOutTime REAL -- null while the row is open
 );
 CREATE INDEX StempInTime ON Stemp (StempInTime);
+CREATE INDEX OpenRows ON Stemp (StempOutTime) WHERE StempOutTime IS NULL; -- so that no start looks through years of rows

@@ -3,7 +3,6 @@
 #include "clock/Clock.h"
 #include "clock/DateText.h"
 #include "clock/IOQuery.h"
-#include "platform/dao/Error.h"
 #include "platform/forms/ControlTypes.h"
 #include "platform/forms/Prompts.h"
 #include "platform/system/TimeSource.h"
@@ -13,13 +12,10 @@
 #include "ui_StempWin.h"
 
 #include <QKeyEvent>
-#include <QLoggingCategory>
 
 using namespace std::chrono_literals;
 
 namespace {
-
-Q_LOGGING_CATEGORY(log, "stemp.clock")
 
 constexpr QRgb green = 0xff008000;
 constexpr QRgb red = 0xffc00000;
@@ -112,8 +108,10 @@ void StempWin::Connect()
     connect(pickList_.get(), &PickList::TextUtilLeft, ui_->InOutButton, qOverload<>(&QWidget::setFocus));
     connect(pickList_.get(), &PickList::DeleteRequested, this, &StempWin::DeleteJob);
     connect(ui_->InOutButton, &QPushButton::clicked, this, &StempWin::InOutButton_Click);
-    connect(ui_->mnuRecent, &QAction::triggered, this, [this] { pickList_->ChooseList(ListMode::Recent); });
-    connect(ui_->mnuPersonal, &QAction::triggered, this, [this] { pickList_->ChooseList(ListMode::Personal); });
+    connect(
+        ui_->mnuRecent, &QAction::triggered, this, [this] { pickList_->ChooseList(ListMode::Recent); });
+    connect(
+        ui_->mnuPersonal, &QAction::triggered, this, [this] { pickList_->ChooseList(ListMode::Personal); });
     connect(ui_->mnuFull, &QAction::triggered, this, [this] { pickList_->ChooseList(ListMode::Company); });
     connect(ui_->mnuAdmin, &QAction::triggered, this, &StempWin::AdminChosen);
     connect(&parts_.jobDatabase, &JobDatabase::JobListFilled, this, &StempWin::JobListFilled);
@@ -203,8 +201,7 @@ void StempWin::StempIn(const QString &item)
     if (parts_.clock.StempIn(item, pickList_->SearchText)) {
         pickList_->SearchText.clear();
         StempInLook();
-        ui_->mnuRecent->setEnabled(!parts_.lists.RecentList.IsEmpty());
-        ui_->mnuPersonal->setEnabled(!parts_.lists.PersonalList.IsEmpty());
+        EnableOwnLists();
         AfterStemp();
         parts_.jobDatabase.Set_In();
     } else {
@@ -266,20 +263,16 @@ void StempWin::ShowOutQuery()
     outQuery_.reset();
 }
 
-void StempWin::FillPersonalList()
-{
-    try {
-        parts_.lists.PersonalList.Assign(ReadProjects(parts_.localDB));
-    } catch (const dao::Error &error) {
-        qCWarning(log).noquote() << error.Text();
-    }
-    ui_->mnuPersonal->setEnabled(!parts_.lists.PersonalList.IsEmpty());
-}
-
 void StempWin::FillRecentList()
 {
     parts_.clock.FillRecentList(parts_.timeTable.Rows(stempList_->RecordSource));
+    EnableOwnLists();
+}
+
+void StempWin::EnableOwnLists()
+{
     ui_->mnuRecent->setEnabled(!parts_.lists.RecentList.IsEmpty());
+    ui_->mnuPersonal->setEnabled(!parts_.lists.PersonalList.IsEmpty());
 }
 
 void StempWin::FillJobList()

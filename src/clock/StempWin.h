@@ -20,10 +20,6 @@ struct Identity;
 struct JobLists;
 struct Options;
 
-namespace dao {
-class Database;
-}
-
 namespace Ui {
 class StempWin;
 }
@@ -35,7 +31,6 @@ struct StempWinParts
     TimeTable &timeTable;
     JobLists &lists;
     JobDatabase &jobDatabase;
-    dao::Database &localDB;
     const Identity &identity;
     const Options &options;
     const TimeSource &time;
@@ -57,9 +52,8 @@ public:
     void StempOutAt(const QDateTime &time);
 
     void FillXListBox(const JobList &list) { pickList_->FillXListBox(list); }
-    void FillPersonalList();
-    void FillRecentList();
-    void FillJobList(); // the list is there when the job database has answered
+    void FillRecentList(); // and offers it and the personal list unless they are empty
+    void FillJobList();    // the list is there when the job database has answered
 
     void ShowOutQuery();       // modal; carries out the person's choice
     void ShowCurrentJob();     // in the search box
@@ -88,6 +82,7 @@ private:
     void XList_Picked(const QString &item);
     void DeleteJob(const QString &item);
     void JobListFilled();
+    void EnableOwnLists();
     void AfterStemp();
     void RefreshGrid();
     void SaveTimer_Timer();

@@ -30,6 +30,8 @@ bool Main::Run()
     program_.StartingUp = true;
     if (!FindProgramFolder() || !ChooseIdentity() || !InitInterfaceTexts())
         return false;
+    PrepareTimeDb();
+    program_.FillPersonalList(); // before the first window, which has to wait for the fonts
     LoadWindows();
     SettleOpenRow();
     if (ended_) // the session ended while the out-query was open
@@ -114,6 +116,14 @@ bool Main::InitInterfaceTexts()
     return true;
 }
 
+// It is read through from end to end: on another thread, while the windows load. Without an identity it has to wait, as the
+// settings may give one.
+void Main::PrepareTimeDb()
+{
+    if (!program_.identity.UserInitials.isEmpty())
+        timeDb_ = std::async(std::launch::async, Module1::PrepareTimeDb, program_.identity, program_.time.Now());
+}
+
 void Main::LoadWindows()
 {
     messageBoard_ = std::make_unique<MessageBoard>(*common_);
@@ -122,8 +132,8 @@ void Main::LoadWindows()
     OpenTimeDb();
     stempWin_ = std::make_unique<StempWin>(*common_, prompts_,
                                            StempWinParts{program_.clock, program_.timeTable, program_.lists,
-                                                         program_.jobDatabase, program_.LocalDB, program_.identity,
-                                                         program_.options, program_.time});
+                                                         program_.jobDatabase, program_.identity, program_.options,
+                                                         program_.time});
     connect(stempWin_.get(), &StempWin::AdminChosen, this, &Main::mnuAdmin_Click);
     connect(stempWin_.get(), &StempWin::UnloadOthers, this, &Main::UnloadOthers);
     connect(stempWin_.get(), &Form::Unloaded, this, &Main::MainWindowUnloaded);
@@ -167,7 +177,8 @@ void Main::ApplySettings()
 
 void Main::OpenTimeDb()
 {
-    const Module1::TimeDbChoice choice = Module1::PrepareTimeDb(program_.identity, program_.time.Now());
+    const Module1::TimeDbChoice choice =
+        timeDb_.valid() ? timeDb_.get() : Module1::PrepareTimeDb(program_.identity, program_.time.Now());
     Tell(choice.message);
     program_.timeTable.Open(choice.path);
 }
@@ -183,7 +194,6 @@ void Main::SettleOpenRow()
 
 void Main::FillLists()
 {
-    stempWin_->FillPersonalList();
     stempWin_->FillRecentList();
     JobLists &lists = program_.lists;
     lists.Mode = lists.RecentList.IsEmpty() ? ListMode::Company : ListMode::Recent;

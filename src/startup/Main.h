@@ -1,8 +1,11 @@
 #pragma once
 
+#include "startup/Module1.h"
+
 #include <QObject>
 #include <QString>
 
+#include <future>
 #include <memory>
 
 class AdminForm;
@@ -36,6 +39,7 @@ private:
     bool ChooseIdentity();
     bool AskInitials();
     bool InitInterfaceTexts();
+    void PrepareTimeDb();
     void LoadWindows();
     void ApplySettings();
     void OpenTimeDb();
@@ -53,5 +57,6 @@ private:
     std::unique_ptr<AdminForm> adminForm_;
     std::unique_ptr<MessageBoard> messageBoard_;
     std::unique_ptr<StempWin> stempWin_;
+    std::future<Module1::TimeDbChoice> timeDb_; // while it is being prepared
     bool ended_ = false;
 };

@@ -23,6 +23,15 @@ Program::Program(const System &usedSystem, const TimeSource &usedTime, CompanyLi
 {
 }
 
+void Program::FillPersonalList()
+{
+    try {
+        lists.PersonalList.Assign(ReadProjects(LocalDB));
+    } catch (const dao::Error &error) {
+        qCWarning(log).noquote() << error.Text();
+    }
+}
+
 void Program::AddPersonalJob(const JobItem &job)
 {
     try {

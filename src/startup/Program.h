@@ -34,6 +34,8 @@ public:
     TimeTable timeTable;
     Clock clock;
 
+    void FillPersonalList(); // from LocalDB
+
     // Closes the time database, the job database and LocalDB, in that order. False when the job database does not answer: its
     // thread is left behind then, and the process must end without waiting for it.
     bool CloseDatabases();
