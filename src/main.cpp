@@ -7,6 +7,7 @@
 #include "startup/SessionEnd.h"
 
 #include <QApplication>
+#include <QIcon>
 
 #include <cstdlib>
 
@@ -15,26 +16,27 @@ int main(int argc, char *argv[])
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Stemp"));
     QApplication::setQuitOnLastWindowClosed(false); // the program lives as long as its main window is loaded
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/stemp.svg")));
     ApplyApplicationFont(application);
     const ToolkitWarmUp warmUp;
 
     const System system;
     const TimeSource time;
     ScreenPrompts prompts;
-    int result = EXIT_SUCCESS;
-    {
-        Program program(system, time, CompanyLink::Mode::Thread);
-        Main start(program, prompts);
-        const SessionEnd sessionEnd;
-        QObject::connect(&sessionEnd, &SessionEnd::Ending, &start, &Main::EndSession);
-        QObject::connect(&start, &Main::Ended, &application, [](bool clean) {
-            // A thread that hangs in a file system would keep the process alive, or crash it at its end.
-            if (!clean)
-                std::_Exit(EXIT_SUCCESS);
-            QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+    Program program(system, time, CompanyLink::Mode::Thread);
+    Main start(program, prompts);
+    const SessionEnd sessionEnd;
+    QObject::connect(
+        &sessionEnd, &SessionEnd::Ending, &start,
+        [&start] {
+            start.EndSession();
+            QCoreApplication::exit(); // leaves every window that waits for an answer, too
         });
-        if (start.Run())
-            result = QApplication::exec();
-    }
+    QObject::connect(
+        &start, &Main::Ended, &application, [] { QCoreApplication::exit(); }, Qt::QueuedConnection);
+    const int result = start.Run() ? QApplication::exec() : EXIT_FAILURE;
+    // A thread that hangs in a file system would keep the process alive, or crash it at its end.
+    if (!program.CloseDatabases())
+        std::_Exit(result);
     return result;
 }

@@ -28,6 +28,8 @@ void Clock::FillRecentList(const QList<TimeRow> &rows)
         SetCurrentJob(JobItemText(row.jobID, row.jobName), {row.jobID, row.jobName});
         lists_.RecentList.Add(state.CurrentJob);
     }
+    if (openRow_)
+        SetCurrentJob(JobItemText(openRow_->jobID, openRow_->jobName), {openRow_->jobID, openRow_->jobName});
 }
 
 bool Clock::StempIn(const QString &item, const QString &searchText)

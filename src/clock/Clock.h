@@ -35,7 +35,7 @@ public:
     bool TakeUpLastRow();
 
     // Rebuilds RecentList: each job of `rows` once, in the order of first appearance. The last row's job is left as the current
-    // one.
+    // one, unless a row is open.
     void FillRecentList(const QList<TimeRow> &rows);
 
     // Stemps in on `item`, after stemping out when the person is in. False when the item is empty or is `searchText`: no row is

@@ -53,6 +53,8 @@ void IOQuery::Form_Unload()
         carryingOut_ = true;
         CarryOut();
         carryingOut_ = false;
+        if (abandoned_) // the session ended under a warning, and the databases are closed
+            return;
     }
     SaveTexts();
 }
@@ -163,16 +165,10 @@ void IOQuery::CarryOut()
         emit StempInLook();
         return;
     }
-    switch (WarningFor(*out, time_.Now(), clock_.LastInTime)) {
-    case OutWarning::Future:
-        prompts_.MsgBox(this, QStringLiteral("You are stemping out in the FUTURE! (but that's ok)"));
-        break;
-    case OutWarning::EarlierThanIn:
-        prompts_.MsgBox(this, QStringLiteral("You are stemping out EARLIER than IN! (if I could turn back time...)"));
-        break;
-    case OutWarning::None:
-        break;
+    for (const QString &warning : OutWarnings(*out, time_.Now(), clock_.LastInTime)) {
+        prompts_.MsgBox(this, warning);
+        if (abandoned_)
+            return;
     }
-    if (!abandoned_) // the session may have ended under the message
-        emit StempOutAt(*out);
+    emit StempOutAt(*out);
 }

@@ -1,10 +1,11 @@
 #include "clock/OutQuery.h"
 
-OutWarning WarningFor(const QDateTime &out, const QDateTime &now, const std::optional<QDateTime> &lastIn)
+QStringList OutWarnings(const QDateTime &out, const QDateTime &now, const std::optional<QDateTime> &lastIn)
 {
+    QStringList warnings;
     if (out > now)
-        return OutWarning::Future;
+        warnings.append(QStringLiteral("You are stemping out in the FUTURE! (but that's ok)"));
     if (lastIn && out < *lastIn)
-        return OutWarning::EarlierThanIn;
-    return OutWarning::None;
+        warnings.append(QStringLiteral("You are stemping out EARLIER than IN! (if I could turn back time...)"));
+    return warnings;
 }

@@ -1,6 +1,7 @@
 #include "clock/PickList.h"
 
 #include "clock/Clock.h"
+#include "platform/forms/Control.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -15,12 +16,14 @@ bool IsEnter(int key)
 
 } // namespace
 
-PickList::PickList(QLineEdit &textUtil, QListView &xList, JobLists &lists, const ClockState &clock, QObject *parent)
-    : QObject(parent), textUtil_(textUtil), xList_(xList), lists_(lists), clock_(clock)
+PickList::PickList(QLineEdit &textUtil, Control &textUtilControl, QListView &xList, JobLists &lists,
+                   const ClockState &clock)
+    : textUtil_(textUtil), textUtilControl_(textUtilControl), xList_(xList), lists_(lists), clock_(clock)
 {
     xList_.setModel(&model_);
     xList_.setUniformItemSizes(true);
     xList_.setEditTriggers(QAbstractItemView::NoEditTriggers);
+    xList_.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff); // long texts are elided
     xList_.setVisible(false);
     xList_.installEventFilter(this);
     textUtil_.installEventFilter(this);
@@ -77,7 +80,7 @@ void PickList::ShowCurrentJob()
 {
     textUtil_.setText(clock_.CurrentJob);
     textUtil_.selectAll(); // so that typing begins a new search
-    textUtil_.setToolTip({});
+    textUtilControl_.SetToolTip({});
 }
 
 QString PickList::SelectedItem() const
@@ -172,7 +175,7 @@ void PickList::TextUtil_Click()
         SearchText.clear();
         textUtil_.clear();
         Refresh();
-        textUtil_.setToolTip(QStringLiteral("Enter search characters here"));
+        textUtilControl_.SetToolTip(QStringLiteral("Enter search characters here"));
     }
     ShowXList();
     textUtil_.setFocus();

@@ -5,6 +5,7 @@
 
 #include <QObject>
 
+class Control;
 class QKeyEvent;
 class QLineEdit;
 class QListView;
@@ -17,7 +18,8 @@ class PickList : public QObject
     Q_OBJECT
 
 public:
-    PickList(QLineEdit &textUtil, QListView &xList, JobLists &lists, const ClockState &clock, QObject *parent);
+    // `textUtilControl` is the adapter of `textUtil`.
+    PickList(QLineEdit &textUtil, Control &textUtilControl, QListView &xList, JobLists &lists, const ClockState &clock);
 
     void FillXListBox(const JobList &list); // with the entries that match SearchText
     void Refresh();                         // fills it again with the list of the mode in use
@@ -53,6 +55,7 @@ private:
     void XList_Click();
 
     QLineEdit &textUtil_;
+    Control &textUtilControl_;
     QListView &xList_;
     JobLists &lists_;
     const ClockState &clock_;

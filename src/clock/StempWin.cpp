@@ -9,9 +9,12 @@
 #include "settings/Options.h"
 #include "startup/Identity.h"
 #include "startup/JobDatabase.h"
+#include "startup/Module1.h"
 #include "ui_StempWin.h"
 
 #include <QKeyEvent>
+#include <QMenuBar>
+#include <QScrollBar>
 
 using namespace std::chrono_literals;
 
@@ -26,18 +29,28 @@ constexpr double gridMargin = 280;  // twips: what the grid is narrower than the
 constexpr double gridBottom = 120;  // twips left free below the grid
 constexpr double leastGridHeight = 500;
 
-constexpr std::chrono::milliseconds blinkPeriod = 500ms;
 constexpr std::chrono::milliseconds savePeriod = 3s; // between two tries to write rows that could not be written
 
 constexpr int jobColumn = 0; // of the grid
 constexpr int inColumn = 1;
 constexpr int outColumn = 2;
-constexpr int jobWidth = 90; // as designed, pixels
-constexpr int dateWidth = 165;
+constexpr int jobWidth = 90;   // as designed, pixels
+constexpr int cellMargin = 14; // beside the text of a cell
 
 QString DateCell(const QVariant &cell)
 {
     return cell.isNull() ? QString() : DateTimeText(cell.toDateTime(), QLocale());
+}
+
+// Of the widest date of the locale, which has the names of months and halves of the day in some.
+int DateWidth(const QFontMetrics &metrics)
+{
+    int widest = 0;
+    for (int month = 1; month <= 12; ++month) {
+        const QDateTime time(QDate(2028, month, 28), QTime(22, 58, 58), Qt::UTC);
+        widest = std::max(widest, metrics.horizontalAdvance(DateTimeText(time, QLocale())));
+    }
+    return widest + cellMargin;
 }
 
 QVariant DateCellValue(const std::optional<QDateTime> &time)
@@ -46,12 +59,6 @@ QVariant DateCellValue(const std::optional<QDateTime> &time)
 }
 
 } // namespace
-
-// A linker leaves the pictures out of a static library unless somebody names them.
-static void LoadPictures()
-{
-    Q_INIT_RESOURCE(icons);
-}
 
 StempWin::StempWin(FormServices &services, Prompts &prompts, StempWinParts parts)
     : Form(QStringLiteral("StempWin"), services),
@@ -64,7 +71,6 @@ StempWin::StempWin(FormServices &services, Prompts &prompts, StempWinParts parts
                   QLatin1String(QT_TRANSLATE_NOOP("StempWin", "Stemped Out")),
                   QLatin1String(QT_TRANSLATE_NOOP("StempWin", "Description"))})
 {
-    LoadPictures();
     iconIn_ = QIcon(QStringLiteral(":/icons/IconIn.svg"));
     iconOut_ = QIcon(QStringLiteral(":/icons/IconOut.svg"));
     ui_->setupUi(this);
@@ -76,8 +82,8 @@ StempWin::StempWin(FormServices &services, Prompts &prompts, StempWinParts parts
     RegisterControl(std::make_unique<Control>(QStringLiteral("RefreshTimer"), std::nullopt, QStringLiteral("Timer")));
     RegisterControl(std::make_unique<Control>(QStringLiteral("BlinkTimer"), std::nullopt, QStringLiteral("Timer")));
 
-    pickList_ = std::make_unique<PickList>(*ui_->TextUtil, *ui_->XList, parts_.lists, parts_.clock.state, nullptr);
-    blinkTimer_.setInterval(blinkPeriod);
+    pickList_ = std::make_unique<PickList>(*ui_->TextUtil, *ControlOf(*ui_->TextUtil), *ui_->XList, parts_.lists,
+                                           parts_.clock.state);
     saveTimer_.setInterval(savePeriod);
     setMinimumWidth(qCeil(leastWidth / twipsPerPixel));
 
@@ -98,6 +104,7 @@ void StempWin::SetUpGrid()
     gridModel_.SetFormatter(outColumn, DateCell);
     ui_->StempGrid->setModel(&gridModel_);
     ui_->StempGrid->setColumnWidth(jobColumn, jobWidth);
+    const int dateWidth = DateWidth(ui_->StempGrid->fontMetrics());
     ui_->StempGrid->setColumnWidth(inColumn, dateWidth);
     ui_->StempGrid->setColumnWidth(outColumn, dateWidth);
 }
@@ -123,7 +130,7 @@ StempWin::~StempWin() = default;
 void StempWin::Form_Load()
 {
     LoadTexts();
-    stempList_->DatabaseName = parts_.timeTable.Path();
+    pickList_->ShowCurrentJob(); // sets its text and tip again
     stempList_->RecordSource = RollBackQuery(DaysToShow(parts_.options.DaysInGrid));
     RefreshGrid();
     StempOutLook();
@@ -134,16 +141,15 @@ void StempWin::Form_Load()
 bool StempWin::QueryUnload()
 {
     refreshTimer_.stop();
-    blinkTimer_.stop();
     if (parts_.clock.state.IsStempedIn)
         ShowOutQuery();
-    return MayLeave();
+    SaveBeforeLeaving();
+    return true;
 }
 
 void StempWin::Form_Unload()
 {
     refreshTimer_.stop();
-    blinkTimer_.stop();
     saveTimer_.stop();
     parts_.timeTable.Flush();
     emit UnloadOthers();
@@ -160,7 +166,7 @@ void StempWin::EndSession()
 }
 
 // Rows that can't be written would be lost: the person may wait until they can, or leave all the same.
-bool StempWin::MayLeave()
+void StempWin::SaveBeforeLeaving()
 {
     while (!parts_.timeTable.Flush() && !sessionEnds_) {
         const bool tryAgain = prompts_.AskChoice(
@@ -171,10 +177,10 @@ bool StempWin::MayLeave()
                 .arg(parts_.timeTable.Path()),
             QStringLiteral("&Try again"), QStringLiteral("&Close without saving"));
         if (!tryAgain)
-            return true;
+            return;
+        Module1::PrepareTimeDb(parts_.identity, parts_.time.Now()); // makes a file that is gone
     }
     ShowUnsaved();
-    return true;
 }
 
 void StempWin::StempInLook()
@@ -350,11 +356,15 @@ void StempWin::Form_Resize()
     const double height = (Surface()->height() - top) * twipsPerPixel - gridBottom;
     // The search box goes on ending where the grid does, unless it was moved or resized away from there.
     const bool aligned = ui_->TextUtil->geometry().right() == ui_->StempGrid->geometry().right();
+    const QScrollBar *bar = ui_->StempGrid->verticalScrollBar();
+    const bool newestShown = bar->value() == bar->maximum();
     if (height > leastGridHeight)
         ui_->StempGrid->resize(qRound(frameGeometry().width() - gridMargin / twipsPerPixel),
                                qRound(height / twipsPerPixel));
     if (aligned)
         ui_->TextUtil->resize(ui_->StempGrid->geometry().right() + 1 - ui_->TextUtil->x(), ui_->TextUtil->height());
+    if (newestShown)
+        ShowNewestRow();
     if (pickList_->IsListVisible())
         pickList_->PlaceXList();
 }
@@ -366,7 +376,7 @@ bool StempWin::Form_KeyDown(QKeyEvent &event)
         return true;
     }
     const QWidget *active = focusWidget();
-    if (active == ui_->StempGrid)
+    if (active == ui_->StempGrid || qobject_cast<const QMenuBar *>(active))
         return false;
     if (active == ui_->TextUtil)
         return pickList_->TextUtil_KeyDown(event);

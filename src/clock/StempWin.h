@@ -79,7 +79,6 @@ private:
     void SetUpGrid();
     void Connect();
     void InOutButton_Click();
-    void XList_Picked(const QString &item);
     void DeleteJob(const QString &item);
     void JobListFilled();
     void EnableOwnLists();
@@ -87,7 +86,7 @@ private:
     void RefreshGrid();
     void SaveTimer_Timer();
     void ShowUnsaved();
-    bool MayLeave();
+    void SaveBeforeLeaving();
 
     FormServices &services_;
     Prompts &prompts_;
@@ -100,7 +99,6 @@ private:
     std::unique_ptr<PickList> pickList_;
     std::unique_ptr<IOQuery> outQuery_; // while it is shown
     QTimer refreshTimer_;
-    QTimer blinkTimer_;
     QTimer saveTimer_; // runs while rows are unsaved
     bool sessionEnds_ = false;
 };

@@ -8,11 +8,13 @@
 #include <QSet>
 #include <QSqlQuery>
 
+#include <algorithm>
+
 using namespace Qt::Literals::StringLiterals;
 
-Q_LOGGING_CATEGORY(lcTimeTable, "stemp.clock.timetable")
-
 namespace {
+
+Q_LOGGING_CATEGORY(log, "stemp.clock")
 
 // Short, as the window stands still meanwhile: a row that finds the file locked waits in memory, and is tried again.
 constexpr std::chrono::milliseconds busyWait{250};
@@ -40,21 +42,24 @@ QString RollBackQuery(int days)
 
 TimeTable::TimeTable(const TimeSource &time) : time_(time) {}
 
-void TimeTable::Open(const QString &path)
+bool TimeTable::Open(const QString &path)
 {
     Close();
     path_ = path;
     try {
-        EnsureOpen();
+        Connect(startWait);
+        database_.SetBusyWait(busyWait);
     } catch (const dao::Error &error) {
         Failed(error);
     }
+    return database_.IsOpen();
 }
 
 void TimeTable::Close()
 {
     database_.Close();
     path_.clear();
+    lastRead_.clear();
 }
 
 QList<TimeRow> TimeTable::Rows(const QString &rollBackQuery)
@@ -92,7 +97,6 @@ TimeRowPtr TimeTable::OpenOrLastRow()
     QList<TimeRow> rows;
     try {
         EnsureOpen();
-        database_.SetBusyWait(startWait);
         rows = StoredRows(u"Stemp WHERE StempInTime IS NOT NULL AND StempOutTime IS NULL ORDER BY Id DESC LIMIT 1"_s,
                           {}, purpose);
         if (rows.isEmpty())
@@ -100,8 +104,6 @@ TimeRowPtr TimeTable::OpenOrLastRow()
     } catch (const dao::Error &error) {
         Failed(error);
     }
-    if (database_.IsOpen())
-        database_.SetBusyWait(busyWait);
     return rows.isEmpty() ? nullptr : std::make_shared<TimeRow>(rows.first());
 }
 
@@ -136,10 +138,14 @@ void TimeTable::EnsureOpen()
     // Where a file may be deleted while it is open, its connection would go on writing into nothing.
     if (!QFileInfo::exists(path_))
         database_.Close();
-    if (!database_.IsOpen()) {
-        database_ = dao::Database::OpenDatabase(path_, busyWait);
-        database_.RegisterFunctions([this] { return time_.Now(); });
-    }
+    if (!database_.IsOpen())
+        Connect(busyWait);
+}
+
+void TimeTable::Connect(std::chrono::milliseconds wait)
+{
+    database_ = dao::Database::OpenDatabase(path_, wait);
+    database_.RegisterFunctions([this] { return time_.Now(); });
 }
 
 QList<TimeRow> TimeTable::StoredRows(const QString &source, const QVariantList &values, const QString &purpose)
@@ -161,8 +167,17 @@ void TimeTable::WriteUnsaved()
         ids.append(Store(*row));
     transaction.Commit();
 
-    for (qsizetype i = 0; i < ids.size(); ++i)
-        unsaved_.at(i)->id = ids.at(i);
+    for (qsizetype i = 0; i < ids.size(); ++i) {
+        TimeRow &row = *unsaved_.at(i);
+        row.id = ids.at(i);
+        // Should the next read fail, the screen still shows the row as it is now.
+        const auto read =
+            std::find_if(lastRead_.begin(), lastRead_.end(), [&row](const TimeRow &each) { return each.id == row.id; });
+        if (read != lastRead_.end())
+            *read = row;
+        else
+            lastRead_.append(row);
+    }
     unsaved_.clear();
 }
 
@@ -186,7 +201,7 @@ qint64 TimeTable::Store(const TimeRow &row)
 
 void TimeTable::Failed(const dao::Error &error)
 {
-    qCWarning(lcTimeTable) << error.what();
+    qCWarning(log).noquote() << error.Text();
     // A file that was replaced or whose drive failed needs a new connection; a lock only needs time.
     if (error.Kind() != dao::ErrorKind::Busy)
         database_.Close();

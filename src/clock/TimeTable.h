@@ -36,15 +36,16 @@ class TimeTable
 public:
     explicit TimeTable(const TimeSource &time);
 
-    // Names the file, which must exist, and opens it. When that fails, every Flush() tries again.
-    void Open(const QString &path);
+    // Names the file, which must exist, and opens it, waiting longer for a locked one than later. False when that failed: every
+    // Flush() tries again then.
+    bool Open(const QString &path);
     void Close();
     QString Path() const { return path_; }
 
     // The rows of a RollBackQuery in the table's own order (that of adding), with the unsaved changes.
     QList<TimeRow> Rows(const QString &rollBackQuery);
     // At start: the newest row of any age that is open, else the newest row; nothing in an empty table. By its key, not by its
-    // time: a clock may have been set back. Waits longer for a locked file than the rest.
+    // time: a clock may have been set back.
     TimeRowPtr OpenOrLastRow();
 
     TimeRowPtr Add(const QString &jobID, const QString &jobName, const QDateTime &in); // unsaved until Flush()
@@ -56,6 +57,7 @@ public:
 private:
     // These throw dao::Error.
     void EnsureOpen();
+    void Connect(std::chrono::milliseconds wait);
     QList<TimeRow> StoredRows(const QString &source, const QVariantList &values, const QString &purpose);
     void WriteUnsaved();
     qint64 Store(const TimeRow &row); // the row's key

@@ -4,9 +4,6 @@
 #include "platform/forms/Prompts.h"
 #include "ui_User.h"
 
-#include <QEvent>
-#include <QGuiApplication>
-
 #include <utility>
 
 namespace {
@@ -25,23 +22,6 @@ FormServices &WithoutTexts()
     static NoTextStore none;
     return none;
 }
-
-// A window that refuses to close would stop the program from quitting.
-class QuitWatch : public QObject
-{
-public:
-    explicit QuitWatch(User &user) : user_(user) { qGuiApp->installEventFilter(this); }
-
-    bool eventFilter(QObject *, QEvent *event) override
-    {
-        if (event->type() == QEvent::Quit)
-            user_.Abandon();
-        return false;
-    }
-
-private:
-    User &user_;
-};
 
 } // namespace
 
@@ -79,12 +59,6 @@ QString User::FullName() const
     return name == placeholder_ ? QString() : name;
 }
 
-void User::Abandon()
-{
-    accepted_ = false;
-    Unload();
-}
-
 void User::Form_Load()
 {
     ui_->UserName->setFocus();
@@ -115,8 +89,6 @@ void User::Command1_Click()
 bool AskInitials(QString &initials, QString &fullName, const InitialsRefusal &refusal, Prompts &prompts)
 {
     User user(refusal, prompts);
-    const QuitWatch quitWatch(user);
-    QObject::connect(qGuiApp, &QGuiApplication::commitDataRequest, &user, &User::Abandon, Qt::DirectConnection);
     user.Suggest(initials, fullName);
     user.Load();
     user.ShowModal(nullptr);

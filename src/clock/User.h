@@ -27,11 +27,9 @@ public:
     // What the boxes hold at first. Initials of more than 10 characters, and an empty name, leave theirs as designed.
     void Suggest(const QString &initials, const QString &fullName);
 
-    bool HasInitials() const { return accepted_; } // false after Abandon
+    bool HasInitials() const { return accepted_; } // false when its modal display was ended from outside
     QString Initials() const;                      // trimmed, in capital letters
     QString FullName() const;                      // trimmed; empty when the box still holds its placeholder
-
-    void Abandon(); // closes it without initials
 
 protected:
     void Form_Load() override;

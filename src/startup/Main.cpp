@@ -33,8 +33,9 @@ bool Main::Run()
     PrepareTimeDb();
     program_.FillPersonalList(); // before the first window, which has to wait for the fonts
     LoadWindows();
-    SettleOpenRow();
-    if (ended_) // the session ended while the out-query was open
+    if (!ended_) // else the session ended while something was asked
+        SettleOpenRow();
+    if (ended_)
         return false;
     FillLists();
     if (program_.clock.state.IsStempedIn)
@@ -71,7 +72,9 @@ bool Main::ChooseIdentity()
     Identity &identity = program_.identity;
     Module1::TakeLogin(program_.system, identity);
     Module1::FindKindOfDrive(program_.system, identity);
-    const bool loginRefused = !IdentityRefusal(identity.UserInitials).isEmpty();
+    const QString loginRefusal = IdentityRefusal(identity.UserInitials);
+    const bool loginRefused = !loginRefusal.isEmpty();
+    Tell(loginRefusal);
     if (loginRefused && !AskInitials())
         return false;
     const Module1::LocalDBChoice choice =
@@ -163,8 +166,8 @@ void Main::ApplySettings()
     jobs.Choose(program_.options.EnterpriseMDBText);
     if (jobs.CompanyJobs) {
         adminForm_->ShowPathInEffect(jobs.CompanyPath);
-        if (identity.UserInitials.isEmpty())
-            AskInitials();
+        if (identity.UserInitials.isEmpty() && !AskInitials())
+            return; // the session ended
     }
     if (!identity.UserInitials.isEmpty())
         adminForm_->SetUserName(identity.UserInitials, true);
@@ -180,7 +183,23 @@ void Main::OpenTimeDb()
     const Module1::TimeDbChoice choice =
         timeDb_.valid() ? timeDb_.get() : Module1::PrepareTimeDb(program_.identity, program_.time.Now());
     Tell(choice.message);
-    program_.timeTable.Open(choice.path);
+    AskUntilReadable(choice.path);
+}
+
+// A row that was left open can be offered only when it can be read.
+void Main::AskUntilReadable(const QString &timeDbPath)
+{
+    while (!program_.timeTable.Open(timeDbPath) && !ended_) {
+        const bool tryAgain = prompts_.AskChoice(
+            nullptr,
+            QStringLiteral(
+                "Your time database\n%1\ncannot be read: another program has locked it, or it is missing.\n\nIf "
+                "you go on without it, your stemps are kept in memory until it can be written.")
+                .arg(timeDbPath),
+            QStringLiteral("&Try again"), QStringLiteral("&Go on"));
+        if (!tryAgain)
+            return;
+    }
 }
 
 void Main::SettleOpenRow()
@@ -234,11 +253,13 @@ void Main::UnloadOthers()
 void Main::MainWindowUnloaded()
 {
     ended_ = true;
-    emit Ended(program_.CloseDatabases());
+    program_.CloseDatabases();
+    emit Ended();
 }
 
 void Main::EndSession()
 {
+    ended_ = true;
     if (stempWin_ && stempWin_->IsLoaded())
         stempWin_->EndSession();
 }

@@ -24,15 +24,14 @@ public:
     Main(Program &program, Prompts &prompts);
     ~Main() override;
 
-    bool Run();        // false: the program can't run; the person was told why
+    bool Run();        // false: the program can't run, and the person was told why; or the session ended meanwhile
     void EndSession(); // a logoff or shutdown: closes everything without asking
 
     StempWin *Window() const { return stempWin_.get(); }
     AdminForm *Settings() const { return adminForm_.get(); }
 
 signals:
-    // The main window was unloaded and the databases are closed; `clean` is false when a thread had to be left behind.
-    void Ended(bool clean);
+    void Ended(); // the main window was unloaded and the databases are closed
 
 private:
     bool FindProgramFolder();
@@ -49,6 +48,7 @@ private:
     void SettingsAccepted();
     void UnloadOthers();
     void MainWindowUnloaded();
+    void AskUntilReadable(const QString &timeDbPath);
     void Tell(const QString &message);
 
     Program &program_;
@@ -58,5 +58,5 @@ private:
     std::unique_ptr<MessageBoard> messageBoard_;
     std::unique_ptr<StempWin> stempWin_;
     std::future<Module1::TimeDbChoice> timeDb_; // while it is being prepared
-    bool ended_ = false;
+    bool ended_ = false;                        // by closing the main window, or with the session
 };

@@ -38,7 +38,7 @@ public:
 
     // Closes the time database, the job database and LocalDB, in that order. False when the job database does not answer: its
     // thread is left behind then, and the process must end without waiting for it.
-    bool CloseDatabases();
+    bool CloseDatabases(); // again: nothing
 
 private:
     void AddPersonalJob(const JobItem &job);

@@ -6,11 +6,13 @@
 #include <QTest>
 #include <QTimer>
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
 
 QString RefuseCon(const QString &initials)
 {
-    return initials == QLatin1String("CON") ? QStringLiteral("no file of that name") : QString();
+    return initials == "CON"_L1 ? u"no file of that name"_s : QString();
 }
 
 QLineEdit *Box(const User &user, const char *name)
@@ -20,82 +22,64 @@ QLineEdit *Box(const User &user, const char *name)
 
 } // namespace
 
-class tst_user : public QObject
+class TestUser : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void staysUntilInitialsServe();
-    void suggestsWhatFits();
-    void takesOverWhatWasTyped();
-    void quitEndsIt();
+    void StaysUntilInitialsServe()
+    {
+        AnsweredPrompts prompts;
+        User user(RefuseCon, prompts);
+        user.Load();
+        user.show();
+        QTest::keyClicks(Box(user, "UserName"), u"  "_s);
+        QVERIFY(!user.close());
+        QTest::keyClick(Box(user, "FullName"), Qt::Key_Return);
+        QVERIFY(user.isVisible());
+        QVERIFY(prompts.messages.isEmpty());
+
+        Box(user, "UserName")->clear();
+        QTest::keyClicks(Box(user, "UserName"), u" con "_s);
+        QTest::mouseClick(user.findChild<QPushButton *>(u"Command1"_s), Qt::LeftButton);
+        QVERIFY(user.isVisible());
+        QCOMPARE(prompts.messages, QStringList{u"no file of that name"_s});
+        QCOMPARE(Box(user, "UserName")->selectedText(), u" con "_s);
+
+        QTest::keyClicks(Box(user, "UserName"), u"æø"_s);
+        QTest::keyClick(Box(user, "UserName"), Qt::Key_Return);
+        QVERIFY(!user.isVisible() && user.HasInitials());
+        QCOMPARE(user.Initials(), u"ÆØ"_s);
+        QCOMPARE(user.FullName(), QString()); // the placeholder is no name
+    }
+
+    void SuggestsWhatFits()
+    {
+        AnsweredPrompts prompts;
+        User user(RefuseCon, prompts);
+        user.Suggest(u"ANNAJENSEN"_s, u"Anna"_s);
+        QCOMPARE(user.Initials(), u"ANNAJENSEN"_s);
+        QCOMPARE(user.FullName(), u"Anna"_s);
+        user.Suggest(u"ANNAJENSEN2"_s, QString());
+        QCOMPARE(user.Initials(), u"ANNAJENSEN"_s);
+        QCOMPARE(user.FullName(), u"Anna"_s);
+    }
+
+    void TakesOverWhatWasTyped()
+    {
+        AnsweredPrompts prompts;
+        QString initials = u"ROOT"_s;
+        QString fullName = u"root"_s;
+        QTimer::singleShot(0, this, [] {
+            QWidget *window = QApplication::activeModalWidget();
+            QTest::keyClicks(window->focusWidget(), u"aj"_s); // replaces the suggestion, which is selected
+            QTest::keyClick(window->focusWidget(), Qt::Key_Enter);
+        });
+        QVERIFY(AskInitials(initials, fullName, RefuseCon, prompts));
+        QCOMPARE(initials, u"AJ"_s);
+        QCOMPARE(fullName, u"root"_s);
+    }
 };
 
-void tst_user::staysUntilInitialsServe()
-{
-    AnsweredPrompts prompts;
-    User user(RefuseCon, prompts);
-    user.Load();
-    user.show();
-    QTest::keyClicks(Box(user, "UserName"), QStringLiteral("  "));
-    QVERIFY(!user.close());
-    QTest::keyClick(Box(user, "FullName"), Qt::Key_Return);
-    QVERIFY(user.isVisible());
-    QVERIFY(prompts.messages.isEmpty());
-
-    Box(user, "UserName")->clear();
-    QTest::keyClicks(Box(user, "UserName"), QStringLiteral(" con "));
-    QTest::mouseClick(user.findChild<QPushButton *>(QStringLiteral("Command1")), Qt::LeftButton);
-    QVERIFY(user.isVisible());
-    QCOMPARE(prompts.messages, QStringList{QStringLiteral("no file of that name")});
-    QCOMPARE(Box(user, "UserName")->selectedText(), QStringLiteral(" con "));
-
-    QTest::keyClicks(Box(user, "UserName"), QStringLiteral("æø"));
-    QTest::keyClick(Box(user, "UserName"), Qt::Key_Return);
-    QVERIFY(!user.isVisible() && user.HasInitials());
-    QCOMPARE(user.Initials(), QStringLiteral("ÆØ"));
-    QCOMPARE(user.FullName(), QString()); // the placeholder is no name
-}
-
-void tst_user::suggestsWhatFits()
-{
-    AnsweredPrompts prompts;
-    User user(RefuseCon, prompts);
-    user.Suggest(QStringLiteral("ANNAJENSEN"), QStringLiteral("Anna"));
-    QCOMPARE(user.Initials(), QStringLiteral("ANNAJENSEN"));
-    QCOMPARE(user.FullName(), QStringLiteral("Anna"));
-    user.Suggest(QStringLiteral("ANNAJENSEN2"), QString());
-    QCOMPARE(user.Initials(), QStringLiteral("ANNAJENSEN"));
-    QCOMPARE(user.FullName(), QStringLiteral("Anna"));
-}
-
-void tst_user::takesOverWhatWasTyped()
-{
-    AnsweredPrompts prompts;
-    QString initials = QStringLiteral("ROOT");
-    QString fullName = QStringLiteral("root");
-    QTimer::singleShot(0, this, [] {
-        QWidget *window = QApplication::activeModalWidget();
-        QTest::keyClicks(window->focusWidget(), QStringLiteral("aj")); // replaces the suggestion, which is selected
-        QTest::keyClick(window->focusWidget(), Qt::Key_Enter);
-    });
-    QVERIFY(AskInitials(initials, fullName, RefuseCon, prompts));
-    QCOMPARE(initials, QStringLiteral("AJ"));
-    QCOMPARE(fullName, QStringLiteral("root"));
-}
-
-void tst_user::quitEndsIt()
-{
-    AnsweredPrompts prompts;
-    QString initials = QStringLiteral("ROOT");
-    QString fullName = QStringLiteral("root");
-    QTimer::singleShot(0, this, [] {
-        QEvent quit(QEvent::Quit);
-        QApplication::sendEvent(qApp, &quit);
-    });
-    QVERIFY(!AskInitials(initials, fullName, RefuseCon, prompts));
-    QCOMPARE(initials, QStringLiteral("ROOT"));
-}
-
-QTEST_MAIN(tst_user)
+QTEST_MAIN(TestUser)
 #include "tst_user.moc"

@@ -98,6 +98,13 @@ void Form::ShowModal(QWidget *owner)
     }
 }
 
+Control *Form::ControlOf(const QWidget &widget) const
+{
+    const auto found = std::find_if(controls_.begin(), controls_.end(),
+                                    [&widget](const auto &control) { return control->Widget() == &widget; });
+    return found == controls_.end() ? nullptr : found->get();
+}
+
 Control *Form::CreateMember(const QString &arrayName, int index)
 {
     const auto memberOf = [&](const auto &wanted) {

@@ -43,6 +43,7 @@ public:
     // Controls, in the order of the design; members made at run time are appended.
     const std::vector<std::unique_ptr<Control>> &Controls() const { return controls_; }
     Control *ControlAt(int position) const { return controls_.at(static_cast<std::size_t>(position)).get(); }
+    Control *ControlOf(const QWidget &widget) const; // nothing for a widget that is none
     // Makes member `index` of the control array `arrayName` after the pattern of its first designed member, invisible, and tells
     // MemberCreated. The member itself if it is there already; nothing when the form has no such array.
     Control *CreateMember(const QString &arrayName, int index);

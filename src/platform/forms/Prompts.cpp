@@ -47,8 +47,9 @@ bool ScreenPrompts::AskChoice(QWidget *owner, const QString &text, const QString
 {
     Box box(owner, QMessageBox::Question, text);
     QPushButton *firstButton = box.addButton(first, QMessageBox::AcceptRole);
-    box.addButton(second, QMessageBox::RejectRole);
+    const QPushButton *secondButton = box.addButton(second, QMessageBox::RejectRole);
     box.setDefaultButton(firstButton);
+    box.setEscapeButton(firstButton);
     box.exec();
-    return box.clickedButton() == firstButton;
+    return box.clickedButton() != secondButton;
 }

@@ -14,7 +14,7 @@ public:
     virtual bool AskYesNo(QWidget *owner, const QString &text) = 0;
     // A file to open; empty when the person cancelled. `filter` as in "*.mdb".
     virtual QString PickFile(QWidget *owner, const QString &title, const QString &startPath, const QString &filter) = 0;
-    // A question with two named answers; true for the first, which is the default.
+    // A question with two named answers; true for the first, which is the default and also what Escape and the frame mean.
     virtual bool AskChoice(QWidget *owner, const QString &text, const QString &first, const QString &second) = 0;
 };
 
