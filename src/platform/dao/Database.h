@@ -86,10 +86,18 @@ public:
 private:
     friend class Transaction;
     struct Connection;
+    struct Change
+    {
+        int rows = 0;
+        qint64 lastId = 0; // that of the newest row of this connection
+    };
 
     static Database Connect(const QString &path, const QString &mode, std::chrono::milliseconds busyWait);
     void SetUp();
     void Run(QSqlQuery &query, const QString &sql, const QVariantList &values, const QString &purpose);
+    Change RunChange(const QString &sql, const QVariantList &values, const QString &purpose);
+    void Prepare(QSqlQuery &query, const QString &sql, const QString &purpose);
+    void RunPrepared(QSqlQuery &query, const QVariantList &values, const QString &purpose);
     [[noreturn]] void Throw(const QSqlQuery &query, const QString &purpose) const;
     Connection &Connected(const QString &purpose) const; // throws when closed
     bool InTransaction() const;
