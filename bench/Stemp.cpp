@@ -114,7 +114,7 @@ void RawInsert(benchmark::State &state)
 
 void Rounds(benchmark::internal::Benchmark *measured)
 {
-    measured->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(3)->Repetitions(21);
+    measured->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(1)->Repetitions(101);
 }
 
 BENCHMARK(RawInsert)->Apply(Rounds);

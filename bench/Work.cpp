@@ -3,6 +3,7 @@
 #include "bench/Work.h"
 
 #include <QApplication>
+#include <QFileInfo>
 
 #include <benchmark/benchmark.h>
 
@@ -62,7 +63,7 @@ int main(int argc, char *argv[])
         std::fputs("usage: bench_work FOLDER\n", stderr);
         return EXIT_FAILURE;
     }
-    folder = QString::fromLocal8Bit(argv[1]);
+    folder = QFileInfo(QString::fromLocal8Bit(argv[1])).absoluteFilePath();
     try {
         return Measure();
     } catch (const std::exception &error) {
