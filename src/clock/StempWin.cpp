@@ -175,7 +175,8 @@ void StempWin::SaveBeforeLeaving()
                 "Your last stemps could not be saved in\n%1\n\nThe file is locked, read-only or not there, or "
                 "the disk is full. If you close the program now, they are lost.")
                 .arg(parts_.timeTable.Path()),
-            QStringLiteral("&Try again"), QStringLiteral("&Close without saving"));
+            QStringLiteral("&Try again"), QStringLiteral("&Close without saving"),
+            [this] { return parts_.timeTable.UnsavedCount() == 0; }); // the timer goes on trying
         if (!tryAgain)
             return;
         Module1::PrepareTimeDb(parts_.identity, parts_.time.Now()); // makes a file that is gone

@@ -196,7 +196,7 @@ void Main::AskUntilReadable(const QString &timeDbPath)
                 "Your time database\n%1\ncannot be read: another program has locked it, or it is missing.\n\nIf "
                 "you go on without it, your stemps are kept in memory until it can be written.")
                 .arg(timeDbPath),
-            QStringLiteral("&Try again"), QStringLiteral("&Go on"));
+            QStringLiteral("&Try again"), QStringLiteral("&Go on"), [] { return false; });
         if (!tryAgain)
             return;
     }

@@ -27,7 +27,8 @@ public:
         Note(title);
         return file;
     }
-    bool AskChoice(QWidget *, const QString &text, const QString &, const QString &) override
+    bool AskChoice(QWidget *, const QString &text, const QString &, const QString &,
+                   const std::function<bool()> &) override
     {
         Note(text);
         return firstChoice;

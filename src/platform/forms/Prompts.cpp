@@ -4,8 +4,13 @@
 #include <QGuiApplication>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTimer>
+
+#include <chrono>
 
 namespace {
+
+constexpr std::chrono::milliseconds lookPeriod{500}; // whether a question still stands
 
 class Box : public QMessageBox
 {
@@ -43,13 +48,20 @@ QString ScreenPrompts::PickFile(QWidget *owner, const QString &title, const QStr
     return QFileDialog::getOpenFileName(Box::Owner(owner), title, startPath, filter);
 }
 
-bool ScreenPrompts::AskChoice(QWidget *owner, const QString &text, const QString &first, const QString &second)
+bool ScreenPrompts::AskChoice(QWidget *owner, const QString &text, const QString &first, const QString &second,
+                              const std::function<bool()> &settled)
 {
     Box box(owner, QMessageBox::Question, text);
     QPushButton *firstButton = box.addButton(first, QMessageBox::AcceptRole);
     const QPushButton *secondButton = box.addButton(second, QMessageBox::RejectRole);
     box.setDefaultButton(firstButton);
     box.setEscapeButton(firstButton);
+    QTimer look;
+    look.callOnTimeout(&box, [&] {
+        if (settled())
+            box.accept();
+    });
+    look.start(lookPeriod);
     box.exec();
     return box.clickedButton() != secondButton;
 }

@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <functional>
+
 class QWidget;
 
 // Message boxes, questions and file pickers. The program shows them; a test answers them. Texts are plain text.
@@ -15,7 +17,9 @@ public:
     // A file to open; empty when the person cancelled. `filter` as in "*.mdb".
     virtual QString PickFile(QWidget *owner, const QString &title, const QString &startPath, const QString &filter) = 0;
     // A question with two named answers; true for the first, which is the default and also what Escape and the frame mean.
-    virtual bool AskChoice(QWidget *owner, const QString &text, const QString &first, const QString &second) = 0;
+    // As soon as `settled` says that the question no longer stands, it is taken back, as answered by the first.
+    virtual bool AskChoice(QWidget *owner, const QString &text, const QString &first, const QString &second,
+                           const std::function<bool()> &settled) = 0;
 };
 
 // The prompts that a person sees.
@@ -25,5 +29,6 @@ public:
     void MsgBox(QWidget *owner, const QString &text) override;
     bool AskYesNo(QWidget *owner, const QString &text) override;
     QString PickFile(QWidget *owner, const QString &title, const QString &startPath, const QString &filter) override;
-    bool AskChoice(QWidget *owner, const QString &text, const QString &first, const QString &second) override;
+    bool AskChoice(QWidget *owner, const QString &text, const QString &first, const QString &second,
+                   const std::function<bool()> &settled) override;
 };
