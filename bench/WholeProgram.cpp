@@ -9,6 +9,7 @@
 #include "startup/Program.h"
 
 #include <QApplication>
+#include <QIcon>
 
 #include <cstdlib>
 
@@ -21,6 +22,7 @@ int main(int argc, char *argv[])
     QApplication::setQuitOnLastWindowClosed(false);
     ApplyApplicationFont(application);
     const ToolkitWarmUp warmUp;
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/stemp.svg")));
 
     const BenchSystem system;
     const TimeSource time;
@@ -34,6 +36,7 @@ int main(int argc, char *argv[])
             return;
         ReportPeakMemory();
         start.EndSession();
+        QCoreApplication::exit();
     };
     const FirstPaint firstPaint([&] {
         ReportTime("painted", argv[1]);
@@ -45,6 +48,5 @@ int main(int argc, char *argv[])
         filled = true;
         endWhenBoth();
     });
-    QObject::connect(&start, &Main::Ended, &application, &QCoreApplication::quit, Qt::QueuedConnection);
     return start.Run() ? QApplication::exec() : EXIT_FAILURE;
 }

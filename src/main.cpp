@@ -16,9 +16,9 @@ int main(int argc, char *argv[])
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Stemp"));
     QApplication::setQuitOnLastWindowClosed(false); // the program lives as long as its main window is loaded
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/stemp.svg")));
     ApplyApplicationFont(application);
-    const ToolkitWarmUp warmUp;
+    const ToolkitWarmUp warmUp; // as early as can be
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/stemp.svg")));
 
     const System system;
     const TimeSource time;
