@@ -108,8 +108,8 @@
         <translation>Klik, eller tryk på F4, for at finde firmadatabasen</translation>
     </message>
     <message>
-        <source>The file that holds the company&apos;s job list and the board, usually on a network drive. Click the box, or press F4, to find it, or type the path. A path that names no file is refused and the old one comes back when you press OK. With the program folder&apos;s own Jobs.mdb you work alone.</source>
-        <translation>Filen med firmaets jobliste og tavlen, som regel på et netværksdrev. Klik i feltet, eller tryk på F4, for at finde den, eller skriv stien. En sti, der ikke peger på en fil, afvises, og den gamle kommer tilbage, når du trykker på OK. Med programmappens egen Jobs.mdb arbejder du alene.</translation>
+        <source>The file that holds the company&apos;s job list and the board, usually on a network drive. Click the box, or press F4, to find it, or type the path. A path that names no file is refused and the old one comes back when you press OK. To work alone, choose the program folder&apos;s own Jobs.mdb; an empty box is refused too.</source>
+        <translation>Filen med firmaets jobliste og tavlen, som regel på et netværksdrev. Klik i feltet, eller tryk på F4, for at finde den, eller skriv stien. En sti, der ikke peger på en fil, afvises, og den gamle kommer tilbage, når du trykker på OK. Vil du arbejde alene, så vælg programmappens egen Jobs.mdb; et tomt felt afvises også.</translation>
     </message>
     <message>
         <source>Location of shared Company Job List</source>
@@ -345,8 +345,8 @@
         <translation>Skriv søgetegn her</translation>
     </message>
     <message>
-        <source>Shows the current job. Click it to drop the job list down, then type some characters of the job&apos;s number or name: the list keeps the jobs that contain them, in capital or small letters. Press Down or Enter to go to the list, Escape to close it. Typing here changes no data.</source>
-        <translation>Viser det aktuelle job. Klik i feltet for at slå joblisten ned, og skriv så nogle tegn af jobbets nummer eller navn: Listen beholder de job, der indeholder dem, med store eller små bogstaver. Tryk på Pil ned eller Enter for at gå til listen og på Escape for at lukke den. Det, du skriver her, ændrer ingen data.</translation>
+        <source>Shows the current job. Click it to drop the job list down, then type some characters of the job&apos;s number or name: the list keeps the jobs that contain them, in capital or small letters. Press Down or Enter to go to the list, Escape to close it. For a job that stands in no list, close the list, type its number, a colon and its description here and press the button: the job is kept in your personal list.</source>
+        <translation>Viser det aktuelle job. Klik i feltet for at slå joblisten ned, og skriv så nogle tegn af jobbets nummer eller navn: Listen beholder de job, der indeholder dem, med store eller små bogstaver. Tryk på Pil ned eller Enter for at gå til listen og på Escape for at lukke den. Står jobbet ikke på nogen liste, så luk listen, skriv jobbets nummer, et kolon og beskrivelsen her, og tryk på knappen: Jobbet gemmes på din personlige liste.</translation>
     </message>
     <message>
         <source>Current job and job search</source>

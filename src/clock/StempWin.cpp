@@ -372,12 +372,14 @@ void StempWin::Form_Resize()
 
 bool StempWin::Form_KeyDown(QKeyEvent &event)
 {
+    const QWidget *active = focusWidget();
+    if (qobject_cast<const QMenuBar *>(active))
+        return false;
     if (event.key() == Qt::Key_Escape) {
         pickList_->HideXList();
         return true;
     }
-    const QWidget *active = focusWidget();
-    if (active == ui_->StempGrid || qobject_cast<const QMenuBar *>(active))
+    if (active == ui_->StempGrid)
         return false;
     if (active == ui_->TextUtil)
         return pickList_->TextUtil_KeyDown(event);

@@ -38,7 +38,12 @@ QString FailureMessage(const QString &path, const dao::Held &held)
     case dao::HeldFailure::Missing:
         break;
     }
-    return QStringLiteral("Cannot open %1 (Error:%2)").arg(path, held.detail);
+    constexpr int cannotOpen = 14; // the engine's number for a file that is not there
+    return QStringLiteral(
+               "Cannot open %1 (Error:%2)\n\nIts template \"blank Stemp.mdb\" is missing, or there is no room on "
+               "the disk for a copy of it.")
+        .arg(path)
+        .arg(cannotOpen);
 }
 
 } // namespace
