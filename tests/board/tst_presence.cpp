@@ -50,97 +50,60 @@ class TestPresence : public QObject
     Q_OBJECT
 
 private slots:
-    void MatchesTheLogin_data();
-    void MatchesTheLogin();
-    void AddsSelfOnce_data();
-    void AddsSelfOnce();
-    void FindsAPersonAgainByFullName();
-    void WritesTheState();
+    void MatchesTheLogin()
+    {
+        People people({{u"T2"_s, u"Twin"_s},
+                       {u"T1"_s, u"Twin"_s},
+                       {u"Aa"_s, u"anna"_s},
+                       {u"anna"_s, {}},
+                       {u"Bo"_s, u""_s},
+                       {u"O'Neil"_s, u"Bo's \"Boss\""_s},
+                       {u"\u00c5se"_s, {}},
+                       {u"s\u00e6"_s, u"S\u00f8ren \u00c6bler\u00f8d"_s}});
+        const QMap<QString, QString> matches{{u"nobody"_s, {}},
+                                             {QString(), {}}, // no login matches no empty name
+                                             {u"bo"_s, u"BO"_s},
+                                             {u"Anna"_s, u"ANNA"_s}, // the user before a full name
+                                             {u"TWIN"_s, u"T1"_s},
+                                             {u"bo's \"BOSS\""_s, u"O'NEIL"_s},
+                                             {u"\u00e5SE"_s, u"\u00c5SE"_s},
+                                             {u"S\u00d8ren \u00e6bler\u00f8d"_s, u"S\u00c6"_s},
+                                             {u"%"_s, {}}};
+        for (const QString &login : matches.keys())
+            QCOMPARE(Presence::MatchLogin(people.database, login).value_or(QString()), matches[login]);
+    }
+
+    void AddsSelfOnce()
+    {
+        People people({{u"Anna"_s, {}}, {u"\u00e5se"_s, u""_s}, {u"EVA"_s, u"Eva"_s}});
+        const QString hostile = u"X'; DROP TABLE \"Users"_s;
+        for (int start = 0; start < 2; ++start) {
+            Presence::AddSelfToUsers(people.database, u"ANNA"_s, u"Anna A"_s); // known, without a full name
+            Presence::AddSelfToUsers(people.database, u"\u00c5SE"_s, u"\u00c5se B"_s);
+            Presence::AddSelfToUsers(people.database, u"EVA"_s, u"Eva Two"_s); // never another's
+            Presence::AddSelfToUsers(people.database, u"BO"_s, u"Bo Bo"_s);
+            Presence::AddSelfToUsers(people.database, hostile, QString());
+        }
+        QCOMPARE(people.Listed(u"FullName"_s),
+                 u"Anna=Anna A, \u00e5se=\u00c5se B, EVA=Eva, BO=Bo Bo, "_s + hostile + u'=');
+    }
+
+    void WritesTheState()
+    {
+        People people({{u"Anna"_s, {}}, {u"\u00e5se"_s, {}}});
+        Presence::WriteState(people.database, u"ANNA"_s, State::In);
+        Presence::WriteState(people.database, u"\u00c5SE"_s, State::Off);
+        Presence::WriteState(people.database, u"NOBODY"_s, State::In);
+        QCOMPARE(people.Listed(u"State"_s), u"Anna=-1, \u00e5se=1"_s);
+
+        // While another writes, only a state that is there already goes through: nothing is written for it.
+        dao::Database other = dao::Database::OpenDatabase(people.database.Path());
+        const dao::Transaction lock(other, u"a test"_s);
+        people.database.SetBusyWait(std::chrono::milliseconds(1));
+        Presence::WriteState(people.database, u"ANNA"_s, State::In);
+        QVERIFY_THROWS_EXCEPTION(dao::Error, Presence::WriteState(people.database, u"ANNA"_s, State::Out));
+    }
 };
-
-void TestPresence::MatchesTheLogin_data()
-{
-    QTest::addColumn<QString>("login");
-    QTest::addColumn<QString>("identity");
-
-    QTest::newRow("nobody") << u"nobody"_s << QString();
-    QTest::newRow("no login matches no empty name") << QString() << QString();
-    QTest::newRow("by user") << u"bo"_s << u"BO"_s;
-    QTest::newRow("the user before a full name") << u"Anna"_s << u"ANNA"_s;
-    QTest::newRow("by full name") << u"bo's \"BOSS\""_s << u"O'NEIL"_s;
-    QTest::newRow("the first full name by user") << u"TWIN"_s << u"T1"_s;
-    QTest::newRow("Danish user") << u"\u00e5SE"_s << u"\u00c5SE"_s;
-    QTest::newRow("Danish full name") << u"S\u00d8ren \u00e6bler\u00f8d"_s << u"S\u00c6"_s;
-    QTest::newRow("no pattern") << u"%"_s << QString();
-}
-
-void TestPresence::MatchesTheLogin()
-{
-    QFETCH(const QString, login);
-    QFETCH(const QString, identity);
-    People people({{u"T2"_s, u"Twin"_s},
-                   {u"T1"_s, u"Twin"_s},
-                   {u"Aa"_s, u"anna"_s},
-                   {u"anna"_s, {}},
-                   {u"Bo"_s, u""_s},
-                   {u"O'Neil"_s, u"Bo's \"Boss\""_s},
-                   {u"\u00c5se"_s, {}},
-                   {u"s\u00e6"_s, u"S\u00f8ren \u00c6bler\u00f8d"_s}});
-    QCOMPARE(Presence::MatchLogin(people.database, login).value_or(QString()), identity);
-}
-
-void TestPresence::AddsSelfOnce_data()
-{
-    QTest::addColumn<QString>("user");
-    QTest::addColumn<QString>("fullName");
-    QTest::addColumn<QString>("names");
-
-    QTest::newRow("new") << u"BO"_s << u"Bo Bo"_s << u"Anna=, \u00e5se=, EVA=Eva, BO=Bo Bo"_s;
-    QTest::newRow("new, full name unknown") << u"BO"_s << QString() << u"Anna=, \u00e5se=, EVA=Eva, BO="_s;
-    QTest::newRow("known, without a full name") << u"ANNA"_s << u"Anna A"_s << u"Anna=Anna A, \u00e5se=, EVA=Eva"_s;
-    QTest::newRow("Danish, with an empty one")
-        << u"\u00c5SE"_s << u"\u00c5se B"_s << u"Anna=, \u00e5se=\u00c5se B, EVA=Eva"_s;
-    QTest::newRow("never another's") << u"EVA"_s << u"Eva Two"_s << u"Anna=, \u00e5se=, EVA=Eva"_s;
-    QTest::newRow("quotes") << u"X'; DROP TABLE \"Users"_s << QString()
-                            << u"Anna=, \u00e5se=, EVA=Eva, X'; DROP TABLE \"Users="_s;
-}
-
-void TestPresence::AddsSelfOnce()
-{
-    QFETCH(const QString, user);
-    QFETCH(const QString, fullName);
-    QFETCH(const QString, names);
-    People people({{u"Anna"_s, {}}, {u"\u00e5se"_s, u""_s}, {u"EVA"_s, u"Eva"_s}});
-    for (int start = 0; start < 2; ++start)
-        Presence::AddSelfToUsers(people.database, user, fullName);
-    QCOMPARE(people.Listed(u"FullName"_s), names);
-}
-
-// Someone whose initials are not the login says so once; the next start knows them by the full name.
-void TestPresence::FindsAPersonAgainByFullName()
-{
-    People people({{u"ABC"_s, {}}});
-    const QString login = u"j\u00f8rgen"_s;
-    QVERIFY(!Presence::MatchLogin(people.database, login));
-    Presence::AddSelfToUsers(people.database, u"ABC"_s, login);
-    QCOMPARE(Presence::MatchLogin(people.database, login.toUpper()), u"ABC"_s);
-}
-
-void TestPresence::WritesTheState()
-{
-    People people({{u"Anna"_s, {}}, {u"\u00e5se"_s, {}}});
-    Presence::WriteState(people.database, u"ANNA"_s, State::In);
-    Presence::WriteState(people.database, u"\u00c5SE"_s, State::Off);
-    Presence::WriteState(people.database, u"NOBODY"_s, State::In);
-    QCOMPARE(people.Listed(u"State"_s), u"Anna=-1, \u00e5se=1"_s);
-
-    // While another writes, only a state that is there already goes through: nothing is written for it.
-    dao::Database other = dao::Database::OpenDatabase(people.database.Path());
-    const dao::Transaction lock(other, u"a test"_s);
-    people.database.SetBusyWait(std::chrono::milliseconds(1));
-    Presence::WriteState(people.database, u"ANNA"_s, State::In);
-    QVERIFY_THROWS_EXCEPTION(dao::Error, Presence::WriteState(people.database, u"ANNA"_s, State::Out));
-}
 
 QTEST_GUILESS_MAIN(TestPresence)
 

@@ -32,16 +32,153 @@ class TestClock : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
-    void InOutAndInAgain();
-    void InToInIsOneTransaction();
-    void UnusableItem();
-    void PickingKeepsTheLists_data();
-    void PickingKeepsTheLists();
-    void OutGivesTheRowsOwnText();
-    void TakesUpTheLastRow();
-    void CompletesItsOwnRow_data();
-    void CompletesItsOwnRow();
+    void init()
+    {
+        copy_.reset();
+        folder_ = std::make_unique<ProgramFolder>();
+        time_ = SettableTime(); // 2 March 2026, 09:00
+        copy_ = std::make_unique<Copy>(*folder_, time_);
+    }
+
+    void InOutAndInAgain()
+    {
+        Clock &clock = copy_->clock;
+        QVERIFY(clock.StempIn(u"1 : Roof"_s, u"ro"_s));
+        QVERIFY(clock.state.IsStempedIn);
+        QCOMPARE(clock.state.CurrentJob, u"1 : Roof"_s);
+        QCOMPARE(clock.state.CurrentJobID, u"1"_s);
+        QCOMPARE(clock.state.CurrentJobName, u"Roof"_s);
+        QCOMPARE(Rows(), u"1 0-"_s);
+
+        time_.Advance(5 * 60);
+        clock.StempOut();
+        QVERIFY(!clock.state.IsStempedIn);
+        QCOMPARE(clock.state.CurrentJob, u"1 : Roof"_s);
+
+        time_.Advance(60);
+        clock.StempOut(); // once more: nothing is open
+        clock.StempIn(u"1 : Roof"_s, QString());
+        clock.StempOutAt(time_.now.addSecs(-120)); // before the in-time: stored as told
+        QVERIFY(!clock.state.IsStempedIn);
+        QCOMPARE(Rows(), u"1 0-5, 1 6-4"_s);
+        QVERIFY(!clock.state.LastInTime);
+    }
+
+    void InToInIsOneTransaction()
+    {
+        Clock &clock = copy_->clock;
+        clock.StempIn(u"1 : Roof"_s, QString());
+        folder_->Sql(u"Blank.mdb"_s,
+                     u"CREATE TRIGGER Full BEFORE INSERT ON Stemp BEGIN SELECT RAISE(ABORT, 'no'); END"_s);
+        time_.Advance(60);
+        QVERIFY(clock.StempIn(u"2 : Cellar"_s, QString()));
+        QCOMPARE(Rows(), u"1 0-"_s);
+        QCOMPARE(copy_->table.UnsavedCount(), 2);
+
+        folder_->Sql(u"Blank.mdb"_s, u"DROP TRIGGER Full"_s);
+        time_.Advance(60);
+        clock.StempIn(u"3 : Attic"_s, QString());
+        QCOMPARE(Rows(), u"1 0-1, 2 1-2, 3 2-"_s);
+    }
+
+    void UnusableItem()
+    {
+        Clock &clock = copy_->clock;
+        copy_->lists.Mode = ListMode::Company;
+        for (const QString &item : {QString(), u"ro"_s}) {
+            QVERIFY(clock.StempIn(u"1 : Roof"_s, u"ro"_s));
+            QVERIFY(!clock.StempIn(item, u"ro"_s)); // out
+            QVERIFY(!clock.StempIn(item, u"ro"_s)); // and nothing more
+            QVERIFY(!clock.state.IsStempedIn);
+            QCOMPARE(clock.state.CurrentJob, u"1 : Roof"_s);
+        }
+        QCOMPARE(Rows(), u"1 0-0, 1 0-0"_s);
+        QCOMPARE(copy_->lists.PersonalList.Count(), 1);
+    }
+
+    void PickingKeepsTheLists_data()
+    {
+        QTest::addColumn<ListMode>("mode");
+        QTest::addColumn<QStringList>("recent");
+        QTest::addColumn<QStringList>("personal");
+
+        const QStringList one = {u"1 : Roof"_s};
+        const QStringList both = {u"1 : Roof"_s, u"2 : Cellar"_s};
+        QTest::newRow("no list yet") << ListMode::None << one << one;
+        QTest::newRow("recent") << ListMode::Recent << one << both;
+        QTest::newRow("personal") << ListMode::Personal << both << one;
+        QTest::newRow("company") << ListMode::Company << both << both;
+    }
+
+    void PickingKeepsTheLists()
+    {
+        QFETCH(ListMode, mode);
+        JobLists &lists = copy_->lists;
+        lists.RecentList.Assign({u"1 : Roof"_s});
+        lists.PersonalList.Assign({u"1 : Roof"_s});
+        lists.Mode = mode;
+        for (const QString &item : {u"1 : Roof"_s, u"2 : Cellar"_s, u"2 : Cellar"_s})
+            copy_->clock.StempIn(item, QString());
+        QTEST(lists.RecentList.Items(), "recent");
+        QTEST(lists.PersonalList.Items(), "personal");
+        QCOMPARE(copy_->stored, lists.PersonalList.Count() > 1 ? QStringList{u"2|Cellar"_s} : QStringList());
+    }
+
+    void OutGivesTheRowsOwnText()
+    {
+        copy_->lists.Mode = ListMode::Personal;
+        copy_->clock.StempIn(u"Lunch"_s, QString());
+        copy_->clock.StempOut();
+        QCOMPARE(copy_->clock.state.CurrentJob, u"Lunch : "_s);
+        QCOMPARE(copy_->lists.RecentList.Items(), QStringList({u"Lunch"_s, u"Lunch : "_s}));
+    }
+
+    void TakesUpTheLastRow()
+    {
+        Clock &clock = copy_->clock;
+        clock.state.CurrentJob = u"of the recent list's walk"_s;
+        QVERIFY(!clock.TakeUpLastRow());
+        QCOMPARE(clock.state.CurrentJob, QString());
+
+        clock.StempIn(u"1 : Roof"_s, QString());
+        Copy next(*folder_, time_);
+        time_.Advance(40 * 24 * 3600);
+        QVERIFY(next.table.Rows(RollBackQuery(7)).isEmpty());
+        QVERIFY(next.clock.TakeUpLastRow());    // of any age
+        QVERIFY(!next.clock.state.IsStempedIn); // until the out-query has been answered
+        QCOMPARE(next.clock.state.CurrentJob, u"1 : Roof"_s);
+        QCOMPARE(next.clock.state.LastInTime, time_.now.addDays(-40));
+        next.clock.StempOutAt(time_.now);
+        next.clock.StempIn(u"2 : Cellar"_s, QString());
+        QCOMPARE(next.clock.state.LastInTime, time_.now.addDays(-40)); // still the start's
+        next.clock.StempOut();
+        QCOMPARE(Rows(), u"1 0-57600, 2 57600-57600"_s);
+
+        QVERIFY(!Copy(*folder_, time_).clock.TakeUpLastRow());
+    }
+
+    void CompletesItsOwnRow_data()
+    {
+        QTest::addColumn<bool>("anotherPerson");
+        QTest::addColumn<int>("minutes"); // that the clock moves before the second row
+        QTest::addColumn<QString>("rows");
+        QTest::newRow("clock set back an hour") << false << -60 << u"1 0--60, 2 -60--59"_s;
+        QTest::newRow("two persons") << true << 5 << u"1 0-6, 2 5-"_s;
+        QTest::newRow("two persons, two clocks") << true << -5 << u"1 0--4, 2 -5-"_s;
+    }
+
+    void CompletesItsOwnRow()
+    {
+        QFETCH(bool, anotherPerson);
+        QFETCH(int, minutes);
+        Copy other(*folder_, time_);
+        copy_->clock.StempIn(u"1 : Roof"_s, QString());
+        time_.Advance(minutes * 60);
+        (anotherPerson ? other : *copy_).clock.StempIn(u"2 : Cellar"_s, QString());
+        time_.Advance(60);
+        copy_->clock.StempOut();
+        QTEST(Rows(), "rows");
+    }
 
 private:
     // All rows as "job in-out", in minutes after nine.
@@ -59,154 +196,6 @@ private:
     SettableTime time_;
     std::unique_ptr<Copy> copy_;
 };
-
-void TestClock::init()
-{
-    copy_.reset();
-    folder_ = std::make_unique<ProgramFolder>();
-    time_ = SettableTime(); // 2 March 2026, 09:00
-    copy_ = std::make_unique<Copy>(*folder_, time_);
-}
-
-void TestClock::InOutAndInAgain()
-{
-    Clock &clock = copy_->clock;
-    QVERIFY(clock.StempIn(u"1 : Roof"_s, u"ro"_s));
-    QVERIFY(clock.state.IsStempedIn);
-    QCOMPARE(clock.state.CurrentJob, u"1 : Roof"_s);
-    QCOMPARE(clock.state.CurrentJobID, u"1"_s);
-    QCOMPARE(clock.state.CurrentJobName, u"Roof"_s);
-    QCOMPARE(Rows(), u"1 0-"_s);
-
-    time_.Advance(5 * 60);
-    clock.StempOut();
-    QVERIFY(!clock.state.IsStempedIn);
-    QCOMPARE(clock.state.CurrentJob, u"1 : Roof"_s);
-
-    time_.Advance(60);
-    clock.StempOut(); // once more: nothing is open
-    clock.StempIn(u"1 : Roof"_s, QString());
-    clock.StempOutAt(time_.now.addSecs(-120)); // before the in-time: stored as told
-    QVERIFY(!clock.state.IsStempedIn);
-    QCOMPARE(Rows(), u"1 0-5, 1 6-4"_s);
-    QVERIFY(!clock.state.LastInTime);
-}
-
-void TestClock::InToInIsOneTransaction()
-{
-    Clock &clock = copy_->clock;
-    clock.StempIn(u"1 : Roof"_s, QString());
-    folder_->Sql(u"Blank.mdb"_s, u"CREATE TRIGGER Full BEFORE INSERT ON Stemp BEGIN SELECT RAISE(ABORT, 'no'); END"_s);
-    time_.Advance(60);
-    QVERIFY(clock.StempIn(u"2 : Cellar"_s, QString()));
-    QCOMPARE(Rows(), u"1 0-"_s);
-    QCOMPARE(copy_->table.UnsavedCount(), 2);
-
-    folder_->Sql(u"Blank.mdb"_s, u"DROP TRIGGER Full"_s);
-    time_.Advance(60);
-    clock.StempIn(u"3 : Attic"_s, QString());
-    QCOMPARE(Rows(), u"1 0-1, 2 1-2, 3 2-"_s);
-}
-
-void TestClock::UnusableItem()
-{
-    Clock &clock = copy_->clock;
-    copy_->lists.Mode = ListMode::Company;
-    for (const QString &item : {QString(), u"ro"_s}) {
-        QVERIFY(clock.StempIn(u"1 : Roof"_s, u"ro"_s));
-        QVERIFY(!clock.StempIn(item, u"ro"_s)); // out
-        QVERIFY(!clock.StempIn(item, u"ro"_s)); // and nothing more
-        QVERIFY(!clock.state.IsStempedIn);
-        QCOMPARE(clock.state.CurrentJob, u"1 : Roof"_s);
-    }
-    QCOMPARE(Rows(), u"1 0-0, 1 0-0"_s);
-    QCOMPARE(copy_->lists.PersonalList.Count(), 1);
-}
-
-void TestClock::PickingKeepsTheLists_data()
-{
-    QTest::addColumn<ListMode>("mode");
-    QTest::addColumn<QStringList>("recent");
-    QTest::addColumn<QStringList>("personal");
-
-    const QStringList one = {u"1 : Roof"_s};
-    const QStringList both = {u"1 : Roof"_s, u"2 : Cellar"_s};
-    QTest::newRow("no list yet") << ListMode::None << one << one;
-    QTest::newRow("recent") << ListMode::Recent << one << both;
-    QTest::newRow("personal") << ListMode::Personal << both << one;
-    QTest::newRow("company") << ListMode::Company << both << both;
-}
-
-void TestClock::PickingKeepsTheLists()
-{
-    QFETCH(ListMode, mode);
-    JobLists &lists = copy_->lists;
-    lists.RecentList.Assign({u"1 : Roof"_s});
-    lists.PersonalList.Assign({u"1 : Roof"_s});
-    lists.Mode = mode;
-    for (const QString &item : {u"1 : Roof"_s, u"2 : Cellar"_s, u"2 : Cellar"_s})
-        copy_->clock.StempIn(item, QString());
-    QTEST(lists.RecentList.Items(), "recent");
-    QTEST(lists.PersonalList.Items(), "personal");
-    QCOMPARE(copy_->stored, lists.PersonalList.Count() > 1 ? QStringList{u"2|Cellar"_s} : QStringList());
-}
-
-void TestClock::OutGivesTheRowsOwnText()
-{
-    copy_->lists.Mode = ListMode::Personal;
-    copy_->clock.StempIn(u"Lunch"_s, QString());
-    copy_->clock.StempOut();
-    QCOMPARE(copy_->clock.state.CurrentJob, u"Lunch : "_s);
-    QCOMPARE(copy_->lists.RecentList.Items(), QStringList({u"Lunch"_s, u"Lunch : "_s}));
-}
-
-void TestClock::TakesUpTheLastRow()
-{
-    Clock &clock = copy_->clock;
-    clock.state.CurrentJob = u"of the recent list's walk"_s;
-    QVERIFY(!clock.TakeUpLastRow());
-    QCOMPARE(clock.state.CurrentJob, QString());
-
-    clock.StempIn(u"1 : Roof"_s, QString());
-    Copy next(*folder_, time_);
-    time_.Advance(40 * 24 * 3600);
-    QVERIFY(next.table.Rows(RollBackQuery(7)).isEmpty());
-    QVERIFY(next.clock.TakeUpLastRow());    // of any age
-    QVERIFY(!next.clock.state.IsStempedIn); // until the out-query has been answered
-    QCOMPARE(next.clock.state.CurrentJob, u"1 : Roof"_s);
-    QCOMPARE(next.clock.state.LastInTime, time_.now.addDays(-40));
-    next.clock.StempOutAt(time_.now);
-    next.clock.StempIn(u"2 : Cellar"_s, QString());
-    QCOMPARE(next.clock.state.LastInTime, time_.now.addDays(-40)); // still the start's
-    next.clock.StempOut();
-    QCOMPARE(Rows(), u"1 0-57600, 2 57600-57600"_s);
-
-    QVERIFY(!Copy(*folder_, time_).clock.TakeUpLastRow());
-}
-
-void TestClock::CompletesItsOwnRow_data()
-{
-    QTest::addColumn<bool>("anotherPerson");
-    QTest::addColumn<int>("minutes"); // that the clock moves before the second row
-    QTest::addColumn<QString>("rows");
-
-    QTest::newRow("clock set back an hour") << false << -60 << u"1 0--60, 2 -60--59"_s;
-    QTest::newRow("two persons") << true << 5 << u"1 0-6, 2 5-"_s;
-    QTest::newRow("two persons, two clocks") << true << -5 << u"1 0--4, 2 -5-"_s;
-}
-
-void TestClock::CompletesItsOwnRow()
-{
-    QFETCH(bool, anotherPerson);
-    QFETCH(int, minutes);
-    Copy other(*folder_, time_);
-    copy_->clock.StempIn(u"1 : Roof"_s, QString());
-    time_.Advance(minutes * 60);
-    (anotherPerson ? other : *copy_).clock.StempIn(u"2 : Cellar"_s, QString());
-    time_.Advance(60);
-    copy_->clock.StempOut();
-    QTEST(Rows(), "rows");
-}
 
 QTEST_GUILESS_MAIN(TestClock)
 #include "tst_clock.moc"

@@ -13,89 +13,70 @@ class TestJobs : public QObject
     Q_OBJECT
 
 private slots:
-    void SplitsItems();
-    void ListKeepsItemsExactly();
-    void Search_data();
-    void Search();
-    void ReadsProjects();
-    void DeletesACompanyJob();
+    void SplitsItems()
+    {
+        const auto halves = [](const QString &item) -> QString {
+            return SplitJobItem(item).id + u'|' + SplitJobItem(item).name;
+        };
+        QCOMPARE(halves(JobItemText(u"12"_s, u"Roof : north"_s)), u"12|Roof : north"_s);
+        QCOMPARE(halves(u"12:Roof"_s), u"12|Roof"_s);
+        QCOMPARE(halves(u" Lunch "_s), u" Lunch |"_s); // no half to trim
+        QCOMPARE(halves(u": Roof"_s), u": Roof|"_s);
+    }
+
+    void ListKeepsItemsExactly()
+    {
+        JobList list;
+        list.Assign({u"b : B"_s, u"a : A"_s, u"b : B"_s}); // as read, whatever stands there
+        QVERIFY(!list.Add(u"a : A"_s));
+        QVERIFY(list.Add(u"a : a"_s));
+        QVERIFY(!list.Add(u"a : a"_s));
+        QVERIFY(list.Add(u"a : A "_s));
+        QCOMPARE(list.Items(), QStringList({u"b : B"_s, u"a : A"_s, u"b : B"_s, u"a : a"_s, u"a : A "_s}));
+
+        list.Assign({u"c : C"_s});
+        QVERIFY(!list.Contains(u"a : A"_s));
+        QVERIFY(list.Contains(u"c : C"_s));
+        QCOMPARE(list.Matches(u"a"_s), QList<int>());
+    }
+
+    void Search()
+    {
+        JobList list;
+        list.Assign({u"1 : Lab"_s, u"ABBA : b"_s, u"Æblegrød"_s, u"3 : gå"_s});
+        list.Add(u"4 : Later"_s);
+        list.Add(u"5 : Straße 6"_s);
+        QCOMPARE(list.Matches(QString()), QList<int>({0, 1, 2, 3, 4, 5}));
+        QCOMPARE(list.Matches(u"ab"_s), QList<int>({0, 1}));
+        QCOMPARE(list.Matches(u"B"_s), QList<int>({0, 1, 2}));                       // once for each item
+        for (const QString &none : {u"bab"_s, u"1 : blå lab"_s, QString(200, u'A')}) // not across two items
+            QCOMPARE(list.Matches(none), QList<int>());
+        const QMap<QString, int> one{{u"æblegrød"_s, 2}, {u"Å"_s, 3}, {u"later"_s, 4}, {u"ß"_s, 5}, {u"e 6"_s, 5}};
+        for (const QString &search : one.keys())
+            QCOMPARE(list.Matches(search), QList<int>({one[search]}));
+    }
+
+    void ReadsProjects()
+    {
+        const ProgramFolder folder;
+        dao::Database jobs = dao::Database::OpenDatabase(folder.File(u"Blank Jobs.mdb"_s));
+        QVERIFY(ReadProjects(jobs).isEmpty());
+        jobs.Execute(u"INSERT INTO Projects (JobID, JobName) VALUES ('b', NULL), ('C', 'Cellar'), ('a', 'Attic')"_s, {},
+                     {});
+        QCOMPARE(ReadProjects(jobs), QStringList({u"a : Attic"_s, u"b : "_s, u"C : Cellar"_s}));
+    }
+
+    void DeletesACompanyJob()
+    {
+        const ProgramFolder folder;
+        dao::Database jobs = dao::Database::OpenDatabase(folder.File(u"Blank Jobs.mdb"_s));
+        jobs.Execute(u"INSERT INTO Projects (JobID, JobName) VALUES ('12', 'Roof'), ('12 A', 'Roof')"_s, {}, {});
+        for (const QString &item : {u"13 : Roof"_s, u"12: Roof"_s, u"12"_s, u" : Roof"_s, QString()})
+            QVERIFY2(!CompanyJobs::DeleteJob(jobs, item), qPrintable(item));
+        QVERIFY(CompanyJobs::DeleteJob(jobs, u"12 A : another name"_s));
+        QCOMPARE(ReadProjects(jobs), {u"12 : Roof"_s});
+    }
 };
-
-void TestJobs::SplitsItems()
-{
-    const auto halves = [](const QString &item) -> QString {
-        return SplitJobItem(item).id + u'|' + SplitJobItem(item).name;
-    };
-    QCOMPARE(halves(JobItemText(u"12"_s, u"Roof : north"_s)), u"12|Roof : north"_s);
-    QCOMPARE(halves(u"12:Roof"_s), u"12|Roof"_s);
-    QCOMPARE(halves(u" Lunch "_s), u" Lunch |"_s); // no half to trim
-    QCOMPARE(halves(u": Roof"_s), u": Roof|"_s);
-}
-
-void TestJobs::ListKeepsItemsExactly()
-{
-    JobList list;
-    list.Assign({u"b : B"_s, u"a : A"_s, u"b : B"_s}); // as read, whatever stands there
-    QVERIFY(!list.Add(u"a : A"_s));
-    QVERIFY(list.Add(u"a : a"_s));
-    QVERIFY(!list.Add(u"a : a"_s));
-    QVERIFY(list.Add(u"a : A "_s));
-    QCOMPARE(list.Items(), QStringList({u"b : B"_s, u"a : A"_s, u"b : B"_s, u"a : a"_s, u"a : A "_s}));
-
-    list.Assign({u"c : C"_s});
-    QVERIFY(!list.Contains(u"a : A"_s));
-    QVERIFY(list.Contains(u"c : C"_s));
-    QCOMPARE(list.Matches(u"a"_s), QList<int>());
-}
-
-void TestJobs::Search_data()
-{
-    QTest::addColumn<QString>("search");
-    QTest::addColumn<QList<int>>("found");
-
-    QTest::newRow("everything") << QString() << QList<int>{0, 1, 2, 3, 4, 5};
-    QTest::newRow("anywhere, any case") << u"ab"_s << QList<int>{0, 1};
-    QTest::newRow("Danish small letter") << u"æblegrød"_s << QList<int>{2};
-    QTest::newRow("Danish capital") << u"Å"_s << QList<int>{3};
-    QTest::newRow("once for each item") << u"B"_s << QList<int>{0, 1, 2};
-    QTest::newRow("not across two items") << u"bab"_s << QList<int>{};
-    QTest::newRow("whole item") << u"1 : blå lab"_s << QList<int>{};
-    QTest::newRow("added later") << u"later"_s << QList<int>{4};
-    QTest::newRow("letter whose upper case is two") << u"ß"_s << QList<int>{5};
-    QTest::newRow("behind that letter") << u"e 6"_s << QList<int>{5};
-    QTest::newRow("longer than all texts") << QString(200, u'A') << QList<int>{};
-}
-
-void TestJobs::Search()
-{
-    JobList list;
-    list.Assign({u"1 : Lab"_s, u"ABBA : b"_s, u"Æblegrød"_s, u"3 : gå"_s});
-    list.Add(u"4 : Later"_s);
-    list.Add(u"5 : Straße 6"_s);
-    QFETCH(QString, search);
-    QTEST(list.Matches(search), "found");
-}
-
-void TestJobs::ReadsProjects()
-{
-    const ProgramFolder folder;
-    dao::Database jobs = dao::Database::OpenDatabase(folder.File(u"Blank Jobs.mdb"_s));
-    QVERIFY(ReadProjects(jobs).isEmpty());
-    jobs.Execute(u"INSERT INTO Projects (JobID, JobName) VALUES ('b', NULL), ('C', 'Cellar'), ('a', 'Attic')"_s, {},
-                 {});
-    QCOMPARE(ReadProjects(jobs), QStringList({u"a : Attic"_s, u"b : "_s, u"C : Cellar"_s}));
-}
-
-void TestJobs::DeletesACompanyJob()
-{
-    const ProgramFolder folder;
-    dao::Database jobs = dao::Database::OpenDatabase(folder.File(u"Blank Jobs.mdb"_s));
-    jobs.Execute(u"INSERT INTO Projects (JobID, JobName) VALUES ('12', 'Roof'), ('12 A', 'Roof')"_s, {}, {});
-    for (const QString &item : {u"13 : Roof"_s, u"12: Roof"_s, u"12"_s, u" : Roof"_s, QString()})
-        QVERIFY2(!CompanyJobs::DeleteJob(jobs, item), qPrintable(item));
-    QVERIFY(CompanyJobs::DeleteJob(jobs, u"12 A : another name"_s));
-    QCOMPARE(ReadProjects(jobs), {u"12 : Roof"_s});
-}
 
 QTEST_GUILESS_MAIN(TestJobs)
 #include "tst_jobs.moc"

@@ -35,18 +35,148 @@ class TestTimeTable : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
-    void StoresAndCompletesARow();
-    void WritesThatFailAndSucceedAgain_data();
-    void WritesThatFailAndSucceedAgain();
-    void BothRowsOrNone();
-    void FileComesBackAfterItWasAway();
-    void RowThatAnotherHasDeleted();
-    void RowThatAnotherHasCorrected();
-    void UnsavedChangesShow();
-    void WindowAndOrder();
-    void OpenOrLastRow_data();
-    void OpenOrLastRow();
+    void init()
+    {
+        table_.reset();
+        folder_ = std::make_unique<ProgramFolder>();
+        time_ = SettableTime(); // 2 March 2026, 09:00
+        table_ = std::make_unique<TimeTable>(time_);
+        table_->Open(folder_->File(file));
+    }
+
+    void WritesThatFailAndSucceedAgain_data()
+    {
+        QTest::addColumn<QStringList>("obstacle");
+        QTest::addColumn<QString>("removal");
+
+        QTest::newRow("locked by a backup") << QStringList{u"BEGIN EXCLUSIVE"_s} << u"ROLLBACK"_s;
+        QTest::newRow("written by another") << QStringList{u"BEGIN IMMEDIATE"_s} << u"COMMIT"_s;
+        QTest::newRow("read by another: only the commit fails")
+            << QStringList{u"BEGIN"_s, u"SELECT count(*) FROM Stemp"_s} << u"COMMIT"_s;
+        QTest::newRow("another failure") << QStringList{u"ALTER TABLE Stemp RENAME TO Away"_s}
+                                         << u"ALTER TABLE Away RENAME TO Stemp"_s;
+    }
+
+    void WritesThatFailAndSucceedAgain()
+    {
+        QFETCH(QStringList, obstacle);
+        QFETCH(QString, removal);
+        const TimeRowPtr first = table_->Add(u"1"_s, u"Roof"_s, time_.now);
+        QVERIFY(table_->Flush());
+
+        dao::Database other = dao::Database::OpenDatabase(folder_->File(file));
+        for (const QString &statement : obstacle)
+            other.Execute(statement, {}, {});
+        table_->Complete(first, time_.now.addSecs(60));
+        const TimeRowPtr second = table_->Add(u"2"_s, u"Cellar"_s, time_.now.addSecs(60));
+        QVERIFY(!table_->Flush());
+        QVERIFY(!table_->Flush());
+        table_->Complete(second, time_.now.addSecs(120));
+        QCOMPARE(table_->UnsavedCount(), 2);
+        QCOMPARE(second->id, 0);
+
+        other.Execute(removal, {}, {});
+        QVERIFY(table_->Flush());
+        QCOMPARE(table_->UnsavedCount(), 0);
+        other.Close();
+        QCOMPARE(Stored(), QStringList({u"1 Roof 02 09:00:00 02 09:01:00"_s, u"2 Cellar 02 09:01:00 02 09:02:00"_s}));
+    }
+
+    void FileComesBackAfterItWasAway()
+    {
+        const QString path = folder_->File(file);
+        const QString away = path + u".away"_s;
+        QVERIFY(QFile::rename(path, away));
+        table_->Add(u"1"_s, u"Roof"_s, time_.now);
+        QVERIFY(!table_->Flush());
+        QVERIFY(!QFile::exists(path));
+        QVERIFY(QFile::rename(away, path));
+        QVERIFY(table_->Flush());
+        QCOMPARE(Stored(), {u"1 Roof 02 09:00:00 -"_s});
+        QCOMPARE(folder_->Sql(file, u"SELECT typeof(StempInTime) FROM Stemp"_s), QList<QVariantList>({{u"real"_s}}));
+
+        // Another file in its place, before the loss was noticed.
+        QVERIFY(QFile::rename(path, away) && QFile::copy(away, path));
+        table_->Add(u"2"_s, u"Cellar"_s, time_.now);
+        QTRY_VERIFY(table_->Flush());
+        QCOMPARE(Stored(), QStringList({u"1 Roof 02 09:00:00 -"_s, u"2 Cellar 02 09:00:00 -"_s}));
+    }
+
+    void RowsThatAnotherHasChanged()
+    {
+        const TimeRowPtr deleted = table_->Add(u"1"_s, u"Roof"_s, time_.now);
+        const TimeRowPtr earlier = table_->Add(u"2"_s, u"Cellar"_s, time_.now);
+        const TimeRowPtr renamed = table_->Add(u"3"_s, u"Attic"_s, time_.now);
+        QVERIFY(table_->Flush());
+        Sql(u"DELETE FROM Stemp WHERE JobID = '1'"_s);
+        Sql(u"INSERT INTO Stemp (Id, JobID, JobName, StempInTime) VALUES (%1, '4', 'Yard', 46083.5)"_s.arg(
+            deleted->id));
+        Sql(u"UPDATE Stemp SET StempInTime = StempInTime - 0.125 WHERE JobID = '2'"_s);
+        Sql(u"UPDATE Stemp SET JobID = '5' WHERE JobID = '3'"_s);
+        for (const TimeRowPtr &row : {deleted, earlier, renamed})
+            table_->Complete(row, time_.now.addSecs(60));
+        QVERIFY(table_->Flush());
+        QStringList stored = Stored();
+        stored.sort();
+        QCOMPARE(stored, QStringList({u"1 Roof 02 09:00:00 02 09:01:00"_s, u"2 Cellar 02 06:00:00 02 09:01:00"_s,
+                                      u"4 Yard 02 12:00:00 -"_s, u"5 Attic 02 09:00:00 02 09:01:00"_s}));
+    }
+
+    void UnsavedChangesShow()
+    {
+        const TimeRowPtr old = table_->Add(u"0"_s, u"Old"_s, time_.now.addDays(-9));
+        const TimeRowPtr row = table_->Add(u"1"_s, u"Roof"_s, time_.now.addDays(-1));
+        table_->Add(u"3"_s, u"Stored"_s, time_.now.addDays(-2));
+        QVERIFY(table_->Flush());
+        table_->Complete(old, time_.now);
+        table_->Complete(row, time_.now);
+        table_->Add(u"2"_s, u"Cellar"_s, time_.now);
+        const QStringList shown = {u"1 Roof 01 09:00:00 02 09:00:00"_s, u"3 Stored 28 09:00:00 -"_s,
+                                   u"2 Cellar 02 09:00:00 -"_s};
+        QCOMPARE(Texts(table_->Rows(RollBackQuery(7))), shown);
+
+        QVERIFY(QFile::remove(folder_->File(file))); // what was read last stays on the screen
+        QCOMPARE(Texts(table_->Rows(RollBackQuery(7))), shown);
+        QCOMPARE(table_->UnsavedCount(), 3);
+    }
+
+    void WindowAndOrder()
+    {
+        table_->Add(u"1"_s, u"Roof"_s, time_.now.addSecs(-84 * 3600)); // three days and a half
+        table_->Add(u"2"_s, u"Cellar"_s, time_.now);
+        table_->Add(u"3"_s, u"Attic"_s, time_.now.addSecs(-3600)); // the clock was set back
+        QVERIFY(table_->Flush());
+        const QStringList later = {u"2 Cellar 02 09:00:00 -"_s, u"3 Attic 02 08:00:00 -"_s};
+        QCOMPARE(Texts(table_->Rows(RollBackQuery(3))), later);
+        QCOMPARE(table_->Rows(RollBackQuery(4)).size(), 3);
+        time_.Advance(12 * 3600 + 1);
+        QCOMPARE(Texts(table_->Rows(RollBackQuery(4))), later);
+    }
+
+    void OpenOrLastRow_data()
+    {
+        QTest::addColumn<QString>("rows"); // in, out
+        QTest::addColumn<qint64>("id");
+        QTest::addColumn<bool>("open");
+
+        QTest::newRow("empty") << QString() << qint64(0) << false;
+        QTest::newRow("closed") << u"(46000, 46001), (46002, 46003)"_s << qint64(2) << false;
+        QTest::newRow("open and last") << u"(46000, 46001), (46002, NULL)"_s << qint64(2) << true;
+        QTest::newRow("open, of a year ago") << u"(45600, NULL), (46002, 46003)"_s << qint64(1) << true;
+        QTest::newRow("open, clock set back") << u"(46002.1, 46002.2), (46002, NULL)"_s << qint64(2) << true;
+        QTest::newRow("two open") << u"(46000, NULL), (46002, NULL), (46003, 46004)"_s << qint64(2) << true;
+        QTest::newRow("no in-time is not open") << u"(46000, 46001), (NULL, NULL)"_s << qint64(2) << false;
+    }
+
+    void OpenOrLastRow()
+    {
+        QFETCH(QString, rows);
+        if (!rows.isEmpty())
+            Sql(u"INSERT INTO Stemp (StempInTime, StempOutTime) VALUES "_s + rows);
+        const TimeRowPtr row = table_->OpenOrLastRow();
+        QTEST(row ? row->id : qint64(0), "id");
+        QTEST(row && row->IsOpen(), "open");
+    }
 
 private:
     QStringList Stored() // what another connection sees
@@ -61,187 +191,6 @@ private:
     SettableTime time_;
     std::unique_ptr<TimeTable> table_;
 };
-
-void TestTimeTable::init()
-{
-    table_.reset();
-    folder_ = std::make_unique<ProgramFolder>();
-    time_ = SettableTime(); // 2 March 2026, 09:00
-    table_ = std::make_unique<TimeTable>(time_);
-    table_->Open(folder_->File(file));
-}
-
-void TestTimeTable::StoresAndCompletesARow()
-{
-    const TimeRowPtr row = table_->Add(u"12"_s, QString(), time_.now);
-    QCOMPARE(row->id, 0);
-    QCOMPARE(table_->UnsavedCount(), 1);
-    QVERIFY(table_->Flush());
-    QCOMPARE(table_->UnsavedCount(), 0);
-    QVERIFY(row->id > 0);
-    QCOMPARE(Stored(), {u"12  02 09:00:00 -"_s});
-    QCOMPARE(folder_->Sql(file, u"SELECT typeof(JobName), typeof(StempInTime) FROM Stemp"_s),
-             QList<QVariantList>({{u"text"_s, u"real"_s}}));
-
-    table_->Complete(row, time_.now.addSecs(61));
-    QVERIFY(table_->Flush());
-    QCOMPARE(Stored(), {u"12  02 09:00:00 02 09:01:01"_s});
-}
-
-void TestTimeTable::WritesThatFailAndSucceedAgain_data()
-{
-    QTest::addColumn<QStringList>("obstacle");
-    QTest::addColumn<QString>("removal");
-
-    QTest::newRow("locked by a backup") << QStringList{u"BEGIN EXCLUSIVE"_s} << u"ROLLBACK"_s;
-    QTest::newRow("written by another") << QStringList{u"BEGIN IMMEDIATE"_s} << u"COMMIT"_s;
-    QTest::newRow("read by another: only the commit fails")
-        << QStringList{u"BEGIN"_s, u"SELECT count(*) FROM Stemp"_s} << u"COMMIT"_s;
-    QTest::newRow("another failure") << QStringList{u"ALTER TABLE Stemp RENAME TO Away"_s}
-                                     << u"ALTER TABLE Away RENAME TO Stemp"_s;
-}
-
-void TestTimeTable::WritesThatFailAndSucceedAgain()
-{
-    QFETCH(QStringList, obstacle);
-    QFETCH(QString, removal);
-    const TimeRowPtr first = table_->Add(u"1"_s, u"Roof"_s, time_.now);
-    QVERIFY(table_->Flush());
-
-    dao::Database other = dao::Database::OpenDatabase(folder_->File(file));
-    for (const QString &statement : obstacle)
-        other.Execute(statement, {}, {});
-    table_->Complete(first, time_.now.addSecs(60));
-    const TimeRowPtr second = table_->Add(u"2"_s, u"Cellar"_s, time_.now.addSecs(60));
-    QVERIFY(!table_->Flush());
-    QVERIFY(!table_->Flush());
-    table_->Complete(second, time_.now.addSecs(120));
-    QCOMPARE(table_->UnsavedCount(), 2);
-    QCOMPARE(second->id, 0);
-
-    other.Execute(removal, {}, {});
-    QVERIFY(table_->Flush());
-    QCOMPARE(table_->UnsavedCount(), 0);
-    other.Close();
-    QCOMPARE(Stored(), QStringList({u"1 Roof 02 09:00:00 02 09:01:00"_s, u"2 Cellar 02 09:01:00 02 09:02:00"_s}));
-}
-
-void TestTimeTable::BothRowsOrNone()
-{
-    const TimeRowPtr first = table_->Add(u"1"_s, u"Roof"_s, time_.now);
-    QVERIFY(table_->Flush());
-    Sql(u"CREATE TRIGGER Full BEFORE INSERT ON Stemp BEGIN SELECT RAISE(ABORT, 'no'); END"_s);
-
-    table_->Complete(first, time_.now.addSecs(60));
-    table_->Add(u"2"_s, u"Cellar"_s, time_.now.addSecs(60));
-    QVERIFY(!table_->Flush());
-    QCOMPARE(table_->UnsavedCount(), 2);
-    QCOMPARE(Stored(), {u"1 Roof 02 09:00:00 -"_s});
-
-    Sql(u"DROP TRIGGER Full"_s);
-    QVERIFY(table_->Flush());
-    QCOMPARE(Stored(), QStringList({u"1 Roof 02 09:00:00 02 09:01:00"_s, u"2 Cellar 02 09:01:00 -"_s}));
-}
-
-void TestTimeTable::FileComesBackAfterItWasAway()
-{
-    const QString path = folder_->File(file);
-    const QString away = path + u".away"_s;
-    QVERIFY(QFile::rename(path, away));
-    table_->Add(u"1"_s, u"Roof"_s, time_.now);
-    QVERIFY(!table_->Flush());
-    QVERIFY(!QFile::exists(path));
-    QVERIFY(QFile::rename(away, path));
-    QVERIFY(table_->Flush());
-    QCOMPARE(Stored(), {u"1 Roof 02 09:00:00 -"_s});
-
-    // Another file in its place, before the loss was noticed.
-    QVERIFY(QFile::rename(path, away));
-    QVERIFY(QFile::copy(away, path));
-    table_->Add(u"2"_s, u"Cellar"_s, time_.now);
-    QTRY_VERIFY(table_->Flush());
-    QCOMPARE(Stored(), QStringList({u"1 Roof 02 09:00:00 -"_s, u"2 Cellar 02 09:00:00 -"_s}));
-}
-
-void TestTimeTable::RowThatAnotherHasDeleted()
-{
-    const TimeRowPtr row = table_->Add(u"1"_s, u"Roof"_s, time_.now);
-    QVERIFY(table_->Flush());
-    Sql(u"DELETE FROM Stemp"_s);
-    Sql(u"INSERT INTO Stemp (JobID, JobName, StempInTime) VALUES ('2', 'Cellar', 46083.5)"_s); // has its key now
-    table_->Complete(row, time_.now.addSecs(60));
-    QVERIFY(table_->Flush());
-    QCOMPARE(Stored(), QStringList({u"2 Cellar 02 12:00:00 -"_s, u"1 Roof 02 09:00:00 02 09:01:00"_s}));
-}
-
-void TestTimeTable::RowThatAnotherHasCorrected()
-{
-    const TimeRowPtr earlier = table_->Add(u"1"_s, u"Roof"_s, time_.now);
-    const TimeRowPtr renamed = table_->Add(u"2"_s, u"Cellar"_s, time_.now);
-    QVERIFY(table_->Flush());
-    Sql(u"UPDATE Stemp SET StempInTime = StempInTime - 0.125 WHERE JobID = '1'"_s);
-    Sql(u"UPDATE Stemp SET JobID = '3' WHERE JobID = '2'"_s);
-    table_->Complete(earlier, time_.now.addSecs(60));
-    table_->Complete(renamed, time_.now.addSecs(60));
-    QVERIFY(table_->Flush());
-    QCOMPARE(Stored(), QStringList({u"1 Roof 02 06:00:00 02 09:01:00"_s, u"3 Cellar 02 09:00:00 02 09:01:00"_s}));
-}
-
-void TestTimeTable::UnsavedChangesShow()
-{
-    const TimeRowPtr old = table_->Add(u"0"_s, u"Old"_s, time_.now.addDays(-9));
-    const TimeRowPtr row = table_->Add(u"1"_s, u"Roof"_s, time_.now.addDays(-1));
-    table_->Add(u"3"_s, u"Stored"_s, time_.now.addDays(-2));
-    QVERIFY(table_->Flush());
-    table_->Complete(old, time_.now);
-    table_->Complete(row, time_.now);
-    table_->Add(u"2"_s, u"Cellar"_s, time_.now);
-    const QStringList shown = {u"1 Roof 01 09:00:00 02 09:00:00"_s, u"3 Stored 28 09:00:00 -"_s,
-                               u"2 Cellar 02 09:00:00 -"_s};
-    QCOMPARE(Texts(table_->Rows(RollBackQuery(7))), shown);
-
-    QVERIFY(QFile::remove(folder_->File(file))); // what was read last stays on the screen
-    QCOMPARE(Texts(table_->Rows(RollBackQuery(7))), shown);
-    QCOMPARE(table_->UnsavedCount(), 3);
-}
-
-void TestTimeTable::WindowAndOrder()
-{
-    table_->Add(u"1"_s, u"Roof"_s, time_.now.addSecs(-84 * 3600)); // three days and a half
-    table_->Add(u"2"_s, u"Cellar"_s, time_.now);
-    table_->Add(u"3"_s, u"Attic"_s, time_.now.addSecs(-3600)); // the clock was set back
-    QVERIFY(table_->Flush());
-    const QStringList later = {u"2 Cellar 02 09:00:00 -"_s, u"3 Attic 02 08:00:00 -"_s};
-    QCOMPARE(Texts(table_->Rows(RollBackQuery(3))), later);
-    QCOMPARE(table_->Rows(RollBackQuery(4)).size(), 3);
-    time_.Advance(12 * 3600 + 1);
-    QCOMPARE(Texts(table_->Rows(RollBackQuery(4))), later);
-}
-
-void TestTimeTable::OpenOrLastRow_data()
-{
-    QTest::addColumn<QString>("rows"); // in, out
-    QTest::addColumn<qint64>("id");
-    QTest::addColumn<bool>("open");
-
-    QTest::newRow("empty") << QString() << qint64(0) << false;
-    QTest::newRow("closed") << u"(46000, 46001), (46002, 46003)"_s << qint64(2) << false;
-    QTest::newRow("open and last") << u"(46000, 46001), (46002, NULL)"_s << qint64(2) << true;
-    QTest::newRow("open, of a year ago") << u"(45600, NULL), (46002, 46003)"_s << qint64(1) << true;
-    QTest::newRow("open, clock set back") << u"(46002.1, 46002.2), (46002, NULL)"_s << qint64(2) << true;
-    QTest::newRow("two open") << u"(46000, NULL), (46002, NULL), (46003, 46004)"_s << qint64(2) << true;
-    QTest::newRow("no in-time is not open") << u"(46000, 46001), (NULL, NULL)"_s << qint64(2) << false;
-}
-
-void TestTimeTable::OpenOrLastRow()
-{
-    QFETCH(QString, rows);
-    if (!rows.isEmpty())
-        Sql(u"INSERT INTO Stemp (StempInTime, StempOutTime) VALUES "_s + rows);
-    const TimeRowPtr row = table_->OpenOrLastRow();
-    QTEST(row ? row->id : qint64(0), "id");
-    QTEST(row && row->IsOpen(), "open");
-}
 
 QTEST_GUILESS_MAIN(TestTimeTable)
 #include "tst_timetable.moc"

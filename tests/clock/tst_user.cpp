@@ -53,18 +53,6 @@ private slots:
         QCOMPARE(user.FullName(), QString()); // the placeholder is no name
     }
 
-    void SuggestsWhatFits()
-    {
-        AnsweredPrompts prompts;
-        User user(RefuseCon, prompts);
-        user.Suggest(u"ANNAJENSEN"_s, u"Anna"_s);
-        QCOMPARE(user.Initials(), u"ANNAJENSEN"_s);
-        QCOMPARE(user.FullName(), u"Anna"_s);
-        user.Suggest(u"ANNAJENSEN2"_s, QString());
-        QCOMPARE(user.Initials(), u"ANNAJENSEN"_s);
-        QCOMPARE(user.FullName(), u"Anna"_s);
-    }
-
     void TakesOverWhatWasTyped()
     {
         AnsweredPrompts prompts;
