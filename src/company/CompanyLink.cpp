@@ -3,12 +3,11 @@
 #include "company/CompanyFile.h"
 #include "company/CompanyWorker.h"
 
-#include <QFileInfo>
 #include <QLoggingCategory>
 #include <QMetaObject>
 
+#include <atomic>
 #include <exception>
-#include <future>
 #include <mutex>
 
 namespace {
@@ -34,8 +33,7 @@ struct CompanyLink::Mailbox
     }
 };
 
-CompanyLink::CompanyLink(Mode mode, QObject *parent)
-    : QObject(parent), mode_(mode), mailbox_(std::make_shared<Mailbox>())
+CompanyLink::CompanyLink(Mode mode) : mode_(mode), mailbox_(std::make_shared<Mailbox>())
 {
     mailbox_->link = this;
     Open({});
@@ -55,10 +53,15 @@ void CompanyLink::Open(const QString &path)
     if (worker_)
         worker_->Post([](CompanyFile &file) { file.Close(); });
     path_ = path;
+    worker_ = &WorkerOf(path);
+}
+
+CompanyWorker &CompanyLink::WorkerOf(const QString &path)
+{
     std::unique_ptr<CompanyWorker> &worker = workers_[path];
     if (!worker)
         worker = std::make_unique<CompanyWorker>(path, mode_ == Mode::Thread);
-    worker_ = worker.get();
+    return *worker;
 }
 
 void CompanyLink::Enqueue(Job job, Deliver deliver)
@@ -88,12 +91,22 @@ std::optional<CompanyLink::Result> CompanyLink::EnqueueAndWait(Job job, std::chr
 {
     if (stopped_)
         return std::nullopt;
-    const auto answer = std::make_shared<std::promise<Result>>();
-    std::future<Result> coming = answer->get_future();
-    worker_->Post([job = std::move(job), answer](CompanyFile &file) mutable { answer->set_value(Run(file, job)); });
-    if (coming.wait_for(limit) != std::future_status::ready)
+    struct Request
+    {
+        Result result;
+        std::atomic<bool> settled = false; // by the first of the two, who leaves the result to the other
+    };
+    const auto request = std::make_shared<Request>();
+    worker_->PostAndWait(
+        [job = std::move(job), request](CompanyFile &file) mutable {
+            request->result = Run(file, job);
+            if (request->settled.exchange(true))
+                LogError(request->result); // nobody waits for it any longer
+        },
+        limit);
+    if (!request->settled.exchange(true))
         return std::nullopt;
-    return coming.get();
+    return request->result;
 }
 
 void CompanyLink::Take(quint64 request, const Result &result)
@@ -128,31 +141,19 @@ void CompanyLink::LogError(const Result &result)
         qCWarning(log).noquote() << result.error->Text();
 }
 
-std::optional<bool> CompanyLink::FileExistsWithin(std::chrono::milliseconds limit, const QString &path)
-{
-    const auto exists = std::make_shared<bool>(false);
-    const bool answered = RunWithin(limit, [exists, path] {
-        const QFileInfo file(path);
-        *exists = file.isFile() && file.isReadable();
-    });
-    return answered ? std::optional(*exists) : std::nullopt;
-}
-
-bool CompanyLink::RunWithin(std::chrono::milliseconds limit, std::function<void()> work)
+bool CompanyLink::RunWithin(std::chrono::milliseconds limit, const QString &path, std::function<void()> work)
 {
     if (stopped_)
         return false;
-    const auto done = std::make_shared<std::promise<void>>();
-    const std::future<void> finished = done->get_future();
-    worker_->Post([work = std::move(work), done](CompanyFile &) {
-        try {
-            work();
-        } catch (const std::exception &error) {
-            qCWarning(log) << "working on files:" << error.what();
-        }
-        done->set_value();
-    });
-    return finished.wait_for(limit) == std::future_status::ready;
+    return WorkerOf(path).PostAndWait(
+        [path, work = std::move(work)](CompanyFile &) {
+            try {
+                work();
+            } catch (const std::exception &error) {
+                qCWarning(log).noquote() << "looking for" << path << error.what();
+            }
+        },
+        limit);
 }
 
 bool CompanyLink::Stop(std::chrono::milliseconds limit)

@@ -47,7 +47,7 @@ public:
         Inline, // requests run where they are asked, and are answered before Ask returns: for tests
         Thread
     };
-    explicit CompanyLink(Mode mode, QObject *parent = nullptr);
+    explicit CompanyLink(Mode mode);
     ~CompanyLink() override; // never waits; requests that have not begun are dropped
 
     // Makes `path` the file in use; a file that is in use already stays so. It is opened by the first request that follows,
@@ -73,8 +73,9 @@ public:
     // Needs no answer; an error goes to the log.
     template <class Work> void Tell(Work work) { EnqueueUnanswered(Box<void>(std::move(work))); }
 
-    // Waits for the answer at most `limit`; nothing when it did not come in time (the request still runs later). At start and
-    // at exit only.
+    // Waits for the answer at most `limit`; nothing when it did not come in time (the request still runs later, and its error
+    // goes to the log). While a file has not ended what was waited for in vain, nothing that is asked of it is waited for. At
+    // start and at exit only.
     template <class Work, class R = std::invoke_result_t<Work, dao::Database &>>
     std::optional<Answer<R>> AskWithin(std::chrono::milliseconds limit, Work work)
     {
@@ -84,10 +85,9 @@ public:
         return Unbox<R>(*result);
     }
 
-    // Whether a file exists and can be read, asked on the link's thread without opening it; nothing when that took too long.
-    std::optional<bool> FileExistsWithin(std::chrono::milliseconds limit, const QString &path);
-    // Runs work on files that needs no database (copying a template), in order with the requests; false when it took too long.
-    bool RunWithin(std::chrono::milliseconds limit, std::function<void()> work);
+    // Runs work that asks the file system about the file at `path`, which need not be the one in use, without opening it; in
+    // order with the requests on that file. Waits as AskWithin does; false when the work did not end in time.
+    bool RunWithin(std::chrono::milliseconds limit, const QString &path, std::function<void()> work);
 
     // Lets the requests asked so far finish, closes the file and ends the thread. False when that took longer than `limit`: the
     // thread is then left behind in the request that hangs, never joined, and the requests after that one are dropped. No
@@ -125,6 +125,7 @@ private:
         return answer;
     }
 
+    CompanyWorker &WorkerOf(const QString &path);
     void Enqueue(Job job, Deliver deliver);
     void EnqueueUnanswered(Job job);
     std::optional<Result> EnqueueAndWait(Job job, std::chrono::milliseconds limit);

@@ -15,6 +15,9 @@ struct CompanyWorker::State
     std::mutex mutex;
     std::condition_variable changed;
     std::deque<Task> tasks;
+    quint64 tasksPosted = 0;
+    quint64 tasksEnded = 0;
+    quint64 overdue = 0; // the number of the last task that was waited for in vain
     bool finishing = false;
     bool ended = false;
 };
@@ -41,10 +44,26 @@ void CompanyWorker::Post(Task task)
     {
         const std::lock_guard lock(state_->mutex);
         state_->tasks.push_back(std::move(task));
+        ++state_->tasksPosted;
     }
     state_->changed.notify_all();
     if (!thread_.joinable())
         thread_ = std::thread([state = state_] { Run(*state); });
+}
+
+bool CompanyWorker::PostAndWait(Task task, std::chrono::milliseconds limit)
+{
+    Post(std::move(task));
+    if (!onThread_)
+        return true;
+    std::unique_lock lock(state_->mutex);
+    if (state_->tasksEnded < state_->overdue)
+        return false; // it stands behind that one
+    const quint64 number = state_->tasksPosted;
+    if (state_->changed.wait_for(lock, limit, [this, number] { return state_->tasksEnded >= number; }))
+        return true;
+    state_->overdue = number;
+    return false;
 }
 
 void CompanyWorker::Run(State &state)
@@ -60,6 +79,8 @@ void CompanyWorker::Run(State &state)
         task(state.file);
         task = nullptr; // what it captured may be slow to go
         lock.lock();
+        ++state.tasksEnded;
+        state.changed.notify_all();
     }
     lock.unlock();
     state.file.Close(); // may hang as well

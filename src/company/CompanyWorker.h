@@ -23,6 +23,9 @@ public:
     CompanyWorker &operator=(const CompanyWorker &) = delete;
 
     void Post(Task task);
+    // Posts it and waits for its end at most `limit`; whether that came. While a task that was waited for in vain has not
+    // ended, nothing is waited for: a file that hangs costs one wait, however much is asked of it.
+    bool PostAndWait(Task task, std::chrono::milliseconds limit);
 
     // No task is posted after this. Those posted before are done, then the file is closed.
     void Finish();

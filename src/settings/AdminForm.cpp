@@ -7,8 +7,6 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 
-#include <utility>
-
 namespace {
 
 // Calls back when the left mouse button was pressed and released over a widget.
@@ -39,9 +37,8 @@ private:
 
 } // namespace
 
-AdminForm::AdminForm(FormServices &services, Prompts &prompts, FileTest fileExists, FileTest isOwnJobsFile,
-                     QWidget *parent)
-    : Form(QStringLiteral("AdminForm"), services, parent),
+AdminForm::AdminForm(FormServices &services, Prompts &prompts, FileTest fileExists, FileTest isOwnJobsFile)
+    : Form(QStringLiteral("AdminForm"), services),
       ui_(std::make_unique<Ui::AdminForm>()),
       prompts_(prompts),
       fileExists_(std::move(fileExists)),
@@ -174,10 +171,18 @@ QString AdminForm::ShownPath() const
     return QDir::toNativeSeparators(ui_->EnterpriseMDBText->text().trimmed());
 }
 
-bool AdminForm::CanAutoUpdate(const QString &path) const
+// A share that is slow, or away, takes its time to answer.
+bool AdminForm::IsOwnJobsFile(const QString &path)
+{
+    if (!ownJobsFile_ || ownJobsFile_->first != path)
+        ownJobsFile_.emplace(path, isOwnJobsFile_(path));
+    return ownJobsFile_->second;
+}
+
+bool AdminForm::CanAutoUpdate(const QString &path)
 {
     const bool another = path != accepted_.EnterpriseMDBText; // of which nothing is known yet
-    return (sharedListPossible_ || another) && !isOwnJobsFile_(path);
+    return (sharedListPossible_ || another) && !IsOwnJobsFile(path);
 }
 
 // The tick goes with the program folder's own file, which has nothing to be renewed from. It stays while the shared list is
@@ -185,7 +190,7 @@ bool AdminForm::CanAutoUpdate(const QString &path) const
 void AdminForm::EnableAutoCheck(const QString &path)
 {
     ui_->AutoCheck->setEnabled(CanAutoUpdate(path));
-    if (isOwnJobsFile_(path))
+    if (IsOwnJobsFile(path))
         ui_->AutoCheck->setChecked(false);
 }
 

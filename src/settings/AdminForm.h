@@ -5,6 +5,8 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
+#include <utility>
 
 class Prompts;
 
@@ -22,9 +24,8 @@ public:
     using FileTest = std::function<bool(const QString &path)>;
 
     // `fileExists` is asked about a company database and must answer in bounded time; `isOwnJobsFile` compares a path, as a
-    // file, with the Jobs.mdb of the program folder.
-    AdminForm(FormServices &services, Prompts &prompts, FileTest fileExists, FileTest isOwnJobsFile,
-              QWidget *parent = nullptr);
+    // file, with the Jobs.mdb of the program folder; its answer is kept for the path asked about last.
+    AdminForm(FormServices &services, Prompts &prompts, FileTest fileExists, FileTest isOwnJobsFile);
     ~AdminForm() override;
 
     Options CurrentOptions() const; // as stored or as last accepted, never what is being edited
@@ -48,7 +49,8 @@ private:
     void EnterpriseMDBText_Click();
 
     QString ShownPath() const;
-    bool CanAutoUpdate(const QString &path) const;
+    bool IsOwnJobsFile(const QString &path);
+    bool CanAutoUpdate(const QString &path);
     void EnableAutoCheck(const QString &path);
     void Accept();  // takes what is shown
     void Restore(); // shows what was accepted
@@ -57,6 +59,7 @@ private:
     Prompts &prompts_;
     FileTest fileExists_;
     FileTest isOwnJobsFile_;
+    std::optional<std::pair<QString, bool>> ownJobsFile_; // the path last asked about, and whether it is
     bool sharedListPossible_ = true;
     Options accepted_;             // AutoUpdate is the tick of the box, which counts only while the box is enabled
     bool autoCheckEnabled_ = true; // of what was accepted

@@ -7,21 +7,25 @@
 
 #include <QLoggingCategory>
 
+#include <memory>
+
 using namespace std::chrono_literals;
 
 namespace {
 
-Q_LOGGING_CATEGORY(log, "stemp.company")
+Q_LOGGING_CATEGORY(log, "stemp.startup")
 
 constexpr std::chrono::milliseconds startLimit = 2s; // what a file that does not answer may cost at start
 
-struct Choice
+std::chrono::steady_clock::time_point InTime()
 {
-    QString path;
-    bool configuredExists = false;
-    bool exists = false;
-    bool isOwnFile = false;
-};
+    return std::chrono::steady_clock::now() + startLimit;
+}
+
+std::chrono::milliseconds Left(std::chrono::steady_clock::time_point deadline)
+{
+    return std::chrono::duration_cast<std::chrono::milliseconds>(deadline - std::chrono::steady_clock::now());
+}
 
 } // namespace
 
@@ -32,38 +36,51 @@ JobDatabase::JobDatabase(CompanyLink::Mode mode, const Identity &identity, JobLi
 
 void JobDatabase::Choose(const QString &configured)
 {
-    const QString own = identity_.InAppFolder(QStringLiteral("Jobs.mdb"));
-    const QString blank = identity_.InAppFolder(QStringLiteral("Blank Jobs.mdb"));
-    const auto choice = std::make_shared<Choice>();
-    const bool answered = link_.RunWithin(startLimit, [choice, configured, own, blank] {
-        Choice made;
-        made.configuredExists = DataFiles::FileExists(configured);
-        made.path = made.configuredExists ? configured : own;
-        if (!made.configuredExists && !DataFiles::FileExists(own) && DataFiles::FileExists(blank))
-            DataFiles::CopyTemplate(blank, own);
-        made.exists = DataFiles::FileExists(made.path);
-        made.isOwnFile = DataFiles::SameFile(made.path, own);
-        *choice = made;
-    });
-    if (!answered) {
-        qCWarning(log) << configured << "does not answer";
-        CompanyPath = configured;
-        EnterpriseOn = CompanyJobs = true;
-        LocalJobs = false;
-        link_.Open(configured);
-        return;
+    const Deadline deadline = InTime();
+    QString path = configured;
+    std::optional<Found> found = LookFor(path, deadline);
+    EnterpriseOn = !found || found->exists;
+    if (!EnterpriseOn) {
+        path = OwnJobsFile();
+        link_.RunWithin(Left(deadline), path, [path, blank = identity_.InAppFolder(QStringLiteral("Blank Jobs.mdb"))] {
+            if (!DataFiles::FileExists(path) && DataFiles::FileExists(blank))
+                DataFiles::CopyTemplate(blank, path);
+        });
+        found = LookFor(path, deadline);
     }
-    CompanyPath = choice->path;
-    EnterpriseOn = choice->configuredExists;
+    if (!found)
+        qCWarning(log) << path << "does not answer";
+    if (path != CompanyPath) {
+        // A job of the file before must not be deleted from this one.
+        lists_.CompanyList.Clear();
+        emit JobListFilled();
+    }
+    CompanyPath = path;
     CompanyJobs = LocalJobs = false;
-    if (choice->exists)
-        OpenCompanyDb(choice->path, choice->isOwnFile);
+    if (!found || found->exists)
+        OpenCompanyDb(path, found ? found->isOwnFile : path == OwnJobsFile(), deadline);
 }
 
-void JobDatabase::OpenCompanyDb(const QString &path, bool isOwnFile)
+QString JobDatabase::OwnJobsFile() const
+{
+    return identity_.InAppFolder(QStringLiteral("Jobs.mdb"));
+}
+
+std::optional<JobDatabase::Found> JobDatabase::LookFor(const QString &path, Deadline deadline)
+{
+    if (path.isEmpty())
+        return Found{};
+    const auto found = std::make_shared<Found>();
+    const bool answered = link_.RunWithin(Left(deadline), path, [found, path, own = OwnJobsFile()] {
+        *found = {DataFiles::FileExists(path), DataFiles::SameFile(path, own)};
+    });
+    return answered ? std::optional(*found) : std::nullopt;
+}
+
+void JobDatabase::OpenCompanyDb(const QString &path, bool isOwnFile, Deadline deadline)
 {
     link_.Open(path);
-    const auto answer = link_.AskWithin(startLimit, [](dao::Database &) { return true; });
+    const auto answer = link_.AskWithin(Left(deadline), [](dao::Database &) { return true; });
     if (answer && answer->error && answer->error->Kind() != dao::ErrorKind::Busy) {
         qCWarning(log).noquote() << answer->error->Text();
         EnterpriseOn = false;
@@ -138,15 +155,12 @@ void JobDatabase::DeleteJob(const QString &item)
 
 bool JobDatabase::FileExists(const QString &path)
 {
-    return link_.FileExistsWithin(startLimit, path).value_or(false);
+    const std::optional<Found> found = LookFor(path, InTime());
+    return found && found->exists;
 }
 
 bool JobDatabase::IsOwnJobsFile(const QString &path)
 {
-    const auto same = std::make_shared<bool>(false);
-    const bool answered =
-        link_.RunWithin(startLimit, [same, path, own = identity_.InAppFolder(QStringLiteral("Jobs.mdb"))] {
-            *same = DataFiles::SameFile(path, own);
-        });
-    return answered && *same;
+    const std::optional<Found> found = LookFor(path, InTime());
+    return found && found->isOwnFile;
 }

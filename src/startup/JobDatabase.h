@@ -12,8 +12,9 @@
 struct Identity;
 struct JobLists;
 
-// The job database in use: which file it is, and all that is asked of it. Nothing here blocks but Choose, MatchLoginToUser
-// and Close, each at most for its limit.
+// The job database in use: which file it is, and all that is asked of it. Choose, MatchLoginToUser, FileExists, IsOwnJobsFile
+// and Close wait for the file system, each in all at most for its limit; a file that was waited for in vain is not waited for
+// again until it has answered. Nothing else here blocks.
 class JobDatabase : public QObject
 {
     Q_OBJECT
@@ -27,7 +28,8 @@ public:
     bool LocalJobs = false;    // it is the local copy in the program folder
 
     // Takes the file at `configured` when it exists, else "Jobs.mdb" in the program folder, made from its template when that
-    // is missing too. A file that does not answer in time is not a missing one: it stays the one in use.
+    // is missing too. A file that does not answer in time is not a missing one: it stays the one in use. The list of another
+    // file than before is empty until it is filled.
     void Choose(const QString &configured);
 
     // Opens the company database at `path` and matches the login name; the identity it stands for, or nothing.
@@ -41,17 +43,25 @@ public:
     void FillJobList();                  // JobListFilled() follows
     void DeleteJob(const QString &item); // and fills the list anew
 
-    bool FileExists(const QString &path);    // bounded; false when it took too long
+    bool FileExists(const QString &path);    // false when it does not answer
     bool IsOwnJobsFile(const QString &path); // the program folder's own "Jobs.mdb", under any spelling
 
     bool Close(std::chrono::milliseconds limit) { return link_.Stop(limit); }
-    CompanyLink &Link() { return link_; }
 
 signals:
     void JobListFilled();
 
 private:
-    void OpenCompanyDb(const QString &path, bool isOwnFile);
+    using Deadline = std::chrono::steady_clock::time_point;
+    struct Found
+    {
+        bool exists = false;
+        bool isOwnFile = false;
+    };
+
+    QString OwnJobsFile() const;
+    std::optional<Found> LookFor(const QString &path, Deadline deadline); // nothing when it does not answer
+    void OpenCompanyDb(const QString &path, bool isOwnFile, Deadline deadline);
     void WriteState(Presence::State state);
 
     const Identity &identity_;

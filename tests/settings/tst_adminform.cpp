@@ -10,19 +10,25 @@
 #include <QSignalSpy>
 #include <QTest>
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
 
-const QString oldPath = QDir::toNativeSeparators(QStringLiteral("/share/old/Jobs.mdb"));
-const QString newPath = QDir::toNativeSeparators(QStringLiteral("/share/new/Jobs.mdb"));
-const QString ownPath = QDir::toNativeSeparators(QStringLiteral("/program/Jobs.mdb"));
+const QString oldPath = QDir::toNativeSeparators(u"/share/old/Jobs.mdb"_s);
+const QString newPath = QDir::toNativeSeparators(u"/share/new/Jobs.mdb"_s);
+const QString ownPath = QDir::toNativeSeparators(u"/program/Jobs.mdb"_s);
 
 // The settings on the screen, with a company database in effect.
 struct Settings
 {
     AnsweredPrompts prompts;
     NoTexts texts;
+    QStringList asked; // whether it is the own file
     AdminForm form{texts, prompts, [](const QString &path) { return path == newPath || path == ownPath; },
-                   [](const QString &path) { return path == ownPath; }};
+                   [this](const QString &path) {
+                       asked.append(path);
+                       return path == ownPath;
+                   }};
     QSignalSpy accepted{&form, &AdminForm::Accepted};
 
     Settings()
@@ -46,195 +52,169 @@ struct Settings
         box->selectAll();
         QTest::keyClicks(box, text);
     }
-    void PressOK() const
-    {
-        QTest::mouseClick(form.findChild<QPushButton *>(QStringLiteral("OKButton")), Qt::LeftButton);
-    }
+    void PressOK() const { QTest::mouseClick(form.findChild<QPushButton *>(u"OKButton"_s), Qt::LeftButton); }
     void EditAll() const
     {
         for (const char *name : {"AdminCheck", "SuperCheck", "AutoCheck", "PopCheck", "TipsCheck"})
             QTest::mouseClick(Check(name), Qt::LeftButton, {}, QPoint(10, 10));
         QTest::mouseClick(Option("Round1Hour"), Qt::LeftButton, {}, QPoint(10, 10));
-        Type(Box("UserName"), QStringLiteral("aj"));
-        Type(Box("DaysInGrid"), QStringLiteral("30"));
-        Type(Box("PollDelay"), QStringLiteral("5"));
+        Type(Box("UserName"), u"aj"_s);
+        Type(Box("DaysInGrid"), u"30"_s);
+        Type(Box("PollDelay"), u"5"_s);
         Type(Path(), newPath);
     }
 };
 
 } // namespace
 
-class tst_adminform : public QObject
+class TestAdminForm : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void firstRun();
-    void enterAccepts();
-    void putsBackWhatWasNotAccepted_data();
-    void putsBackWhatWasNotAccepted();
-    void path_data();
-    void path();
-    void picksTheFile_data();
-    void picksTheFile();
-    void locksTheName();
-    void tickOutlivesAListOutOfReach();
-    void pathFoundWhileEditing();
+    void EnterAccepts()
+    {
+        Settings settings;
+        settings.EditAll();
+        QCOMPARE(settings.form.CurrentOptions().DaysInGrid, u"7"_s); // not yet
+        QTest::keyClick(settings.form.focusWidget(), Qt::Key_Return);
+        const Options options = settings.form.CurrentOptions();
+        QVERIFY(options.SummaryRounding == Rounding::WholeHours);
+        QVERIFY(!options.ShowToolTips && !options.PopUpMessages && !options.AutoUpdate);
+        QVERIFY(options.AdminMode && options.CanSetOthersStatus);
+        QCOMPARE(options.DaysInGrid, u"30"_s);
+        QCOMPARE(options.PollDelay, u"5"_s);
+        QCOMPARE(options.UserName, u"aj"_s);
+        QCOMPARE(options.EnterpriseMDBText, newPath);
+        QCOMPARE(settings.accepted.size(), 1);
+        QVERIFY(!settings.form.isVisible() && settings.form.IsLoaded());
+    }
+
+    void PutsBackWhatWasNotAccepted()
+    {
+        for (const QByteArray way : {"escape", "frame", "unload"}) {
+            Settings settings;
+            bool saved = false;
+            settings.texts.saved = [&](Form &) { saved = settings.Box("DaysInGrid")->text() == "7"_L1; };
+            settings.EditAll();
+            if (way == "escape")
+                QTest::keyClick(settings.Path(), Qt::Key_Escape);
+            else if (way == "frame")
+                settings.form.close();
+            else
+                settings.form.Unload();
+            QVERIFY(!settings.form.isVisible());
+            QCOMPARE(settings.form.IsLoaded(), way != "unload");
+            QCOMPARE(saved, way == "unload");
+            QVERIFY(settings.accepted.isEmpty());
+            QVERIFY(settings.Check("TipsCheck")->isChecked() && !settings.Check("AdminCheck")->isChecked());
+            QVERIFY(settings.Check("AutoCheck")->isChecked() && settings.Option("Round15min")->isChecked());
+            QCOMPARE(settings.Box("UserName")->text(), QString());
+            QCOMPARE(settings.Box("PollDelay")->text(), u"15"_s);
+            QCOMPARE(settings.Path()->text(), oldPath);
+        }
+    }
+
+    void Path_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("kept");
+        QTest::addColumn<bool>("autoUpdate");
+        QTest::newRow("another file") << newPath << newPath << true;
+        QTest::newRow("no file") << "/nowhere/Jobs.mdb" << oldPath << true;
+        QTest::newRow("the program's own") << ownPath << ownPath << false;
+        QTest::newRow("unchanged though out of reach") << oldPath << oldPath << true;
+    }
+
+    void Path()
+    {
+        QFETCH(QString, typed);
+        QFETCH(QString, kept);
+        QFETCH(bool, autoUpdate);
+        Settings settings;
+        settings.Type(settings.Path(), typed);
+        settings.PressOK();
+        QCOMPARE(settings.form.CurrentOptions().EnterpriseMDBText, kept);
+        QCOMPARE(settings.Path()->text(), kept);
+        QCOMPARE(settings.form.CurrentOptions().AutoUpdate, autoUpdate);
+        QCOMPARE(settings.Check("AutoCheck")->isEnabled(), autoUpdate);
+        QCOMPARE(settings.Check("AutoCheck")->isChecked(), autoUpdate);
+    }
+
+    void PicksTheFile()
+    {
+        for (const QByteArray way : {"mouse", "F4", "Alt+Down", "cancelled"}) {
+            const QString picked = way == "cancelled" ? QString() : ownPath;
+            Settings settings;
+            settings.prompts.file = QDir::fromNativeSeparators(picked);
+            settings.Path()->setFocus();
+            if (way == "mouse")
+                QTest::mouseClick(settings.Path(), Qt::LeftButton);
+            else if (way == "Alt+Down")
+                QTest::keyClick(settings.Path(), Qt::Key_Down, Qt::AltModifier);
+            else
+                QTest::keyClick(settings.Path(), Qt::Key_F4);
+            QTRY_COMPARE(settings.prompts.messages, QStringList{u"Locate Company Data Base"_s});
+            QCOMPARE(settings.Path()->text(), picked.isEmpty() ? oldPath : picked);
+            QCOMPARE(settings.Check("AutoCheck")->isEnabled(), picked.isEmpty());
+            settings.form.close();
+            QCOMPARE(settings.Path()->text(), oldPath);
+            QVERIFY(settings.Check("AutoCheck")->isEnabled() && settings.form.CurrentOptions().AutoUpdate);
+        }
+    }
+
+    void LocksTheName()
+    {
+        Settings settings;
+        settings.form.SetUserName(u"AJ"_s, true);
+        settings.Type(settings.Box("UserName"), u"other"_s);
+        settings.PressOK();
+        QCOMPARE(settings.form.CurrentOptions().UserName, u"AJ"_s);
+    }
+
+    void TickOutlivesAListOutOfReach()
+    {
+        Settings settings;
+        settings.form.SetSharedListPossible(false);
+        QVERIFY(!settings.form.CurrentOptions().AutoUpdate);
+        settings.PressOK();
+        QVERIFY(!settings.form.CurrentOptions().AutoUpdate);
+        settings.form.SetSharedListPossible(true);
+        QVERIFY(settings.form.CurrentOptions().AutoUpdate);
+        settings.form.ShowPathInEffect(oldPath);
+        QCOMPARE(settings.asked, QStringList{oldPath}); // each question may cost a wait
+    }
+
+    // The answer about the company database may come while the person edits.
+    void PathFoundWhileEditing()
+    {
+        Settings settings;
+        settings.Type(settings.Path(), newPath);
+        settings.form.ShowPathInEffect(ownPath);
+        QCOMPARE(settings.Path()->text(), newPath);
+        settings.form.close();
+        QCOMPARE(settings.Path()->text(), ownPath);
+        QVERIFY(!settings.form.CurrentOptions().AutoUpdate);
+    }
+
+    void NumbersAsTyped()
+    {
+        const QMap<QString, QList<int>> numbers{
+            {QString(), {0, 7, 15}},
+            {u"inf"_s, {0, 7, 15}},
+            {u"  7 days"_s, {7, 7, 7}},
+            {u"2.5"_s, {2, 2, 2}}, // half to even
+            {u"3.5"_s, {4, 4, 4}},
+            {u"3,9"_s, {3, 3, 3}},
+            {u"-3"_s, {-3, 7, 15}},
+            {u"61"_s, {61, 61, 60}},
+            {QString(400, u'9'), {32767, 32767, 60}},
+        };
+        for (const QString &text : numbers.keys())
+            QCOMPARE(QList<int>({LeadingNumber(text), DaysToShow(text), static_cast<int>(PollPeriod(text).count())}),
+                     numbers[text]);
+    }
 };
 
-void tst_adminform::firstRun()
-{
-    AnsweredPrompts prompts;
-    NoTexts texts;
-    const auto never = [](const QString &) { return false; };
-    AdminForm form(texts, prompts, never, never);
-    form.Load();
-    const Options options = form.CurrentOptions();
-    QVERIFY(options.SummaryRounding == Rounding::Quarters);
-    QVERIFY(options.ShowToolTips && options.PopUpMessages);
-    QVERIFY(!options.AdminMode && !options.CanSetOthersStatus && !options.AutoUpdate);
-    QCOMPARE(options.DaysInGrid, QStringLiteral("7"));
-    QCOMPARE(options.PollDelay, QStringLiteral("15"));
-    QVERIFY(options.UserName.isEmpty() && options.EnterpriseMDBText.isEmpty());
-}
-
-void tst_adminform::enterAccepts()
-{
-    Settings settings;
-    settings.EditAll();
-    QCOMPARE(settings.form.CurrentOptions().DaysInGrid, QStringLiteral("7")); // not yet
-    QTest::keyClick(settings.form.focusWidget(), Qt::Key_Return);
-    const Options options = settings.form.CurrentOptions();
-    QVERIFY(options.SummaryRounding == Rounding::WholeHours);
-    QVERIFY(!options.ShowToolTips && !options.PopUpMessages && !options.AutoUpdate);
-    QVERIFY(options.AdminMode && options.CanSetOthersStatus);
-    QCOMPARE(options.DaysInGrid, QStringLiteral("30"));
-    QCOMPARE(options.PollDelay, QStringLiteral("5"));
-    QCOMPARE(options.UserName, QStringLiteral("aj"));
-    QCOMPARE(options.EnterpriseMDBText, newPath);
-    QCOMPARE(settings.accepted.size(), 1);
-    QVERIFY(!settings.form.isVisible() && settings.form.IsLoaded());
-}
-
-void tst_adminform::putsBackWhatWasNotAccepted_data()
-{
-    QTest::addColumn<QString>("way");
-    for (const char *way : {"escape", "frame", "unloaded"})
-        QTest::newRow(way) << way;
-}
-
-void tst_adminform::putsBackWhatWasNotAccepted()
-{
-    QFETCH(QString, way);
-    Settings settings;
-    bool saved = false;
-    settings.texts.saved = [&](Form &) { saved = settings.Box("DaysInGrid")->text() == QLatin1String("7"); };
-    settings.EditAll();
-    if (way == QLatin1String("escape"))
-        QTest::keyClick(settings.Path(), Qt::Key_Escape);
-    else if (way == QLatin1String("frame"))
-        settings.form.close();
-    else
-        settings.form.Unload();
-    QVERIFY(!settings.form.isVisible());
-    QCOMPARE(settings.form.IsLoaded(), way != QLatin1String("unloaded"));
-    QCOMPARE(saved, way == QLatin1String("unloaded"));
-    QVERIFY(settings.accepted.isEmpty());
-    QVERIFY(settings.Check("TipsCheck")->isChecked() && settings.Check("PopCheck")->isChecked());
-    QVERIFY(!settings.Check("AdminCheck")->isChecked() && !settings.Check("SuperCheck")->isChecked());
-    QVERIFY(settings.Check("AutoCheck")->isChecked() && settings.Option("Round15min")->isChecked());
-    QCOMPARE(settings.Box("UserName")->text(), QString());
-    QCOMPARE(settings.Box("PollDelay")->text(), QStringLiteral("15"));
-    QCOMPARE(settings.Path()->text(), oldPath);
-}
-
-void tst_adminform::path_data()
-{
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("kept");
-    QTest::addColumn<bool>("autoUpdate");
-    QTest::newRow("another file") << newPath << newPath << true;
-    QTest::newRow("no file") << "/nowhere/Jobs.mdb" << oldPath << true;
-    QTest::newRow("the program's own") << ownPath << ownPath << false;
-    QTest::newRow("unchanged though out of reach") << oldPath << oldPath << true;
-}
-
-void tst_adminform::path()
-{
-    QFETCH(QString, typed);
-    QFETCH(QString, kept);
-    QFETCH(bool, autoUpdate);
-    Settings settings;
-    settings.Type(settings.Path(), typed);
-    settings.PressOK();
-    QCOMPARE(settings.form.CurrentOptions().EnterpriseMDBText, kept);
-    QCOMPARE(settings.Path()->text(), kept);
-    QCOMPARE(settings.form.CurrentOptions().AutoUpdate, autoUpdate);
-    QCOMPARE(settings.Check("AutoCheck")->isEnabled(), autoUpdate);
-    QCOMPARE(settings.Check("AutoCheck")->isChecked(), autoUpdate);
-}
-
-void tst_adminform::picksTheFile_data()
-{
-    QTest::addColumn<QString>("way");
-    QTest::addColumn<QString>("picked");
-    for (const char *way : {"mouse", "F4", "Alt+Down"})
-        QTest::newRow(way) << way << ownPath;
-    QTest::newRow("cancelled") << "F4" << QString();
-}
-
-void tst_adminform::picksTheFile()
-{
-    QFETCH(QString, way);
-    QFETCH(QString, picked);
-    Settings settings;
-    settings.prompts.file = QDir::fromNativeSeparators(picked);
-    settings.Path()->setFocus();
-    if (way == QLatin1String("mouse"))
-        QTest::mouseClick(settings.Path(), Qt::LeftButton);
-    else if (way == QLatin1String("F4"))
-        QTest::keyClick(settings.Path(), Qt::Key_F4);
-    else
-        QTest::keyClick(settings.Path(), Qt::Key_Down, Qt::AltModifier);
-    QTRY_COMPARE(settings.prompts.messages, QStringList{QStringLiteral("Locate Company Data Base")});
-    QCOMPARE(settings.Path()->text(), picked.isEmpty() ? oldPath : picked);
-    QCOMPARE(settings.Check("AutoCheck")->isEnabled(), picked.isEmpty());
-    settings.form.close();
-    QCOMPARE(settings.Path()->text(), oldPath);
-    QVERIFY(settings.Check("AutoCheck")->isEnabled() && settings.form.CurrentOptions().AutoUpdate);
-}
-
-void tst_adminform::locksTheName()
-{
-    Settings settings;
-    settings.form.SetUserName(QStringLiteral("AJ"), true);
-    settings.Type(settings.Box("UserName"), QStringLiteral("other"));
-    settings.PressOK();
-    QCOMPARE(settings.form.CurrentOptions().UserName, QStringLiteral("AJ"));
-}
-
-void tst_adminform::tickOutlivesAListOutOfReach()
-{
-    Settings settings;
-    settings.form.SetSharedListPossible(false);
-    QVERIFY(!settings.form.CurrentOptions().AutoUpdate);
-    settings.PressOK();
-    QVERIFY(!settings.form.CurrentOptions().AutoUpdate);
-    settings.form.SetSharedListPossible(true);
-    QVERIFY(settings.form.CurrentOptions().AutoUpdate);
-}
-
-// The answer about the company database may come while the person edits.
-void tst_adminform::pathFoundWhileEditing()
-{
-    Settings settings;
-    settings.Type(settings.Path(), newPath);
-    settings.form.ShowPathInEffect(ownPath);
-    QCOMPARE(settings.Path()->text(), newPath);
-    settings.form.close();
-    QCOMPARE(settings.Path()->text(), ownPath);
-    QVERIFY(!settings.form.CurrentOptions().AutoUpdate);
-}
-
-QTEST_MAIN(tst_adminform)
+QTEST_MAIN(TestAdminForm)
 #include "tst_adminform.moc"

@@ -82,6 +82,19 @@ private slots:
         }
     }
 
+    void AnotherFileBeginsWithAnEmptyList()
+    {
+        const ProgramFolder folder;
+        Copy copy(folder);
+        copy.jobs.Choose({});
+        folder.Sql(jobsFile, u"INSERT INTO Projects (JobID, JobName) VALUES ('A', 'Alpha')"_s);
+        copy.jobs.FillJobList();
+        copy.jobs.Choose({});
+        QCOMPARE(copy.lists.CompanyList.Items().size(), 1);
+        copy.jobs.Choose(folder.File(u"Blank Jobs.mdb"_s));
+        QVERIFY(copy.lists.CompanyList.IsEmpty());
+    }
+
     void ChoosesThePersonalFileOnALocalDrive()
     {
         const ProgramFolder folder;
