@@ -9,12 +9,9 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDateEdit>
-#include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
-#include <QLineEdit>
-#include <QRadioButton>
-#include <QScrollBar>
+#include <QSignalSpy>
 #include <QTableWidget>
 #include <QTest>
 
@@ -42,16 +39,11 @@ private slots:
                  "Options(2):OptionButton Frames(1):Frame Options(12):OptionButton Pages:SSTab PageCheck:CheckBox "
                  "Grid:DBGrid OKButton:CommandButton CancelButton:CommandButton OtherButton:CommandButton "
                  "IconIn:PictureBox mnuAdmin:Menu"_s);
-        const Control *text = form.At(u"Texts(0)"_s);
-        QCOMPARE(text->Tag(), u"who"_s);
-        QCOMPARE(text->Design().help, u"The name that others see."_s);
-        QCOMPARE(text->Design().toolTip, u"Your name"_s);
+        QCOMPARE(form.At(u"Texts(0)"_s)->Tag(), u"who"_s);
+        QCOMPARE(form.At(u"Texts(0)"_s)->Design().help, u"The name that others see."_s);
         QCOMPARE(*form.At(u"Options(1)"_s)->Place(), (Geometry{150, 600, 1350, 300})); // in its frame
         QCOMPARE(form.DesignHelp(), u"Help of the window."_s);
-
-        Control *menu = form.At(u"mnuAdmin"_s);
-        QCOMPARE(menu->ToolTip(), u"Settings"_s);
-        QVERIFY(!menu->Place());
+        QVERIFY(!form.At(u"mnuAdmin"_s)->Place());
         QAction untold(u"&Notes"_s);
         QCOMPARE(MenuControl({u"mnuNotes"_s, std::nullopt, u"Menu"_s}, untold).ToolTip(), QString());
     }
@@ -94,37 +86,31 @@ private slots:
         QCOMPARE(*text->Place(), (Geometry{1804.25, 157.5, (150 + 2) * 15, 352.5}));
     }
 
-    void GridColumns_data()
-    {
-        QTest::addColumn<QString>("captions");
-        QTest::addColumn<QString>("widths");
-        QTest::addColumn<QString>("captionsAfter");
-        QTest::addColumn<QString>("widthsAfter");
-        QTest::newRow("all") << u"A|B|C|"_s << u"1200;800;1004.5;"_s << u"A|B|C|"_s << u"1200;800;1004.5;"_s;
-        QTest::newRow("fewer") << u"A|B"_s << u"1200;800;"_s << u"A|B|To|"_s << u"1200;800;1500;"_s;
-        QTest::newRow("more") << u"A|B|C|D|"_s << u"1200;800;900;700;"_s << u"A|B|C|"_s << u"1200;800;900;"_s;
-        QTest::newRow("nothing") << QString() << QString() << u"Job|From|To|"_s << u"1500;1500;1500;"_s;
-        QTest::newRow("no numbers") << u"|B||"_s << u"x;-1;0;"_s << u"|B||"_s << u"1500;1500;0;"_s;
-        QTest::newRow("decimal comma") << u"A|"_s << u"1200,5;800;"_s << u"A|From|To|"_s << u"1500;800;1500;"_s;
-    }
-
     void GridColumns()
     {
-        QFETCH(QString, captions);
-        QFETCH(QString, widths);
-        TestForm form(services_);
-        QTableWidget flex(0, 3);
-        flex.setHorizontalHeaderLabels({u"Job"_s, u"From"_s, u"To"_s});
-        GridControl flexGrid({u"Flex"_s, std::nullopt, u"MSFlexGrid"_s}, flex);
-        for (Control *grid : {form.At(u"Grid"_s), static_cast<Control *>(&flexGrid)}) {
-            auto *view = qobject_cast<QTableView *>(grid->Widget());
-            view->horizontalHeader()->setDefaultSectionSize(100);
-            grid->SetCaption(captions);
-            grid->SetValue(widths);
-            QTEST(*grid->Caption(), "captionsAfter");
-            QTEST(*grid->Value(), "widthsAfter");
-            grid->SetValue(*grid->Value()); // the next start
-            QTEST(*grid->Value(), "widthsAfter");
+        struct Case
+        {
+            QString captions, widths, captionsAfter, widthsAfter;
+        };
+        const Case cases[] = {
+            {u"A|B|C|"_s, u"1200;800;1004.5;"_s, u"A|B|C|"_s, u"1200;800;1004.5;"_s},
+            {u"A|B"_s, u"1200;800;"_s, u"A|B|To|"_s, u"1200;800;1500;"_s}, // fewer
+            {u"A|B|C|D|"_s, u"1200;800;900;700;"_s, u"A|B|C|"_s, u"1200;800;900;"_s},
+            {u"|B||"_s, u"x;-1;0;"_s, u"|B||"_s, u"1500;1500;0;"_s}, // no numbers
+            {QString(), u"1200,5;800;"_s, u"Job|From|To|"_s, u"1500;800;1500;"_s},
+        };
+        for (const Case &each : cases) {
+            TestForm form(services_);
+            QTableWidget flex(0, 3);
+            flex.setHorizontalHeaderLabels({u"Job"_s, u"From"_s, u"To"_s});
+            GridControl flexGrid({u"Flex"_s, std::nullopt, u"MSFlexGrid"_s}, flex);
+            for (Control *grid : {form.At(u"Grid"_s), static_cast<Control *>(&flexGrid)}) {
+                qobject_cast<QTableView *>(grid->Widget())->horizontalHeader()->setDefaultSectionSize(100);
+                grid->SetCaption(each.captions);
+                grid->SetValue(each.widths);
+                QCOMPARE(*grid->Caption(), each.captionsAfter);
+                QCOMPARE(*grid->Value(), each.widthsAfter);
+            }
         }
     }
 
@@ -145,13 +131,9 @@ private slots:
     void ValuesAreFreeOfTheLocale()
     {
         QDateEdit date;
-        QLineEdit text;
-        QComboBox open;
-        open.setEditable(true);
         QComboBox closed;
         closed.addItems({u"C:"_s, u"D:"_s});
         QCheckBox check;
-        QScrollBar bar(Qt::Vertical);
         LineWidget line;
         const auto roundTrip = [](QWidget &widget, const QString &value) {
             widget.setObjectName(u"X"_s);
@@ -162,66 +144,28 @@ private slots:
         QCOMPARE(roundTrip(date, u"45292.75"_s), u"45292"_s);
         QCOMPARE(date.date(), QDate(2024, 1, 1));
         QCOMPARE(roundTrip(date, u"1. januar"_s), u"45292"_s);
-        QCOMPARE(roundTrip(text, u"1,5"_s), u"1,5"_s);
-        QCOMPARE(roundTrip(open, u"new"_s), u"new"_s);
         QCOMPARE(roundTrip(closed, u"D:"_s), u"D:"_s);
         QCOMPARE(roundTrip(closed, u"E:"_s), u"D:"_s);
         QCOMPARE(roundTrip(check, u"-1"_s), u"1"_s);
         QCOMPARE(roundTrip(check, u"yes"_s), u"1"_s); // no number: left alone
-        QCOMPARE(roundTrip(check, u"0"_s), u"0"_s);
-        QCOMPARE(roundTrip(bar, u"40"_s), u"none"_s);
-        QCOMPARE(bar.value(), 40);
         QCOMPARE(roundTrip(line, u"32832"_s), u"32832"_s);
         QCOMPARE(line.BorderColor(), QColor(64, 128, 0));
     }
 
-    void LinesKeepTheirEnds_data()
-    {
-        QTest::addColumn<Geometry>("ends");
-        QTest::newRow("falling") << Geometry{150, 300, 1504.5, 900};
-        QTest::newRow("rising") << Geometry{150, 900, 1500, 300};
-        QTest::newRow("backwards") << Geometry{1500, 900, 150, 300};
-        QTest::newRow("flat") << Geometry{150, 300, 1500, 300};
-        QTest::newRow("upright") << Geometry{150, 1500, 150, 300};
-    }
-
     void LinesKeepTheirEnds()
     {
-        QFETCH(Geometry, ends);
-        QWidget surface;
-        LineWidget line(&surface);
-        line.setObjectName(u"Lines_3"_s);
-        line.setProperty("Index", 3);
-        const auto control = MakeControl(line);
-        QCOMPARE(control->Key(), u"Lines(3)"_s);
-        control->SetPlace(ends);
-        QCOMPARE(*control->Place(), ends);
-        line.move(line.pos() + QPoint(2, 0));
-        QCOMPARE(control->Place()->left, ToTwips(ToPixels(ends)).left + 30);
-    }
-
-    void ArrayMembersAreMadeAfterThePattern()
-    {
-        TestForm form(services_);
-        form.show();
-        const auto count = form.Controls().size();
-        Control *made = form.CreateMember(u"Labels"_s, 7);
-        QVERIFY(made);
-        QCOMPARE(made, form.Controls().back().get());
-        QCOMPARE(form.CreateMember(u"Labels"_s, 7), made);
-        QCOMPARE(form.Controls().size(), count + 1);
-        QCOMPARE(form.happened.last(), u"made Labels(7)"_s);
-        QCOMPARE(made->TypeName(), u"Label"_s);
-        QCOMPARE(*made->Caption(), QString());
-        QCOMPARE(form.WidgetAt<QLabel>(u"Labels(7)"_s)->alignment(), Qt::AlignRight | Qt::AlignVCenter);
-        QCOMPARE(form.WidgetAt<QLabel>(u"Labels(7)"_s)->textFormat(), Qt::PlainText);
-        QCOMPARE(*made->Visible(), false);
-        made->SetVisible(true);
-        QVERIFY(made->Widget()->isVisible());
-        QVERIFY(form.CreateMember(u"Texts"_s, 3) && form.CreateMember(u"Frames"_s, 2)
-                && form.CreateMember(u"Options"_s, 20));
-        for (const QString &none : {u"Checks"_s, u"OKButton"_s, u"Grid"_s, QString()})
-            QVERIFY(!form.CreateMember(none, 1));
+        for (const Geometry &ends : {Geometry{150, 300, 1504.5, 900}, Geometry{150, 900, 1500, 300},
+                                     Geometry{1500, 900, 150, 300}, Geometry{150, 1500, 150, 300}}) {
+            QWidget surface;
+            LineWidget line(&surface);
+            line.setObjectName(u"Lines_3"_s);
+            line.setProperty("Index", 3);
+            const auto control = MakeControl(line);
+            control->SetPlace(ends);
+            QCOMPARE(*control->Place(), ends);
+            line.move(line.pos() + QPoint(2, 0));
+            QCOMPARE(control->Place()->left, ToTwips(ToPixels(ends)).left + 30);
+        }
     }
 
     void OptionButtonsExcludeEachOtherByFrame()
@@ -238,27 +182,29 @@ private slots:
         QCOMPARE(values(), u"-1 0 -1"_s);
         form.At(u"Options(2)"_s)->SetValue(u"-1"_s);
         QCOMPARE(values(), u"0 -1 -1"_s);
-        form.At(u"Options(2)"_s)->SetValue(u"0"_s);
-        QCOMPARE(values(), u"0 0 -1"_s);
-
-        QWidget *round = form.At(u"Frames(0)"_s)->Widget();
-        form.At(u"Options(1)"_s)->SetValue(u"-1"_s);
-        form.SetContainer(*form.At(u"Options(12)"_s), round);
-        QCOMPARE(values(), u"-1 0 0"_s);
-        QCOMPARE(*form.At(u"Options(12)"_s)->Visible(), true);
+        form.SetContainer(*form.At(u"Options(12)"_s), form.At(u"Frames(0)"_s)->Widget());
+        QCOMPARE(values(), u"0 -1 0"_s);
         QCOMPARE(form.At(u"Options(12)"_s)->Place()->left, 150.0);
         form.show();
         QTest::mouseClick(form.At(u"Options(12)"_s)->Widget(), Qt::LeftButton, {}, {8, 10});
         QCOMPARE(values(), u"0 0 -1"_s);
+        form.At(u"Frames(0)"_s)->SetVisible(false);
+        QCOMPARE(*form.At(u"Options(1)"_s)->Visible(), true); // its own flag
     }
 
-    void VisibleIsItsOwnFlag()
+    void RowsTellNoMoreThanChanged()
     {
-        TestForm form(services_);
-        QCOMPARE(*form.At(u"Options(1)"_s)->Visible(), true); // in a window that is not shown
-        form.At(u"Frames(0)"_s)->SetVisible(false);
-        QCOMPARE(*form.At(u"Options(1)"_s)->Visible(), true);
-        QCOMPARE(*form.At(u"Frames(0)"_s)->Visible(), false);
+        RowsModel model({u"Job"_s, u"Hours"_s});
+        model.SetRows({{u"A"_s, 1.5}, {u"B"_s, 2}});
+        QSignalSpy resets(&model, &QAbstractItemModel::modelReset);
+        QSignalSpy changes(&model, &QAbstractItemModel::dataChanged);
+        model.SetRows({{u"A"_s, 1.5}, {u"B"_s, 3}});
+        QCOMPARE(changes.size(), 1);
+        QCOMPARE(changes.first().first().toModelIndex().row(), 1);
+        QCOMPARE(resets.size(), 0);
+        model.SetRows({{u"A"_s}});
+        QCOMPARE(resets.size(), 1);
+        QVERIFY(!model.index(0, 1).data().isValid()); // a short row
     }
 };
 
