@@ -12,7 +12,7 @@
 
 namespace {
 
-Q_LOGGING_CATEGORY(log, "stemp.files")
+Q_LOGGING_CATEGORY(log, "stemp.startup")
 
 constexpr QLatin1String journalSuffix("-journal");
 
@@ -46,8 +46,13 @@ bool CopyTemplate(const QString &source, const QString &target)
     }
     // A template on a read-only medium must not make its copies read-only.
     QFile::setPermissions(temporary, QFile::permissions(temporary) | QFile::WriteOwner | QFile::WriteUser);
-    return QFile::rename(temporary,
-                         target); // fails when another copy of the program was faster: the file is there then
+    if (QFile::rename(temporary, target))
+        return true;
+    QFile::remove(temporary);
+    if (QFileInfo::exists(target)) // another copy of the program was faster
+        return true;
+    qCWarning(log) << "renaming the copy of" << source << "to" << target << "failed";
+    return false;
 }
 
 void CreateTimeDb(const QString &blank, const QString &target)
@@ -61,7 +66,10 @@ void CreateTimeDb(const QString &blank, const QString &target)
     dao::Database copy = dao::Database::OpenDatabase(temporary);
     copy.Execute(QStringLiteral("DELETE FROM Stemp"), {}, QStringLiteral("emptying the new time database"));
     copy.Close();
-    if (!QFile::rename(temporary, target) && !FileExists(target))
+    if (QFile::rename(temporary, target))
+        return;
+    QFile::remove(temporary);
+    if (!FileExists(target)) // else another copy of the program was faster
         throw dao::Error(dao::ErrorKind::ReadOnly, QStringLiteral("making the time database"), target,
                          QStringLiteral("the new file could not be renamed"));
 }

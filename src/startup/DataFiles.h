@@ -13,7 +13,7 @@ namespace DataFiles {
 bool FileExists(const QString &path);
 
 // Copies a template under a temporary name and renames it, so that a half copy never stands under the real name. Does nothing
-// when `target` exists. False when it could not be copied.
+// when `target` exists. False when there is none in the end.
 bool CopyTemplate(const QString &source, const QString &target);
 
 // Makes an empty time database from its template; throws dao::Error.

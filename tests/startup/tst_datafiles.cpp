@@ -4,7 +4,7 @@
 #include "support/ProgramFolder.h"
 #include "support/SettableTime.h"
 
-#include <QFile>
+#include <QFileInfo>
 #include <QTest>
 
 using namespace Qt::Literals::StringLiterals;
@@ -40,6 +40,15 @@ private slots:
         folder.Sql(u"ANNA.mdb"_s, u"INSERT INTO Stemp (JobID) VALUES ('Y')"_s);
         QVERIFY(Module1::PrepareTimeDb(Anna(folder), now).message.isEmpty());
         QCOMPARE(folder.Sql(u"ANNA.mdb"_s, u"SELECT * FROM Stemp"_s).size(), 1);
+    }
+
+    void ACopyThatWasFasterWins()
+    {
+        const ProgramFolder folder;
+        folder.Write(u"ANNA.mdb"_s, "of the other copy");
+        DataFiles::CreateTimeDb(folder.File(u"Blank.mdb"_s), folder.File(u"ANNA.mdb"_s));
+        QCOMPARE(QFileInfo(folder.File(u"ANNA.mdb"_s)).size(), 17);
+        QVERIFY(folder.Names().filter(u".new"_s).isEmpty());
     }
 
     void SetsADamagedFileAside_data()
