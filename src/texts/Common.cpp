@@ -13,7 +13,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-Q_LOGGING_CATEGORY(textsLog, "stemp.texts")
+Q_LOGGING_CATEGORY(log, "stemp.texts")
 
 constexpr QLatin1String loadQuestion("Load '%1' properties from DATABASE?");
 constexpr QLatin1String saveQuestion("Save '%1' properties to DATABASE?");
@@ -40,7 +40,7 @@ void Common::SetShowToolTips(bool show)
         try {
             ApplyToolTips(*table.form, table.rows, state_.language);
         } catch (const dao::Error &error) {
-            qCWarning(textsLog).noquote() << table.form->Name() << error.Text();
+            qCWarning(log).noquote() << table.form->Name() << error.Text();
         }
     }
 }
@@ -48,8 +48,7 @@ void Common::SetShowToolTips(bool show)
 void Common::LoadProperties(Form &form)
 {
     try {
-        bool created = false;
-        dao::Recordset opened = TextTable::Open(localDB_, form.Name(), created);
+        dao::Recordset opened = TextTable::Open(localDB_, form.Name());
         opened.MoveFirst();
         const bool empty = opened.Eof();
         const bool confirmed = Confirm(form, empty ? saveQuestion : loadQuestion);
@@ -62,26 +61,25 @@ void Common::LoadProperties(Form &form)
         if (confirmed)
             TextRows::Write(localDB_, table, TextRows::Missing(form, table), u"adding the texts of "_s + form.Name());
     } catch (const dao::Error &error) {
-        qCWarning(textsLog).noquote() << form.Name() << error.Text();
+        qCWarning(log).noquote() << form.Name() << error.Text();
     }
 }
 
 void Common::SaveProperties(Form &form)
 {
-    const auto found = recordsets_.find(&form);
-    if (found == recordsets_.end() || !Confirm(form, saveQuestion))
+    auto opened = recordsets_.extract(&form);
+    if (!opened || !Confirm(form, saveQuestion))
         return;
     try {
-        dao::Recordset &table = found->second.rows;
+        dao::Recordset &table = opened.mapped().rows;
         table.Requery();
         const QList<TextRow> rows =
             TextRows::Missing(form, table)
             + TextRows::Changed(form, table, state_.language, state_.ShowToolTips.value_or(false));
         TextRows::Write(localDB_, table, rows, u"saving the texts of "_s + form.Name());
     } catch (const dao::Error &error) {
-        qCWarning(textsLog).noquote() << form.Name() << error.Text();
+        qCWarning(log).noquote() << form.Name() << error.Text();
     }
-    recordsets_.erase(found);
 }
 
 int Common::FindControlIndex(const Form &form, const QString &key)

@@ -84,7 +84,8 @@ void GroupOptionButtons(Form &form, const ControlIndex &index)
 
 void ApplyToolTip(Control &control, const dao::Recordset &row, const TextLanguage &language)
 {
-    control.SetToolTip(StoredText(row, language.TipField(), u"TipEnglish"_s));
+    if (const QString tip = StoredText(row, language.TipField(), u"TipEnglish"_s); !tip.isNull())
+        control.SetToolTip(tip);
 }
 
 void ApplyControlRow(Control &control, const dao::Recordset &row, const TextLanguage &language, bool withTips)

@@ -23,10 +23,9 @@ dao::TableDef Layout(const QString &form)
 
 } // namespace
 
-dao::Recordset TextTable::Open(dao::Database &database, const QString &form, bool &created)
+dao::Recordset TextTable::Open(dao::Database &database, const QString &form)
 {
-    created = !database.HasTable(form);
-    if (created)
+    if (!database.HasTable(form))
         database.CreateTableDef(Layout(form));
     dao::Recordset rows = database.OpenRecordset(form);
     rows.Index(nameIndex);

@@ -22,7 +22,7 @@ struct TextLanguage
 // dao::Error.
 namespace TextTable {
 
-// The table as a record set with its index NameIndex, made when missing; `created` tells.
-dao::Recordset Open(dao::Database &database, const QString &form, bool &created);
+// The table as a record set with its index NameIndex, made when missing.
+dao::Recordset Open(dao::Database &database, const QString &form);
 
 } // namespace TextTable

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "platform/dao/Database.h"
+
+#include <QFile>
+
+// A new database without tables: the engine takes a file of no bytes for one.
+inline dao::Database EmptyDatabase(const QString &path)
+{
+    QFile file(path);
+    if (file.open(QFile::WriteOnly | QFile::NewOnly))
+        file.close(); // before the engine opens it
+    return dao::Database::OpenDatabase(path);
+}
