@@ -2,8 +2,8 @@
 
 #include "ui_MessageBoard.h"
 
-MessageBoard::MessageBoard(FormServices &services, QWidget *parent)
-    : Form(QStringLiteral("MessageBoard"), services, parent), ui_(std::make_unique<Ui::MessageBoard>())
+MessageBoard::MessageBoard(FormServices &services)
+    : Form(QStringLiteral("MessageBoard"), services), ui_(std::make_unique<Ui::MessageBoard>())
 {
     ui_->setupUi(this);
     RegisterControls();

@@ -14,7 +14,7 @@ class MessageBoard : public Form
     Q_OBJECT
 
 public:
-    explicit MessageBoard(FormServices &services, QWidget *parent = nullptr);
+    explicit MessageBoard(FormServices &services);
     ~MessageBoard() override;
 
 protected:

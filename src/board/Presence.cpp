@@ -41,12 +41,6 @@ std::optional<UserRow> FindRow(const QList<UserRow> &rows, QString UserRow::*fie
 
 } // namespace
 
-std::optional<QString> Presence::FindUser(dao::Database &database, const QString &name)
-{
-    const std::optional<UserRow> row = FindRow(ReadUsers(database), &UserRow::user, name);
-    return row ? std::optional(row->user) : std::nullopt;
-}
-
 std::optional<QString> Presence::MatchLogin(dao::Database &database, const QString &login)
 {
     const QList<UserRow> rows = ReadUsers(database);

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QString>
-#include <QStringList>
 
 #include <optional>
 
@@ -14,9 +13,6 @@ class Database;
 namespace Presence {
 
 enum class State { In = -1, Out = 0, Off = 1 };
-
-// The spelling in the table of the person called `name`; nothing when there is no such row.
-std::optional<QString> FindUser(dao::Database &database, const QString &name);
 
 // The identity that a login name stands for: the row whose User is `login`, else the first whose FullName is. Upper-cased.
 std::optional<QString> MatchLogin(dao::Database &database, const QString &login);

@@ -2,6 +2,8 @@
 
 #include <QPainter>
 
+#include <algorithm>
+
 LineWidget::LineWidget(QWidget *parent) : QWidget(parent), color_(palette().color(QPalette::WindowText))
 {
     setAttribute(Qt::WA_TransparentForMouseEvents);
