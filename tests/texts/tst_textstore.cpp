@@ -2,6 +2,7 @@
 #include "platform/forms/Form.h"
 #include "platform/forms/LineWidget.h"
 #include "support/AnsweredPrompts.h"
+#include "support/ProgramFolder.h"
 #include "texts/Common.h"
 
 #include <QCheckBox>
@@ -12,7 +13,6 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTableWidget>
-#include <QTemporaryDir>
 #include <QTest>
 
 using namespace Qt::Literals::StringLiterals;
@@ -103,19 +103,248 @@ class TextStoreTest : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
-    void ATableIsSeededFromTheDesign_data();
-    void ATableIsSeededFromTheDesign();
-    void MissingRowsAreSeededAndUnknownOnesKept();
-    void ChangesLiveThroughARestart();
-    void RepeatedLoadingChangesNoNumber();
-    void FieldsThatDoNotFitAreSkipped();
-    void DanishFallsBackToEnglish();
-    void RowsBringMembersToLife();
-    void ToolTipsLiveThroughBeingOff();
-    void VisibilityNeedsItsColumn();
-    void TheMakersAreAsked();
-    void AFailingDatabaseLosesNothing();
+    void init()
+    {
+        db_.reset();
+        folder_ = std::make_unique<ProgramFolder>();
+        db_ = std::make_unique<dao::Database>(dao::Database::OpenDatabase(folder_->File(u"blank Stemp.mdb"_s)));
+    }
+
+    void ATableIsSeededFromTheDesign()
+    {
+        const Run run(*db_, {}); // whether tips are shown is not known yet
+        QCOMPARE(AllRows().size(), controlCount + 1);
+        QCOMPARE(Stored(u"Me"_s, u"CapEnglish"_s), u"Stemp Administration"_s);
+        QCOMPARE(Stored(u"Me"_s, u"CapDanish"_s), u"Stemp-administration"_s);
+        QCOMPARE(Stored(u"Labels(2)"_s, u"CapDanish"_s), u"Brugernavn:"_s);
+        QCOMPARE(Stored(u"Labels(2)"_s, u"Top"_s), 750.0);
+        for (const QString &field : {u"TipEnglish"_s, u"HelpEnglish"_s})
+            QCOMPARE(Stored(u"OKButton"_s, field), okTip);
+        QCOMPARE(Stored(u"OKButton"_s, u"Tag"_s), u"design"_s);
+        QCOMPARE(Stored(u"DaysInGrid"_s, u"Value"_s), u"7"_s);
+        QVERIFY(Stored(u"DaysInGrid"_s, u"CapEnglish"_s).isNull()); // a text box has no caption
+        QCOMPARE(Stored(u"Line1"_s, u"Width"_s), 4635.0);           // the end point
+        QCOMPARE(Stored(u"UserGrid"_s, u"CapEnglish"_s), u"User|State|Job|"_s);
+        QCOMPARE(Stored(u"Options(0)"_s, u"Value"_s), u"-1"_s);
+    }
+
+    void MissingRowsAreSeededAndUnknownOnesKept()
+    {
+        Seed();
+        Sql(u"DELETE FROM AdminForm WHERE Name = 'OKButton'"_s);
+        for (const QString &key : {u"Gone"_s, u"Labels(x)"_s, u"Shapes(1)"_s, u"Labels(08)"_s, u"Commands(1)"_s})
+            Sql(u"INSERT INTO AdminForm (Name, CapEnglish) VALUES (?, 'x')"_s, {key});
+        QCOMPARE(qsizetype(Run(*db_, tipsOff).window.Controls().size()), controlCount);
+        QCOMPARE(AllRows().size(), controlCount + 1 + 5);
+        QCOMPARE(Stored(u"OKButton"_s, u"TipEnglish"_s), okTip);
+        QCOMPARE(Stored(u"Gone"_s, u"CapEnglish"_s), u"x"_s);
+    }
+
+    void ChangesLiveThroughARestart()
+    {
+        const Geometry windowPlace{1500, 750, 9000, 6280};
+        const Geometry okPlace{100.5, 200.25, 1500, 360};
+        const Geometry lineEnds{3000, 3000, 150, 4000};
+        {
+            Run run(*db_);
+            Window &window = run.window;
+            window.setWindowTitle(awkward);
+            window.SetStoredGeometry(windowPlace);
+            Control &ok = window.At(u"OKButton"_s);
+            ok.SetCaption(awkward);
+            ok.SetToolTip(awkward);
+            ok.SetTag({});
+            ok.SetPlace(okPlace);
+            window.At(u"Line1"_s).SetPlace(lineEnds);
+            window.days->setText(QString());
+            window.check->setChecked(true);
+            window.option[1]->setChecked(true);
+            window.grid->setColumnWidth(1, 80);
+            window.grid->horizontalHeaderItem(2)->setText(u"Opgave"_s);
+        }
+        Store(u"Me"_s, u"Value"_s, u"42"_s);
+        for (int restart = 0; restart < 2; ++restart) {
+            const Run run(*db_);
+            const Window &window = run.window;
+            QCOMPARE(window.FormValue, 42);
+            QCOMPARE(window.windowTitle(), awkward);
+            QCOMPARE(window.StoredGeometry(), windowPlace);
+            const Control &ok = window.At(u"OKButton"_s);
+            // What was emptied does not come back from the design.
+            QCOMPARE(QStringList({*ok.Caption(), ok.ToolTip(), ok.Tag()}), QStringList({awkward, awkward, {}}));
+            QCOMPARE(ok.Place(), okPlace);
+            QCOMPARE(window.At(u"Line1"_s).Place(), lineEnds);
+            QCOMPARE(window.days->text(), QString());
+            QVERIFY(window.check->isChecked());
+            QVERIFY(window.option[1]->isChecked() && !window.option[0]->isChecked());
+            QCOMPARE(window.option[1]->parentWidget(), window.At(u"Frames(0)"_s).Widget());
+            QCOMPARE(window.grid->columnWidth(1), 80);
+            QCOMPARE(window.At(u"UserGrid"_s).Caption(), u"User|State|Opgave|"_s);
+        }
+    }
+
+    void RepeatedLoadingChangesNoNumber()
+    {
+        Seed();
+        Sql(u"UPDATE AdminForm SET \"Left\" = \"Left\" + 6.3, Top = Top + 6.3, Width = Width + 6.3, Height = Height + 6.3"_s);
+        Sql(u"UPDATE AdminForm SET \"Left\" = 6.3, Top = 6.3 WHERE Name = 'Me'"_s); // on a screen of any size
+        const QList<QVariantList> before = AllRows();
+        for (int i = 0; i < 5; ++i) {
+            Run run(*db_);
+            run.window.show();
+        }
+        QCOMPARE(AllRows(), before);
+    }
+
+    void FieldsThatDoNotFitAreSkipped()
+    {
+        Seed();
+        Store(u"OKButton"_s, u"Left"_s, {});
+        Store(u"OKButton"_s, u"Top"_s, u"12,5"_s);
+        Store(u"OKButton"_s, u"Width"_s, 1e300);
+        Store(u"OKButton"_s, u"Height"_s, 450);
+        Store(u"TipsCheck"_s, u"Value"_s, u"maybe"_s);
+        Store(u"TipsCheck"_s, u"CapEnglish"_s, u""_s);
+        Store(u"Me"_s, u"Value"_s, u"99999"_s);
+        Store(u"Me"_s, u"Left"_s, -500);
+        const Run run(*db_);
+        const Window &window = run.window;
+        QCOMPARE(window.At(u"OKButton"_s).Place(), (Geometry{1500, 150, 1200, 450}));
+        QVERIFY(!window.check->isChecked());
+        QCOMPARE(window.check->text(), QString()); // an empty caption is one
+        QCOMPARE(window.FormValue, 0);
+        QCOMPARE(window.StoredGeometry().left, 0.0);
+    }
+
+    void DanishFallsBackToEnglish()
+    {
+        Seed();
+        Store(u"Labels(1)"_s, u"CapDanish"_s, u""_s);
+        Store(u"OKButton"_s, u"TipDanish"_s, {});
+        Store(u"Me"_s, u"CapDanish"_s, u""_s);
+        {
+            const Run run(*db_, {{u"Danish"_s}, true, false});
+            QCOMPARE(run.window.At(u"Labels(0)"_s).Caption(), u"Brugernavn:"_s);
+            QCOMPARE(run.window.At(u"Labels(1)"_s).Caption(), u"User Name:"_s);
+            QCOMPARE(run.window.At(u"OKButton"_s).ToolTip(), okTip);
+            QCOMPARE(run.window.windowTitle(), QString());
+            run.window.check->setText(u"Tips vises"_s);
+        }
+        QCOMPARE(Stored(u"Labels(1)"_s, u"CapDanish"_s), u"User Name:"_s); // as it was shown
+        QCOMPARE(Stored(u"TipsCheck"_s, u"CapDanish"_s), u"Tips vises"_s);
+        QCOMPARE(Stored(u"TipsCheck"_s, u"CapEnglish"_s), u"&ToolTips"_s);
+    }
+
+    void RowsBringMembersToLife()
+    {
+        Seed();
+        const QString insert = u"INSERT INTO AdminForm (Name, CapEnglish, Value, \"Left\", Top, Width, Height) "
+                               "VALUES (?, ?, ?, 150, 300, 1500, 300)"_s;
+        Sql(insert, {u"Labels(7)"_s, u"Seven"_s, {}});
+        Sql(insert, {u"Options(12)"_s, u"Twelve"_s, u"-1"_s});
+        Sql(insert, {u"Options(13)"_s, u"Thirteen"_s, u"0"_s});
+        for (int restart = 0; restart < 2; ++restart) {
+            const Run run(*db_);
+            const Window &window = run.window;
+            QCOMPARE(window.At(u"Labels(7)"_s).Caption(), u"Seven"_s);
+            QCOMPARE(window.At(u"Labels(7)"_s).Visible(), true);
+            QCOMPARE(window.At(u"Labels(7)"_s).Place(), (Geometry{150, 300, 1500, 300}));
+            const Control &twelve = window.At(u"Options(12)"_s);
+            QCOMPARE(twelve.Widget()->parentWidget(), window.At(u"Frames(1)"_s).Widget());
+            QVERIFY(twelve.Visible() == true && twelve.Value() == u"-1"_s);
+            QCOMPARE(window.At(u"Options(13)"_s).Value(), u"0"_s);
+            QVERIFY(window.option[0]->isChecked());                     // in frame 0
+            QCOMPARE(Common::FindControlIndex(window, u"Labels"_s), 0); // a bare name means the first member
+            QCOMPARE(Common::FindControlIndex(window, u"OKButton(0)"_s), -1);
+        }
+    }
+
+    void ToolTipsLiveThroughBeingOff()
+    {
+        {
+            const Run run(*db_, tipsOff);
+            QCOMPARE(run.window.At(u"OKButton"_s).ToolTip(), QString()); // though its table was only just made
+            run.window.At(u"OKButton"_s).SetToolTip(u"not to be kept"_s);
+        }
+        QCOMPARE(Stored(u"OKButton"_s, u"TipEnglish"_s), okTip);
+        Store(u"OKButton"_s, u"TipEnglish"_s, awkward);
+        for (const bool show : {false, true, false, true}) {
+            const QString expected = show ? awkward : QString();
+            Run run(*db_, {}); // loads before the option is known
+            run.common.SetShowToolTips(show);
+            QCOMPARE(run.window.At(u"OKButton"_s).ToolTip(), expected);
+            run.window.Unload();
+            run.window.Load();
+            QCOMPARE(run.window.At(u"OKButton"_s).ToolTip(), expected);
+        }
+        {
+            const Run neverKnown(*db_, {});
+        }
+        QCOMPARE(Stored(u"OKButton"_s, u"TipEnglish"_s), awkward);
+        Store(u"OKButton"_s, u"TipEnglish"_s, {});
+        QCOMPARE(Run(*db_).window.At(u"OKButton"_s).ToolTip(), okTip); // as nobody has said otherwise
+    }
+
+    void VisibilityNeedsItsColumn()
+    {
+        QCOMPARE(Run(*db_).window.At(u"Secret"_s).Visible(), false);
+        Sql(u"ALTER TABLE AdminForm ADD COLUMN visible INTEGER"_s);
+        Store(u"Secret"_s, u"Visible"_s, -1);
+        Store(u"OKButton"_s, u"Visible"_s, 0);
+        Run run(*db_);
+        QCOMPARE(run.window.At(u"Secret"_s).Visible(), true);
+        QCOMPARE(run.window.At(u"OKButton"_s).Visible(), false);
+        QCOMPARE(run.window.At(u"TipsCheck"_s).Visible(), true); // its row does not say
+        for (const bool show : {false, true}) { // the visible state of a window that is not shown is not stored
+            run.window.setVisible(show);
+            run.window.At(u"Secret"_s).SetVisible(false);
+            run.common.SaveProperties(run.window);
+            QCOMPARE(Stored(u"Secret"_s, u"Visible"_s).toInt(), show ? 0 : -1);
+        }
+    }
+
+    void TheMakersAreAsked()
+    {
+        const QString load = u"Load 'AdminForm' properties from DATABASE?"_s;
+        const QString save = u"Save 'AdminForm' properties to DATABASE?"_s;
+        Run run(*db_, {{}, true, true}, false);
+        run.window.Unload();
+        QVERIFY(AllRows().isEmpty());
+        QCOMPARE(run.prompts.messages, QStringList({save, save}));
+        Seed();
+        Store(u"DaysInGrid"_s, u"Value"_s, u"30"_s);
+        run.window.Load();
+        QCOMPARE(run.window.days->text(), u"7"_s);
+        run.window.Unload();
+        QCOMPARE(Stored(u"DaysInGrid"_s, u"Value"_s), u"30"_s);
+        QCOMPARE(run.prompts.messages.mid(2), QStringList({load, save}));
+    }
+
+    void AFailingDatabaseLosesNothing()
+    {
+        {
+            const Run run(*db_);
+            run.window.days->setText(u"30"_s);
+        }
+        db_->SetBusyWait(std::chrono::milliseconds(0));
+        dao::Database other = dao::Database::OpenDatabase(db_->Path());
+        const QRegularExpression logged(u"AdminForm"_s);
+        {
+            QTest::ignoreMessage(QtWarningMsg, logged);
+            other.Execute(u"BEGIN EXCLUSIVE"_s, {}, u"test"_s);
+            const Run unread(*db_);
+            other.Execute(u"ROLLBACK"_s, {}, u"test"_s);
+            QCOMPARE(unread.window.days->text(), u"7"_s);
+        }
+        QCOMPARE(Stored(u"DaysInGrid"_s, u"Value"_s), u"30"_s);
+        Run unwritten(*db_);
+        unwritten.window.days->setText(u"31"_s);
+        QTest::ignoreMessage(QtWarningMsg, logged);
+        other.Execute(u"BEGIN IMMEDIATE"_s, {}, u"test"_s);
+        unwritten.window.Unload();
+        other.Execute(u"ROLLBACK"_s, {}, u"test"_s);
+        QCOMPARE(Stored(u"DaysInGrid"_s, u"Value"_s), u"30"_s);
+    }
 
 private:
     void Sql(const QString &statement, const QVariantList &values = {}) { db_->Execute(statement, values, u"test"_s); }
@@ -131,269 +360,9 @@ private:
     QList<QVariantList> AllRows() { return db_->Select(u"SELECT * FROM AdminForm ORDER BY Id"_s, {}, u"test"_s); }
     void Seed() { const Run run(*db_); }
 
-    std::unique_ptr<QTemporaryDir> folder_;
+    std::unique_ptr<ProgramFolder> folder_;
     std::unique_ptr<dao::Database> db_;
 };
-
-void TextStoreTest::init()
-{
-    db_.reset();
-    folder_ = std::make_unique<QTemporaryDir>();
-    db_ = std::make_unique<dao::Database>(dao::Database::CreateDatabase(folder_->filePath(u"anna Stemp.mdb"_s)));
-}
-
-void TextStoreTest::ATableIsSeededFromTheDesign_data()
-{
-    QTest::addColumn<QVariant>("value");
-    QTest::newRow("Me CapEnglish") << QVariant(u"Stemp Administration"_s);
-    QTest::newRow("Me CapDanish") << QVariant(u"Stemp-administration"_s);
-    QTest::newRow("Labels(2) CapDanish") << QVariant(u"Brugernavn:"_s);
-    QTest::newRow("Labels(2) Top") << QVariant(750.0);
-    QTest::newRow("OKButton TipEnglish") << QVariant(okTip);
-    QTest::newRow("OKButton HelpEnglish") << QVariant(okTip);
-    QTest::newRow("OKButton Tag") << QVariant(u"design"_s);
-    QTest::newRow("DaysInGrid Value") << QVariant(u"7"_s);
-    QTest::newRow("DaysInGrid CapEnglish") << QVariant(QMetaType::fromType<QString>()); // a text box has no caption
-    QTest::newRow("Line1 Width") << QVariant(4635.0);                                   // the end point
-    QTest::newRow("UserGrid CapEnglish") << QVariant(u"User|State|Job|"_s);
-    QTest::newRow("Options(0) Value") << QVariant(u"-1"_s);
-}
-
-void TextStoreTest::ATableIsSeededFromTheDesign()
-{
-    QFETCH(QVariant, value);
-    const QStringList keyAndField = QString::fromLatin1(QTest::currentDataTag()).split(u' ');
-    const Run run(*db_, {}); // whether tips are shown is not known yet
-    QCOMPARE(Stored(keyAndField[0], keyAndField[1]), value);
-    QCOMPARE(AllRows().size(), controlCount + 1);
-}
-
-void TextStoreTest::MissingRowsAreSeededAndUnknownOnesKept()
-{
-    Seed();
-    Sql(u"DELETE FROM AdminForm WHERE Name = 'OKButton'"_s);
-    for (const QString &key : {u"Gone"_s, u"Labels(x)"_s, u"Shapes(1)"_s, u"Labels(08)"_s, u"Commands(1)"_s})
-        Sql(u"INSERT INTO AdminForm (Name, CapEnglish) VALUES (?, 'x')"_s, {key});
-    QCOMPARE(qsizetype(Run(*db_, tipsOff).window.Controls().size()), controlCount);
-    QCOMPARE(AllRows().size(), controlCount + 1 + 5);
-    QCOMPARE(Stored(u"OKButton"_s, u"TipEnglish"_s), okTip);
-    QCOMPARE(Stored(u"Gone"_s, u"CapEnglish"_s), u"x"_s);
-}
-
-void TextStoreTest::ChangesLiveThroughARestart()
-{
-    const Geometry windowPlace{1500, 750, 9000, 6280};
-    const Geometry okPlace{100.5, 200.25, 1500, 360};
-    const Geometry lineEnds{3000, 3000, 150, 4000};
-    {
-        Run run(*db_);
-        Window &window = run.window;
-        window.setWindowTitle(awkward);
-        window.SetStoredGeometry(windowPlace);
-        Control &ok = window.At(u"OKButton"_s);
-        ok.SetCaption(awkward);
-        ok.SetToolTip(awkward);
-        ok.SetTag({});
-        ok.SetPlace(okPlace);
-        window.At(u"Line1"_s).SetPlace(lineEnds);
-        window.days->setText(QString());
-        window.check->setChecked(true);
-        window.option[1]->setChecked(true);
-        window.grid->setColumnWidth(1, 80);
-        window.grid->horizontalHeaderItem(2)->setText(u"Opgave"_s);
-    }
-    Store(u"Me"_s, u"Value"_s, u"42"_s);
-    for (int restart = 0; restart < 2; ++restart) {
-        const Run run(*db_);
-        const Window &window = run.window;
-        QCOMPARE(window.FormValue, 42);
-        QCOMPARE(window.windowTitle(), awkward);
-        QCOMPARE(window.StoredGeometry(), windowPlace);
-        const Control &ok = window.At(u"OKButton"_s);
-        // What was emptied does not come back from the design.
-        QCOMPARE(QStringList({*ok.Caption(), ok.ToolTip(), ok.Tag()}), QStringList({awkward, awkward, {}}));
-        QCOMPARE(ok.Place(), okPlace);
-        QCOMPARE(window.At(u"Line1"_s).Place(), lineEnds);
-        QCOMPARE(window.days->text(), QString());
-        QVERIFY(window.check->isChecked());
-        QVERIFY(window.option[1]->isChecked() && !window.option[0]->isChecked());
-        QCOMPARE(window.option[1]->parentWidget(), window.At(u"Frames(0)"_s).Widget());
-        QCOMPARE(window.grid->columnWidth(1), 80);
-        QCOMPARE(window.At(u"UserGrid"_s).Caption(), u"User|State|Opgave|"_s);
-    }
-}
-
-void TextStoreTest::RepeatedLoadingChangesNoNumber()
-{
-    Seed();
-    Sql(u"UPDATE AdminForm SET \"Left\" = \"Left\" + 6.3, Top = Top + 6.3, Width = Width + 6.3, Height = Height + 6.3"_s);
-    Sql(u"UPDATE AdminForm SET \"Left\" = 6.3, Top = 6.3 WHERE Name = 'Me'"_s); // on a screen of any size
-    const QList<QVariantList> before = AllRows();
-    for (int i = 0; i < 5; ++i) {
-        Run run(*db_);
-        run.window.show();
-    }
-    QCOMPARE(AllRows(), before);
-}
-
-void TextStoreTest::FieldsThatDoNotFitAreSkipped()
-{
-    Seed();
-    Store(u"OKButton"_s, u"Left"_s, {});
-    Store(u"OKButton"_s, u"Top"_s, u"12,5"_s);
-    Store(u"OKButton"_s, u"Width"_s, 1e300);
-    Store(u"OKButton"_s, u"Height"_s, 450);
-    Store(u"TipsCheck"_s, u"Value"_s, u"maybe"_s);
-    Store(u"TipsCheck"_s, u"CapEnglish"_s, u""_s);
-    Store(u"UserGrid"_s, u"Value"_s, u"1200;800;"_s);
-    Store(u"Me"_s, u"Value"_s, u"99999"_s);
-    Store(u"Me"_s, u"Left"_s, -500);
-    const Run run(*db_);
-    const Window &window = run.window;
-    QCOMPARE(window.At(u"OKButton"_s).Place(), (Geometry{1500, 150, 1200, 450}));
-    QVERIFY(!window.check->isChecked());
-    QCOMPARE(window.check->text(), QString()); // an empty caption is one
-    QCOMPARE(window.grid->columnWidth(0), 80);
-    QCOMPARE(window.grid->columnWidth(2), window.grid->horizontalHeader()->defaultSectionSize());
-    QCOMPARE(window.FormValue, 0);
-    QCOMPARE(window.StoredGeometry().left, 0.0);
-}
-
-void TextStoreTest::DanishFallsBackToEnglish()
-{
-    Seed();
-    Store(u"Labels(1)"_s, u"CapDanish"_s, u""_s);
-    Store(u"OKButton"_s, u"TipDanish"_s, {});
-    Store(u"Me"_s, u"CapDanish"_s, u""_s);
-    {
-        const Run run(*db_, {{u"Danish"_s}, true, false});
-        QCOMPARE(run.window.At(u"Labels(0)"_s).Caption(), u"Brugernavn:"_s);
-        QCOMPARE(run.window.At(u"Labels(1)"_s).Caption(), u"User Name:"_s);
-        QCOMPARE(run.window.At(u"OKButton"_s).ToolTip(), okTip);
-        QCOMPARE(run.window.windowTitle(), QString());
-        run.window.check->setText(u"Tips vises"_s);
-    }
-    QCOMPARE(Stored(u"Labels(1)"_s, u"CapDanish"_s), u"User Name:"_s); // as it was shown
-    QCOMPARE(Stored(u"TipsCheck"_s, u"CapDanish"_s), u"Tips vises"_s);
-    QCOMPARE(Stored(u"TipsCheck"_s, u"CapEnglish"_s), u"&ToolTips"_s);
-    QCOMPARE(Run(*db_).window.windowTitle(), u"Stemp Administration"_s);
-}
-
-void TextStoreTest::RowsBringMembersToLife()
-{
-    Seed();
-    const QString insert = u"INSERT INTO AdminForm (Name, CapEnglish, Value, \"Left\", Top, Width, Height) "
-                           "VALUES (?, ?, ?, 150, 300, 1500, 300)"_s;
-    Sql(insert, {u"Labels(7)"_s, u"Seven"_s, {}});
-    Sql(insert, {u"Options(12)"_s, u"Twelve"_s, u"-1"_s});
-    Sql(insert, {u"Options(13)"_s, u"Thirteen"_s, u"0"_s});
-    for (int restart = 0; restart < 2; ++restart) {
-        const Run run(*db_);
-        const Window &window = run.window;
-        QCOMPARE(window.At(u"Labels(7)"_s).Caption(), u"Seven"_s);
-        QCOMPARE(window.At(u"Labels(7)"_s).Visible(), true);
-        QCOMPARE(window.At(u"Labels(7)"_s).Place(), (Geometry{150, 300, 1500, 300}));
-        QCOMPARE(window.At(u"Options(12)"_s).Widget()->parentWidget(), window.At(u"Frames(1)"_s).Widget());
-        QCOMPARE(window.At(u"Options(12)"_s).Visible(), true);
-        QCOMPARE(window.At(u"Options(12)"_s).Value(), u"-1"_s);
-        QCOMPARE(window.At(u"Options(13)"_s).Value(), u"0"_s);
-        QVERIFY(window.option[0]->isChecked());                     // in frame 0
-        QCOMPARE(Common::FindControlIndex(window, u"Labels"_s), 0); // a bare name means the first member
-        QCOMPARE(Common::FindControlIndex(window, u"OKButton(0)"_s), -1);
-    }
-}
-
-void TextStoreTest::ToolTipsLiveThroughBeingOff()
-{
-    {
-        const Run run(*db_, tipsOff);
-        QCOMPARE(run.window.At(u"OKButton"_s).ToolTip(), QString()); // though its table was only just made
-        run.window.At(u"OKButton"_s).SetToolTip(u"not to be kept"_s);
-    }
-    QCOMPARE(Stored(u"OKButton"_s, u"TipEnglish"_s), okTip);
-    Store(u"OKButton"_s, u"TipEnglish"_s, awkward);
-    for (const bool show : {false, true, false, true}) {
-        const QString expected = show ? awkward : QString();
-        Run run(*db_, {}); // loads before the option is known
-        run.common.SetShowToolTips(show);
-        QCOMPARE(run.window.At(u"OKButton"_s).ToolTip(), expected);
-        run.window.Unload();
-        run.window.Load();
-        QCOMPARE(run.window.At(u"OKButton"_s).ToolTip(), expected);
-    }
-    {
-        const Run neverKnown(*db_, {});
-    }
-    QCOMPARE(Stored(u"OKButton"_s, u"TipEnglish"_s), awkward);
-}
-
-void TextStoreTest::VisibilityNeedsItsColumn()
-{
-    {
-        Run run(*db_);
-        run.window.show();
-        QCOMPARE(run.window.At(u"Secret"_s).Visible(), false);
-    }
-    Sql(u"ALTER TABLE AdminForm ADD COLUMN visible INTEGER"_s);
-    Store(u"Secret"_s, u"Visible"_s, -1);
-    Store(u"OKButton"_s, u"Visible"_s, 0);
-    for (const bool show : {false, true}) {
-        Run run(*db_);
-        QCOMPARE(run.window.At(u"Secret"_s).Visible(), true);
-        QCOMPARE(run.window.At(u"OKButton"_s).Visible(), false);
-        QCOMPARE(run.window.At(u"TipsCheck"_s).Visible(), true); // its row does not say
-        run.window.setVisible(show);
-        run.window.At(u"Secret"_s).SetVisible(false);
-        run.window.Unload();
-        QCOMPARE(Stored(u"Secret"_s, u"Visible"_s).toInt(), show ? 0 : -1);
-    }
-}
-
-void TextStoreTest::TheMakersAreAsked()
-{
-    const QString load = u"Load 'AdminForm' properties from DATABASE?"_s;
-    const QString save = u"Save 'AdminForm' properties to DATABASE?"_s;
-    Run run(*db_, {{}, true, true}, false);
-    run.window.Unload();
-    QVERIFY(AllRows().isEmpty());
-    run.prompts.yes = true;
-    run.window.Load();
-    QCOMPARE(AllRows().size(), controlCount + 1);
-    run.prompts.yes = false;
-    run.window.Unload();
-    Store(u"DaysInGrid"_s, u"Value"_s, u"30"_s);
-    run.window.Load();
-    QCOMPARE(run.window.days->text(), u"7"_s);
-    run.window.Unload();
-    QCOMPARE(Stored(u"DaysInGrid"_s, u"Value"_s), u"30"_s);
-    QCOMPARE(run.prompts.messages, QStringList({save, save, save, save, load, save}));
-}
-
-void TextStoreTest::AFailingDatabaseLosesNothing()
-{
-    {
-        const Run run(*db_);
-        run.window.days->setText(u"30"_s);
-    }
-    db_->SetBusyWait(std::chrono::milliseconds(0));
-    dao::Database other = dao::Database::OpenDatabase(db_->Path());
-    const QRegularExpression logged(u"AdminForm"_s);
-    {
-        QTest::ignoreMessage(QtWarningMsg, logged);
-        other.Execute(u"BEGIN EXCLUSIVE"_s, {}, u"test"_s);
-        const Run unread(*db_);
-        other.Execute(u"ROLLBACK"_s, {}, u"test"_s);
-        QCOMPARE(unread.window.days->text(), u"7"_s);
-    }
-    QCOMPARE(Stored(u"DaysInGrid"_s, u"Value"_s), u"30"_s);
-    Run unwritten(*db_);
-    unwritten.window.days->setText(u"31"_s);
-    QTest::ignoreMessage(QtWarningMsg, logged);
-    other.Execute(u"BEGIN IMMEDIATE"_s, {}, u"test"_s);
-    unwritten.window.Unload();
-    other.Execute(u"ROLLBACK"_s, {}, u"test"_s);
-    QCOMPARE(Stored(u"DaysInGrid"_s, u"Value"_s), u"30"_s);
-}
 
 } // namespace
 
