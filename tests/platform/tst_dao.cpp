@@ -4,6 +4,7 @@
 #include "platform/dao/Error.h"
 #include "platform/dao/Recordset.h"
 #include "platform/dao/TableDef.h"
+#include "support/EmptyDatabase.h"
 
 #include <QDir>
 #include <QFile>
@@ -35,7 +36,7 @@ template <class Work> std::optional<ErrorKind> KindThrownBy(Work work)
 
 int CountPeople(Database &database)
 {
-    return database.OpenRecordset(u"People"_s).RecordCount();
+    return database.Select(u"SELECT count(*) FROM People"_s, {}, u"counting"_s)[0][0].toInt();
 }
 
 void AddPerson(Database &database, const QString &name)
@@ -63,7 +64,7 @@ private:
     QString NewFile()
     {
         const QString path = NewPath();
-        Database::CreateDatabase(path).CreateTableDef(people);
+        EmptyDatabase(path).CreateTableDef(people);
         return path;
     }
 
@@ -73,7 +74,7 @@ private slots:
         for (const QString &name :
              {u"ÆØÅ æøå"_s, u"100% 50%25"_s, u"what?mode=memory"_s, u"a#b;c&d=e"_s, u"it's \"so\""_s}) {
             const QString path = folder_.filePath(name + u".mdb"_s);
-            Database::CreateDatabase(path).CreateTableDef(people);
+            EmptyDatabase(path).CreateTableDef(people);
             QVERIFY(QDir(folder_.path()).entryList(QDir::Files).contains(name + u".mdb"_s));
             QVERIFY(Database::OpenDatabase(path).HasTable(u"people"_s));
         }
@@ -89,10 +90,19 @@ private slots:
         const QString cut = NewFile();
         QVERIFY(QFile::resize(cut, QFile(cut).size() / 2));
         QCOMPARE(KindThrownBy([&] { Database::OpenDatabase(cut); }), ErrorKind::Corrupt);
+    }
 
-        const QString existing = NewFile();
-        QVERIFY(KindThrownBy([&] { Database::CreateDatabase(existing); }).has_value());
-        QVERIFY(Database::OpenDatabase(existing).HasTable(u"People"_s));
+    void LeavesAnotherProgramsWriteAheadLogAlone()
+    {
+        QFile file(NewFile());
+        Database::OpenDatabase(file.fileName()).Select(u"PRAGMA journal_mode = WAL"_s, {}, u"a test"_s);
+        QVERIFY(file.open(QFile::ReadOnly));
+        const QByteArray before = file.readAll();
+        file.close();
+        QCOMPARE(KindThrownBy([&] { Database::OpenDatabase(file.fileName()); }), ErrorKind::Other);
+        QVERIFY(file.open(QFile::ReadOnly));
+        QCOMPARE(file.readAll(), before);
+        QVERIFY(!QFile::exists(file.fileName() + u"-wal"_s));
     }
 
     void WhatCannotBeWrittenCanBeRead()

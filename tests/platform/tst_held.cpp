@@ -1,7 +1,7 @@
 #include "OrdinaryUser.h"
 #include "platform/dao/Database.h"
-#include "platform/dao/Recordset.h"
 #include "platform/dao/TableDef.h"
+#include "support/EmptyDatabase.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -93,7 +93,7 @@ private:
     QString NewFile()
     {
         const QString path = folder_.filePath(u"%1.mdb"_s.arg(++files_));
-        Database database = Database::CreateDatabase(path);
+        Database database = EmptyDatabase(path);
         for (const QString &table : tables)
             database.CreateTableDef({table, {{u"Name"_s, u"TEXT"_s}}, {}});
         Transaction transaction(database, u"preparing"_s);
@@ -107,6 +107,11 @@ private:
     {
         QFile file(path);
         return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    static int Count(Database &database)
+    {
+        return database.Select(u"SELECT count(*) FROM Projects"_s, {}, u"counting"_s)[0][0].toInt();
     }
 
 private slots:
@@ -124,7 +129,7 @@ private slots:
         QCOMPARE(third.failure, HeldFailure::None);
         // Writing and reading do not let go of it.
         third.database.Insert(u"INSERT INTO Projects (Name) VALUES ('a')"_s, {}, u"writing"_s);
-        QCOMPARE(third.database.OpenRecordset(u"Projects"_s).RecordCount(), 201);
+        QCOMPARE(Count(third.database), 201);
         Copy fourth(path);
         fourth.Go();
         QCOMPARE(fourth.Answer(), u"refused"_s);
@@ -144,7 +149,7 @@ private slots:
         Held held = Database::OpenHeld(path, tables);
         QCOMPARE(held.failure, HeldFailure::None);
         QVERIFY(held.database.Select(u"SELECT 1 FROM Projects WHERE Name = 'lost'"_s, {}, u"reading"_s).isEmpty());
-        QCOMPARE(held.database.OpenRecordset(u"Projects"_s).RecordCount(), 200);
+        QCOMPARE(Count(held.database), 200);
     }
 
     void OneWinnerInARace()
@@ -170,6 +175,14 @@ private slots:
         Database other = Database::OpenDatabase(path);
         const Transaction transaction(other, u"being in the way"_s);
         QCOMPARE(Database::OpenHeld(path, tables).failure, HeldFailure::InUseElsewhere);
+    }
+
+    void PutsTheJournalModeOfItsFileRight()
+    {
+        const QString path = NewFile();
+        Database::OpenDatabase(path).Select(u"PRAGMA journal_mode = WAL"_s, {}, u"another program's change"_s);
+        QCOMPARE(Database::OpenHeld(path, tables).failure, HeldFailure::None);
+        QVERIFY(Database::OpenDatabase(path).HasTable(u"Projects"_s));
     }
 
     void JudgesWithoutTouching_data()

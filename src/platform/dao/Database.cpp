@@ -60,11 +60,11 @@ Error MakeError(const QSqlError &error, const QString &purpose, const QString &f
 
 // The driver creates a missing file unless a URI says otherwise. A share "//server/folder" needs the two slashes before it
 // as any other path does, or its server would be taken for the URI's host, which SQLite refuses.
-QString Uri(const QString &path, const QString &mode)
+QString Uri(const QString &path)
 {
     const QString absolute = QDir::fromNativeSeparators(QFileInfo(path).absoluteFilePath());
     const QString root = absolute.startsWith(u'/') ? u"file://"_s : u"file:///"_s;
-    return root % QString::fromLatin1(QUrl::toPercentEncoding(absolute, "/:")) % u"?mode="_s % mode;
+    return root % QString::fromLatin1(QUrl::toPercentEncoding(absolute, "/:")) % u"?mode=rw"_s;
 }
 
 QVariant Stored(const QVariant &value)
@@ -106,7 +106,7 @@ Database::~Database() = default;
 Database::Database(Database &&other) noexcept = default;
 Database &Database::operator=(Database &&other) noexcept = default;
 
-Database Database::Connect(const QString &path, const QString &mode, std::chrono::milliseconds busyWait)
+Database Database::Connect(const QString &path, std::chrono::milliseconds busyWait)
 {
     // Its sums of memory in use take a lock at each allocation, for which threads that read long lists at the same time would
     // queue. Refused, and not needed, where something else has used the library before.
@@ -118,7 +118,7 @@ Database Database::Connect(const QString &path, const QString &mode, std::chrono
     connection.path = path;
     connection.name = u"dao-%1"_s.arg(++count);
     connection.session = QSqlDatabase::addDatabase(u"QSQLITE"_s, connection.name);
-    connection.session.setDatabaseName(Uri(path, mode));
+    connection.session.setDatabaseName(Uri(path));
     connection.session.setConnectOptions(u"QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=%1"_s.arg(busyWait.count()));
     if (!connection.session.open())
         throw MakeError(connection.session.lastError(), u"opening a database"_s, path);
@@ -142,7 +142,8 @@ void Database::SetUp()
     const QString purpose = u"setting up a database"_s;
     // Reading the schema also tells at once what is no database.
     Select(u"SELECT count(*) FROM sqlite_master"_s, {}, purpose);
-    const QString mode = Select(u"PRAGMA journal_mode = DELETE"_s, {}, purpose).value(0).value(0).toString();
+    // A mode that is set would be written to the file, which may be another program's.
+    const QString mode = Select(u"PRAGMA journal_mode"_s, {}, purpose).value(0).value(0).toString();
     Execute(u"PRAGMA synchronous = FULL"_s, {}, purpose);
     const int synchronous = Select(u"PRAGMA synchronous"_s, {}, purpose).value(0).value(0).toInt();
     constexpr int full = 2;
@@ -155,21 +156,8 @@ Database Database::OpenDatabase(const QString &path, std::chrono::milliseconds b
 {
     if (!QFileInfo(path).isFile())
         throw Error(ErrorKind::CannotOpen, u"opening a database"_s, path, u"no such file"_s);
-    Database database = Connect(path, u"rw"_s, busyWait);
+    Database database = Connect(path, busyWait);
     database.SetUp();
-    return database;
-}
-
-Database Database::CreateDatabase(const QString &path)
-{
-    const QString purpose = u"creating a database"_s;
-    if (QFileInfo::exists(path))
-        throw Error(ErrorKind::CannotOpen, purpose, path, u"the file exists already"_s);
-    Database database = Connect(path, u"rwc"_s, defaultBusyWait);
-    database.SetUp();
-    Transaction transaction(database,
-                            purpose); // writes the header: a file of no bytes is no database to other programs
-    transaction.Commit();
     return database;
 }
 
@@ -326,18 +314,6 @@ QStringList Database::FieldNames(const QString &table)
     return names;
 }
 
-QStringList Database::ResultFieldNames(const QString &select)
-{
-    const QString purpose = u"reading the fields of a query"_s;
-    QSqlQuery query(Connected(purpose).session);
-    Run(query, u"SELECT * FROM (\n"_s % select % u"\n) LIMIT 0"_s, {}, purpose); // names only, no row is looked for
-    const QSqlRecord record = query.record();
-    QStringList names;
-    for (int column = 0; column < record.count(); ++column)
-        names.append(record.fieldName(column));
-    return names;
-}
-
 void Database::CreateTableDef(const TableDef &table)
 {
     const QString purpose = u"creating a table"_s;
@@ -359,9 +335,9 @@ void Database::CreateTableDef(const TableDef &table)
         transaction->Commit();
 }
 
-Recordset Database::OpenRecordset(const QString &tableOrSelect)
+Recordset Database::OpenRecordset(const QString &table)
 {
-    return {*this, tableOrSelect};
+    return {*this, table};
 }
 
 void Database::RegisterFunctions(std::function<QDateTime()> now)

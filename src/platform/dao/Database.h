@@ -40,11 +40,10 @@ class Database
 public:
     static constexpr std::chrono::milliseconds defaultBusyWait{2000};
 
-    // Opens an existing file, with rollback journal DELETE and synchronous FULL, both verified: fit for a file that several
-    // machines share. Never creates a file. A file that is no database gives ErrorKind::Corrupt.
+    // Opens an existing file, with rollback journal DELETE and synchronous FULL: fit for a file that several machines share.
+    // Never creates a file. One that is no database gives ErrorKind::Corrupt; one that keeps a write-ahead log, as other
+    // programs' files may, ErrorKind::Other, and stays as it is.
     static Database OpenDatabase(const QString &path, std::chrono::milliseconds busyWait = defaultBusyWait);
-    // Makes a new, empty database; the file must not exist.
-    static Database CreateDatabase(const QString &path);
     // Opens a file for this process alone, until it is closed or the process ends in whatever way: the per-login file. Tells
     // how that failed instead of throwing. The file must have all of `requiredTables`.
     static Held OpenHeld(const QString &path, const QStringList &requiredTables);
@@ -74,11 +73,9 @@ public:
 
     bool HasTable(const QString &table);          // without regard to case
     QStringList FieldNames(const QString &table); // empty when there is no such table
-    QStringList ResultFieldNames(const QString &select);
-    void CreateTableDef(const TableDef &table); // with its "Id INTEGER PRIMARY KEY" and its indexes
+    void CreateTableDef(const TableDef &table);   // with its "Id INTEGER PRIMARY KEY" and its indexes
 
-    // A record set on a table, or on the result of a SELECT.
-    Recordset OpenRecordset(const QString &tableOrSelect);
+    Recordset OpenRecordset(const QString &table);
 
     // Makes Now, CInt, Day, Month and Year known to this connection's statements, with `now` as the time. Now is in days.
     void RegisterFunctions(std::function<QDateTime()> now);
@@ -92,7 +89,7 @@ private:
         qint64 lastId = 0; // that of the newest row of this connection
     };
 
-    static Database Connect(const QString &path, const QString &mode, std::chrono::milliseconds busyWait);
+    static Database Connect(const QString &path, std::chrono::milliseconds busyWait);
     void SetUp();
     void Run(QSqlQuery &query, const QString &sql, const QVariantList &values, const QString &purpose);
     Change RunChange(const QString &sql, const QVariantList &values, const QString &purpose);

@@ -20,19 +20,16 @@ enum class ErrorKind {
 class Error : public std::exception
 {
 public:
-    Error(ErrorKind kind, QString purpose, QString file, QString detail);
+    // `purpose` says what the operation was for, "adding a time row"; `detail` what the engine said.
+    Error(ErrorKind kind, const QString &purpose, const QString &file, const QString &detail);
 
     ErrorKind Kind() const { return kind_; }
-    const QString &Purpose() const { return purpose_; } // what the statement was for, "adding a time row"
-    const QString &File() const { return file_; }
-    QString Text() const; // purpose, file and the engine's own words on one line
+    const QString &Text() const { return text_; } // purpose, file and the engine's own words on one line
     const char *what() const noexcept override { return utf8_.constData(); }
 
 private:
     ErrorKind kind_;
-    QString purpose_;
-    QString file_;
-    QString detail_;
+    QString text_;
     QByteArray utf8_;
 };
 

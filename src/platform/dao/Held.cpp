@@ -40,7 +40,7 @@ Held Database::OpenHeld(const QString &path, const QStringList &requiredTables)
         return held;
     }
     try {
-        Database database = Connect(path, u"rw"_s, startWait);
+        Database database = Connect(path, startWait);
         held.failure = database.Hold(requiredTables, held.detail);
         if (held.failure == HeldFailure::None)
             held.database = std::move(database);
@@ -74,6 +74,8 @@ HeldFailure Database::Hold(const QStringList &requiredTables, QString &detail)
         begin();
         Execute(u"PRAGMA locking_mode = EXCLUSIVE"_s, {}, purpose);
         Execute(u"COMMIT"_s, {}, purpose);
+        // It is the program's own, and its alone: the mode in which another program left it is put right.
+        Select(u"PRAGMA journal_mode = DELETE"_s, {}, purpose);
     } catch (const Error &error) {
         if (error.Kind() != ErrorKind::Busy)
             throw;

@@ -12,15 +12,9 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace dao {
 
-Recordset::Recordset(Database &database, const QString &tableOrSelect) : database_(&database)
+Recordset::Recordset(Database &database, const QString &table)
+    : database_(&database), table_(table), fields_(database.FieldNames(table))
 {
-    if (tableOrSelect.startsWith("SELECT "_L1, Qt::CaseInsensitive)) {
-        select_ = tableOrSelect;
-        fields_ = database.ResultFieldNames(select_);
-        return;
-    }
-    table_ = tableOrSelect;
-    fields_ = database.FieldNames(table_);
     idColumn_ = Column(u"Id"_s);
     Require(idColumn_ >= 0, fields_.isEmpty() ? u"no such table"_s : u"the table has no Id"_s);
     QStringList names;
@@ -55,7 +49,7 @@ void Recordset::Require(bool condition, const QString &otherwise) const
 
 QString Recordset::Purpose(const QString &doing) const
 {
-    return doing % u' ' % (table_.isEmpty() ? u"a query"_s : u"table "_s % table_);
+    return doing % u" table "_s % table_;
 }
 
 qsizetype Recordset::Column(const QString &name) const
@@ -69,16 +63,14 @@ qsizetype Recordset::Column(const QString &name) const
 void Recordset::Read()
 {
     Database &database = Opened();
-    QString order;
-    if (!table_.isEmpty())
-        order = u" ORDER BY "_s % (indexField_.isEmpty() ? QString() : Quoted(indexField_) % u", "_s) % u"Id"_s;
+    const QString order =
+        u" ORDER BY "_s % (indexField_.isEmpty() ? QString() : Quoted(indexField_) % u", "_s) % u"Id"_s;
     rows_ = database.Select(select_ % order, {}, Purpose(u"reading"_s));
 }
 
 void Recordset::Index(const QString &name)
 {
     Database &database = Opened();
-    Require(!table_.isEmpty(), u"a query has no index"_s);
     const QList<QVariantList> indexes = database.Select(
         u"SELECT list.name, field.name FROM pragma_index_list(?) AS list, pragma_index_info(list.name) AS field "
         "WHERE field.seqno = 0"_s,
@@ -123,13 +115,6 @@ void Recordset::MoveFirst()
     MoveTo(0);
 }
 
-void Recordset::MoveLast()
-{
-    if (!rows_)
-        Read();
-    MoveTo(rows_->size() - 1);
-}
-
 void Recordset::MoveNext()
 {
     if (!rows_) {
@@ -168,18 +153,6 @@ bool Recordset::Eof() const
     return !current_;
 }
 
-int Recordset::RecordCount()
-{
-    if (!rows_ && !table_.isEmpty()) {
-        const QList<QVariantList> count =
-            Opened().Select(u"SELECT count(*) FROM "_s % Quoted(table_), {}, Purpose(u"counting"_s));
-        return count.constFirst().constFirst().toInt();
-    }
-    if (!rows_)
-        Read();
-    return static_cast<int>(rows_->size());
-}
-
 bool Recordset::HasField(const QString &name) const
 {
     return Column(name) >= 0;
@@ -197,14 +170,14 @@ QVariant Recordset::Field(const QString &name) const
 
 void Recordset::AddNew()
 {
-    Require(!table_.isEmpty(), u"only a table takes new rows"_s);
+    Opened();
     edited_ = QVariantList(fields_.size());
     editing_ = Editing::NewRow;
 }
 
 void Recordset::Edit()
 {
-    Require(!table_.isEmpty() && current_, u"there is no row to edit"_s);
+    Require(current_.has_value(), u"there is no row to edit"_s);
     edited_ = QVariantList(fields_.size());
     editing_ = Editing::CurrentRow;
 }
@@ -254,7 +227,7 @@ QVariantList Recordset::Write(const QString &sql, const QVariantList &values, co
 
 void Recordset::Delete()
 {
-    Require(!table_.isEmpty() && current_, u"there is no row to delete"_s);
+    Require(current_.has_value(), u"there is no row to delete"_s);
     Opened().Execute(u"DELETE FROM "_s % Quoted(table_) % u" WHERE Id = ?"_s, {current_->at(idColumn_)},
                      Purpose(u"deleting from"_s));
     editing_ = Editing::Nothing;

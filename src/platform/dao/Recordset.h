@@ -11,9 +11,8 @@ namespace dao {
 
 class Database;
 
-// A cursor over the rows of a table or of a SELECT, in the words of DAO. Opening reads nothing of the rows; the first
-// move reads them all, to the end, into memory, so no lock outlives a call. On a table, rows are edited and deleted by
-// their Id, and Seek asks the file. Field names are matched without regard to case. Every operation throws dao::Error;
+// A cursor over the rows of a table, in the words of DAO. Opening reads nothing of the rows; the first move reads them all, to
+// the end, into memory, so no lock outlives a call. Rows are edited and deleted by their Id, and Seek asks the file. Field names are matched without regard to case. Every operation throws dao::Error;
 // reading a field that does not exist, or where no row is current, gives an invalid QVariant, writing one is ignored.
 //
 // It must not outlive its Database, nor its Database be moved meanwhile.
@@ -26,19 +25,16 @@ public:
     void Close();
     void Requery(); // forgets the rows read; the next move reads them anew
 
-    // Tables only: the order of the rows, and the key of Seek. Throws when the table has no such index.
+    // The order of the rows, and the key of Seek. Throws when the table has no such index.
     void Index(const QString &name);
     // Positions on the first row whose index key equals `key`; NoMatch() tells.
     void Seek(const QVariant &key);
     bool NoMatch() const { return noMatch_; }
 
     void MoveFirst(); // on an empty record set Eof() becomes true
-    void MoveLast();
     void MoveNext();  // after Seek and Update, on from that row; after Delete, to the row that followed the deleted one
     bool Eof() const; // also before the first move and when nothing is current
-    int RecordCount();
 
-    QStringList FieldNames() const { return fields_; }
     bool HasField(const QString &name) const;
     QVariant Field(const QString &name) const;
 
@@ -52,7 +48,7 @@ public:
 
 private:
     friend class Database;
-    Recordset(Database &database, const QString &tableOrSelect);
+    Recordset(Database &database, const QString &table);
 
     enum class Editing { Nothing, NewRow, CurrentRow };
 
@@ -66,7 +62,7 @@ private:
     QVariantList Write(const QString &sql, const QVariantList &values, const QString &purpose);
 
     Database *database_ = nullptr;
-    QString table_;      // empty for a SELECT
+    QString table_;
     QString columns_;    // the table's fields, quoted
     QString select_;     // the statement that reads the rows, without its order
     QString indexField_; // empty: the rows stand in the order of their Id

@@ -8,8 +8,10 @@
 namespace dao {
 
 namespace {
-Q_LOGGING_CATEGORY(lcDao, "stemp.dao")
-}
+
+Q_LOGGING_CATEGORY(log, "stemp.dao")
+
+} // namespace
 
 Transaction::Transaction(Database &database, QString purpose) : database_(database), purpose_(std::move(purpose))
 {
@@ -24,7 +26,7 @@ Transaction::~Transaction()
     try {
         database_.Execute(QStringLiteral("ROLLBACK"), {}, purpose_);
     } catch (const Error &error) { // no destructor may throw; the connection's end rolls back too
-        qCWarning(lcDao) << error.what();
+        qCWarning(log).noquote() << error.Text();
     }
 }
 
