@@ -44,6 +44,8 @@ int main(int argc, char *argv[])
         endWhenBoth();
     });
     QObject::connect(&program.jobDatabase, &JobDatabase::JobListFilled, &application, [&] {
+        if (program.lists.CompanyList.IsEmpty())
+            return; // emptied, as another file comes into use
         ReportTime("lists", argv[1]);
         filled = true;
         endWhenBoth();
