@@ -79,7 +79,7 @@ void PickList::PlaceXList()
 void PickList::ShowCurrentJob()
 {
     textUtil_.setText(clock_.CurrentJob);
-    textUtil_.selectAll(); // so that typing begins a new search
+    textUtil_.setCursorPosition(0); // a long text shows its beginning
     textUtilControl_.SetToolTip({});
 }
 
@@ -107,6 +107,9 @@ void PickList::ChooseList(ListMode mode)
 
 bool PickList::TextUtil_KeyDown(const QKeyEvent &event)
 {
+    const bool types = !event.text().isEmpty() && event.text().front().isPrint();
+    if (types && textUtil_.text() == clock_.CurrentJob)
+        textUtil_.selectAll(); // typing over the current job begins a new search
     const bool down = event.key() == Qt::Key_Down;
     if (!IsListVisible()) {
         if (!down && event.key() != Qt::Key_F4)
