@@ -96,41 +96,22 @@ private slots:
         QCOMPARE(copy_->lists.PersonalList.Count(), 1);
     }
 
-    void PickingKeepsTheLists_data()
-    {
-        QTest::addColumn<ListMode>("mode");
-        QTest::addColumn<QStringList>("recent");
-        QTest::addColumn<QStringList>("personal");
-
-        const QStringList one = {u"1 : Roof"_s};
-        const QStringList both = {u"1 : Roof"_s, u"2 : Cellar"_s};
-        QTest::newRow("no list yet") << ListMode::None << one << one;
-        QTest::newRow("recent") << ListMode::Recent << one << both;
-        QTest::newRow("personal") << ListMode::Personal << both << one;
-        QTest::newRow("company") << ListMode::Company << both << both;
-    }
-
     void PickingKeepsTheLists()
     {
-        QFETCH(ListMode, mode);
-        JobLists &lists = copy_->lists;
-        lists.RecentList.Assign({u"1 : Roof"_s});
-        lists.PersonalList.Assign({u"1 : Roof"_s});
-        lists.Mode = mode;
-        for (const QString &item : {u"1 : Roof"_s, u"2 : Cellar"_s, u"2 : Cellar"_s})
-            copy_->clock.StempIn(item, QString());
-        QTEST(lists.RecentList.Items(), "recent");
-        QTEST(lists.PersonalList.Items(), "personal");
-        QCOMPARE(copy_->stored, lists.PersonalList.Count() > 1 ? QStringList{u"2|Cellar"_s} : QStringList());
-    }
-
-    void OutGivesTheRowsOwnText()
-    {
-        copy_->lists.Mode = ListMode::Personal;
-        copy_->clock.StempIn(u"Lunch"_s, QString());
-        copy_->clock.StempOut();
-        QCOMPARE(copy_->clock.state.CurrentJob, u"Lunch : "_s);
-        QCOMPARE(copy_->lists.RecentList.Items(), QStringList({u"Lunch"_s, u"Lunch : "_s}));
+        const QStringList one = {u"1 : Roof"_s};
+        const QStringList both = {u"1 : Roof"_s, u"2 : Cellar"_s};
+        for (const ListMode mode : {ListMode::None, ListMode::Recent, ListMode::Personal, ListMode::Company}) {
+            init();
+            JobLists &lists = copy_->lists;
+            lists.RecentList.Assign(one);
+            lists.PersonalList.Assign(one);
+            lists.Mode = mode;
+            for (const QString &item : both + both)
+                copy_->clock.StempIn(item, QString());
+            QCOMPARE(lists.RecentList.Items(), mode == ListMode::None || mode == ListMode::Recent ? one : both);
+            QCOMPARE(lists.PersonalList.Items(), mode == ListMode::None || mode == ListMode::Personal ? one : both);
+            QCOMPARE(copy_->stored, lists.PersonalList.Count() > 1 ? QStringList{u"2|Cellar"_s} : QStringList());
+        }
     }
 
     void TakesUpTheLastRow()

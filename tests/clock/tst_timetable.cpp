@@ -153,29 +153,30 @@ private slots:
         QCOMPARE(Texts(table_->Rows(RollBackQuery(4))), later);
     }
 
-    void OpenOrLastRow_data()
-    {
-        QTest::addColumn<QString>("rows"); // in, out
-        QTest::addColumn<qint64>("id");
-        QTest::addColumn<bool>("open");
-
-        QTest::newRow("empty") << QString() << qint64(0) << false;
-        QTest::newRow("closed") << u"(46000, 46001), (46002, 46003)"_s << qint64(2) << false;
-        QTest::newRow("open and last") << u"(46000, 46001), (46002, NULL)"_s << qint64(2) << true;
-        QTest::newRow("open, of a year ago") << u"(45600, NULL), (46002, 46003)"_s << qint64(1) << true;
-        QTest::newRow("open, clock set back") << u"(46002.1, 46002.2), (46002, NULL)"_s << qint64(2) << true;
-        QTest::newRow("two open") << u"(46000, NULL), (46002, NULL), (46003, 46004)"_s << qint64(2) << true;
-        QTest::newRow("no in-time is not open") << u"(46000, 46001), (NULL, NULL)"_s << qint64(2) << false;
-    }
-
     void OpenOrLastRow()
     {
-        QFETCH(QString, rows);
-        if (!rows.isEmpty())
-            Sql(u"INSERT INTO Stemp (StempInTime, StempOutTime) VALUES "_s + rows);
-        const TimeRowPtr row = table_->OpenOrLastRow();
-        QTEST(row ? row->id : qint64(0), "id");
-        QTEST(row && row->IsOpen(), "open");
+        struct Case
+        {
+            QString rows; // in, out
+            qint64 id;
+            bool open;
+        };
+        const Case cases[] = {
+            {u"(46000, 46001), (46002, 46003)"_s, 2, false},
+            {u"(46000, 46001), (46002, NULL)"_s, 2, true},
+            {u"(45600, NULL), (46002, 46003)"_s, 1, true},     // of a year ago
+            {u"(46002.1, 46002.2), (46002, NULL)"_s, 2, true}, // the clock was set back
+            {u"(46000, NULL), (46002, NULL), (46003, 46004)"_s, 2, true},
+            {u"(46000, 46001), (NULL, NULL)"_s, 2, false}, // no in-time is not open
+        };
+        QVERIFY(!table_->OpenOrLastRow());
+        for (const Case &each : cases) {
+            Sql(u"DELETE FROM Stemp"_s);
+            Sql(u"INSERT INTO Stemp (StempInTime, StempOutTime) VALUES "_s + each.rows);
+            const TimeRowPtr row = table_->OpenOrLastRow();
+            QCOMPARE(row->id, each.id);
+            QCOMPARE(row->IsOpen(), each.open);
+        }
     }
 
 private:

@@ -11,7 +11,6 @@
 #include <QDateEdit>
 #include <QHeaderView>
 #include <QLabel>
-#include <QSignalSpy>
 #include <QTableWidget>
 #include <QTest>
 
@@ -114,20 +113,6 @@ private slots:
         }
     }
 
-    void AColumnThatAPersonMadeWider()
-    {
-        TestForm form(services_);
-        Control *grid = form.At(u"Grid"_s);
-        grid->SetValue(u"1204;804;904;"_s);
-        auto *view = form.WidgetAt<QTableView>(u"Grid"_s);
-        view->setColumnWidth(1, 60);
-        QCOMPARE(*grid->Value(), u"1204;900;904;"_s);
-        view->horizontalHeader()->setStretchLastSection(true);
-        form.show();
-        QVERIFY(view->columnWidth(2) > 100);
-        QCOMPARE(*grid->Value(), u"1204;900;904;"_s);
-    }
-
     void ValuesAreFreeOfTheLocale()
     {
         QDateEdit date;
@@ -190,21 +175,6 @@ private slots:
         QCOMPARE(values(), u"0 0 -1"_s);
         form.At(u"Frames(0)"_s)->SetVisible(false);
         QCOMPARE(*form.At(u"Options(1)"_s)->Visible(), true); // its own flag
-    }
-
-    void RowsTellNoMoreThanChanged()
-    {
-        RowsModel model({u"Job"_s, u"Hours"_s});
-        model.SetRows({{u"A"_s, 1.5}, {u"B"_s, 2}});
-        QSignalSpy resets(&model, &QAbstractItemModel::modelReset);
-        QSignalSpy changes(&model, &QAbstractItemModel::dataChanged);
-        model.SetRows({{u"A"_s, 1.5}, {u"B"_s, 3}});
-        QCOMPARE(changes.size(), 1);
-        QCOMPARE(changes.first().first().toModelIndex().row(), 1);
-        QCOMPARE(resets.size(), 0);
-        model.SetRows({{u"A"_s}});
-        QCOMPARE(resets.size(), 1);
-        QVERIFY(!model.index(0, 1).data().isValid()); // a short row
     }
 };
 

@@ -67,21 +67,6 @@ private slots:
         }
     }
 
-    void ResizeIsForTheNormalState()
-    {
-        RememberingServices services;
-        TestForm form(services);
-        form.Load();
-        form.show();
-        QVERIFY(form.happened.contains(u"resize"_s));
-        form.happened.clear();
-        form.showMaximized();
-        QTRY_VERIFY(form.frameGeometry().width() >= form.screen()->availableGeometry().width());
-        QVERIFY(!form.happened.contains(u"resize"_s));
-        form.showNormal();
-        QTRY_VERIFY(form.happened.contains(u"resize"_s));
-    }
-
     void KeysGoWhereTheyBelong_data()
     {
         QTest::addColumn<QString>("focus");

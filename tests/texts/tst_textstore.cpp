@@ -291,14 +291,14 @@ private slots:
         Sql(u"ALTER TABLE AdminForm ADD COLUMN visible INTEGER"_s);
         Store(u"Secret"_s, u"Visible"_s, -1);
         Store(u"OKButton"_s, u"Visible"_s, 0);
-        Run run(*db_);
-        QCOMPARE(run.window.At(u"Secret"_s).Visible(), true);
-        QCOMPARE(run.window.At(u"OKButton"_s).Visible(), false);
-        QCOMPARE(run.window.At(u"TipsCheck"_s).Visible(), true); // its row does not say
-        for (const bool show : {false, true}) { // the visible state of a window that is not shown is not stored
+        for (const bool show : {false, true}) {
+            Run run(*db_);
+            QCOMPARE(run.window.At(u"Secret"_s).Visible(), true);
+            QCOMPARE(run.window.At(u"OKButton"_s).Visible(), false);
+            QCOMPARE(run.window.At(u"TipsCheck"_s).Visible(), true); // its row does not say
             run.window.setVisible(show);
             run.window.At(u"Secret"_s).SetVisible(false);
-            run.common.SaveProperties(run.window);
+            run.window.Unload();
             QCOMPARE(Stored(u"Secret"_s, u"Visible"_s).toInt(), show ? 0 : -1);
         }
     }
