@@ -84,35 +84,25 @@ private slots:
         QVERIFY(query.Undecided());
     }
 
-    void OneClickActs_data()
-    {
-        QTest::addColumn<int>("option");
-        QTest::addColumn<QString>("way");
-        for (const int option : {1, 3})
-            for (const char *way : {"mouse", "space", "enter", "keypad enter", "escape", "frame"})
-                QTest::addRow("option %d, %s", option, way) << option << QString::fromLatin1(way);
-    }
-
     void OneClickActs()
     {
-        QFETCH(int, option);
-        QFETCH(QString, way);
-        const QMap<QString, Qt::Key> keys{{u"space"_s, Qt::Key_Space},
-                                          {u"enter"_s, Qt::Key_Return},
-                                          {u"keypad enter"_s, Qt::Key_Enter},
-                                          {u"escape"_s, Qt::Key_Escape}};
-        Query query;
-        query.Show();
-        query.time.Advance(90);
-        if (way != "mouse"_L1)
-            query.Choose(option);
-        if (way == "mouse"_L1)
-            QTest::mouseClick(query.Option(option), Qt::LeftButton, {}, QPoint(10, 10));
-        else if (way == "frame"_L1)
-            query.form.close();
-        else
-            QTest::keyClick(query.Option(option), keys[way]);
-        QVERIFY(option == 1 ? query.Remained() : query.OutAt(query.time.now));
+        const QMap<QByteArray, Qt::Key> keys{
+            {"space", Qt::Key_Space}, {"enter", Qt::Key_Return}, {"keypad", Qt::Key_Enter}, {"escape", Qt::Key_Escape}};
+        for (const int option : {1, 3})
+            for (const QByteArray &way : keys.keys() + QList<QByteArray>{"mouse", "frame"}) {
+                Query query;
+                query.Show();
+                query.time.Advance(90);
+                if (way != "mouse")
+                    query.Choose(option);
+                if (way == "mouse")
+                    QTest::mouseClick(query.Option(option), Qt::LeftButton, {}, QPoint(10, 10));
+                else if (way == "frame")
+                    query.form.close();
+                else
+                    QTest::keyClick(query.Option(option), keys[way]);
+                QVERIFY2(option == 1 ? query.Remained() : query.OutAt(query.time.now), way.constData());
+            }
     }
 
     void ArrowsOnlySelect()
@@ -129,30 +119,22 @@ private slots:
         QVERIFY(query.Undecided());
     }
 
-    void TypedTime_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QTime>("time");
-        QTest::addColumn<QString>("warning");
-        QTest::newRow("past") << "8:30" << QTime(8, 30) << "";
-        QTest::newRow("future") << "1000" << QTime(10, 0) << "You are stemping out in the FUTURE! (but that's ok)";
-        QTest::newRow("before in") << "7.59" << QTime(7, 59)
-                                   << "You are stemping out EARLIER than IN! (if I could turn back time...)";
-    }
-
     void TypedTime()
     {
-        QFETCH(QString, text);
-        QFETCH(QTime, time);
-        QFETCH(QString, warning);
-        Query query;
-        query.Show();
-        query.Type(text);
-        QVERIFY(query.Option(2)->isChecked());
-        QVERIFY(query.Undecided());
-        QTest::keyClick(query.Box(), Qt::Key_Return);
-        QVERIFY(query.OutAt(query.At(time.hour(), time.minute())));
-        QCOMPARE(query.prompts.messages.join(QString()), warning);
+        const QString future = u"You are stemping out in the FUTURE! (but that's ok)"_s;
+        const QString earlier = u"You are stemping out EARLIER than IN! (if I could turn back time...)"_s;
+        for (const auto &[text, time, warning] : {std::tuple{u"8:30"_s, QTime(8, 30), QString()},
+                                                  {u"1000"_s, QTime(10, 0), future},
+                                                  {u"7.59"_s, QTime(7, 59), earlier}}) {
+            Query query;
+            query.Show();
+            query.Type(text);
+            QVERIFY(query.Option(2)->isChecked());
+            QVERIFY(query.Undecided());
+            QTest::keyClick(query.Box(), Qt::Key_Return);
+            QVERIFY(query.OutAt(query.At(time.hour(), time.minute())));
+            QCOMPARE(query.prompts.messages.join(QString()), warning);
+        }
     }
 
     void ButtonChoosesTheTimeFirst()
@@ -167,31 +149,25 @@ private slots:
         QVERIFY(query.OutAt(query.time.now));
     }
 
-    void BadTextStays_data()
-    {
-        QTest::addColumn<QString>("way");
-        for (const char *way : {"button", "enter", "escape", "frame"})
-            QTest::newRow(way) << way;
-    }
-
     void BadTextStays()
     {
-        QFETCH(QString, way);
-        Query query;
-        query.Show();
-        query.Type(u"25:00"_s);
-        if (way == "button"_L1)
-            QTest::mouseClick(query.Button(), Qt::LeftButton);
-        else if (way == "frame"_L1)
-            QVERIFY(!query.form.close());
-        else
-            QTest::keyClick(query.Box(), way == "enter"_L1 ? Qt::Key_Enter : Qt::Key_Escape);
-        QCOMPARE(query.prompts.messages.size(), 1);
-        QVERIFY(query.Undecided());
-        QCOMPARE(query.Box()->selectedText(), u"25:00"_s);
-        query.Type(u"8:45"_s);
-        query.form.close();
-        QVERIFY(query.OutAt(query.At(8, 45)));
+        for (const QByteArray way : {"button", "enter", "escape", "frame"}) {
+            Query query;
+            query.Show();
+            query.Type(u"25:00"_s);
+            if (way == "button")
+                QTest::mouseClick(query.Button(), Qt::LeftButton);
+            else if (way == "frame")
+                QVERIFY(!query.form.close());
+            else
+                QTest::keyClick(query.Box(), way == "enter" ? Qt::Key_Enter : Qt::Key_Escape);
+            QCOMPARE(query.prompts.messages.size(), 1);
+            QVERIFY(query.Undecided());
+            QCOMPARE(query.Box()->selectedText(), u"25:00"_s);
+            query.Type(u"8:45"_s);
+            query.form.close();
+            QVERIFY(query.OutAt(query.At(8, 45)));
+        }
     }
 
     void AbandonedMidway()

@@ -115,30 +115,26 @@ private slots:
         }
     }
 
-    void Path_data()
-    {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("kept");
-        QTest::addColumn<bool>("autoUpdate");
-        QTest::newRow("another file") << newPath << newPath << true;
-        QTest::newRow("no file") << "/nowhere/Jobs.mdb" << oldPath << true;
-        QTest::newRow("the program's own") << ownPath << ownPath << false;
-        QTest::newRow("unchanged though out of reach") << oldPath << oldPath << true;
-    }
-
     void Path()
     {
-        QFETCH(QString, typed);
-        QFETCH(QString, kept);
-        QFETCH(bool, autoUpdate);
-        Settings settings;
-        settings.Type(settings.Path(), typed);
-        settings.PressOK();
-        QCOMPARE(settings.form.CurrentOptions().EnterpriseMDBText, kept);
-        QCOMPARE(settings.Path()->text(), kept);
-        QCOMPARE(settings.form.CurrentOptions().AutoUpdate, autoUpdate);
-        QCOMPARE(settings.Check("AutoCheck")->isEnabled(), autoUpdate);
-        QCOMPARE(settings.Check("AutoCheck")->isChecked(), autoUpdate);
+        struct Case
+        {
+            QString typed, kept;
+            bool autoUpdate;
+        };
+        for (const auto &[typed, kept, autoUpdate] : {Case{newPath, newPath, true},
+                                                      {u"/nowhere/Jobs.mdb"_s, oldPath, true},
+                                                      {ownPath, ownPath, false},
+                                                      {oldPath, oldPath, true}}) { // unchanged though out of reach
+            Settings settings;
+            settings.Type(settings.Path(), typed);
+            settings.PressOK();
+            QCOMPARE(settings.form.CurrentOptions().EnterpriseMDBText, kept);
+            QCOMPARE(settings.Path()->text(), kept);
+            QCOMPARE(settings.form.CurrentOptions().AutoUpdate, autoUpdate);
+            QCOMPARE(settings.Check("AutoCheck")->isEnabled(), autoUpdate);
+            QCOMPARE(settings.Check("AutoCheck")->isChecked(), autoUpdate);
+        }
     }
 
     void PicksTheFile()
