@@ -81,6 +81,24 @@ private slots:
         QCOMPARE(*services.stored, expected);
     }
 
+    void AResizedDesignKeepsItsInside()
+    {
+        RememberingServices services;
+        TestForm form(services);
+        form.Load();
+        form.show();
+        QTRY_VERIFY(form.IsSettled());
+        QCOMPARE(form.size(), QSize(540, 300));
+        form.resize(540, 340);
+        form.Unload();
+
+        TestForm again(services);
+        again.Load();
+        again.show();
+        QTRY_VERIFY(again.IsSettled());
+        QCOMPARE(again.size(), QSize(540, 340));
+    }
+
     void KeptOnScreen()
     {
         const QMap<double, double> kept{{-1, 0}, {0, 0}, {11900, 11900}, {11900.5, 0}};
