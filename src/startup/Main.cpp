@@ -33,7 +33,7 @@ bool Main::Run()
     PrepareTimeDb();
     program_.FillPersonalList(); // before the first window, which has to wait for the fonts
     LoadWindows();
-    if (!ended_) // else the session ended while something was asked
+    if (!ended_)
         SettleOpenRow();
     if (ended_)
         return false;
@@ -132,7 +132,10 @@ void Main::LoadWindows()
     messageBoard_ = std::make_unique<MessageBoard>(*common_);
     messageBoard_->Load();
     ApplySettings();
-    OpenTimeDb();
+    if (!ended_)
+        OpenTimeDb();
+    if (ended_) // the session ended while something was asked
+        return;
     stempWin_ = std::make_unique<StempWin>(*common_, prompts_,
                                            StempWinParts{program_.clock, program_.timeTable, program_.lists,
                                                          program_.jobDatabase, program_.identity, program_.options,

@@ -47,11 +47,13 @@ void Program::AddPersonalJob(const JobItem &job)
 
 bool Program::CloseDatabases()
 {
+    if (closed_)
+        return *closed_;
     timeTable.Close();
-    const bool answered = jobDatabase.Close(exitLimit);
-    if (!answered)
+    closed_ = jobDatabase.Close(exitLimit);
+    if (!*closed_)
         qCWarning(log) << "the job database does not answer at exit";
     PersonalJobsRs.Close();
     LocalDB.Close();
-    return answered;
+    return *closed_;
 }

@@ -10,6 +10,8 @@
 #include "startup/JobDatabase.h"
 #include "texts/TextState.h"
 
+#include <optional>
+
 class System;
 class TimeSource;
 
@@ -38,8 +40,10 @@ public:
 
     // Closes the time database, the job database and LocalDB, in that order. False when the job database does not answer: its
     // thread is left behind then, and the process must end without waiting for it.
-    bool CloseDatabases(); // again: nothing
+    bool CloseDatabases(); // again: says the same
 
 private:
     void AddPersonalJob(const JobItem &job);
+
+    std::optional<bool> closed_; // what CloseDatabases said
 };
