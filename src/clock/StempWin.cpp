@@ -24,7 +24,7 @@ constexpr QRgb green = 0xff008000;
 constexpr QRgb red = 0xffc00000;
 constexpr QRgb noteColor = 0xfffff0a0;
 
-constexpr double leastWidth = 6280; // twips, the frame included
+constexpr double leastWidth = 6280; // twips; the frame comes on top
 constexpr double gridMargin = 280;  // twips: what the grid is narrower than the window
 constexpr double gridBottom = 120;  // twips left free below the grid
 constexpr double leastGridHeight = 500;
