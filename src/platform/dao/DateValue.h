@@ -7,8 +7,8 @@
 
 // Dates as the databases store them: REAL days since 30 December 1899, wall-clock time, the time of day as fraction.
 //
-// In code a date is a QDateTime with Qt::UTC as its time specification, carrying wall-clock numbers: no zone arithmetic
-// ever touches it, so 02:30 of the night in which that hour is skipped survives. Exact to the second.
+// In code a date is a QDateTime in Qt::UTC that carries wall-clock numbers: no zone arithmetic ever touches it, so 02:30 of
+// the night in which that hour is skipped survives. Exact to the second.
 namespace dao {
 
 QDateTime WallTime(const QDate &date, const QTime &time);

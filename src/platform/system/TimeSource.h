@@ -8,7 +8,7 @@ class TimeSource
 public:
     virtual ~TimeSource() = default;
 
-    // The present wall-clock time, to the second (cut, not rounded), as platform/dao/DateValue.h lays it down: Qt::UTC as
-    // time specification, local numbers.
+    // The present wall-clock time, to the second (cut, not rounded), as platform/dao/DateValue.h lays it down: in Qt::UTC,
+    // with local numbers.
     virtual QDateTime Now() const;
 };
