@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListView>
+#include <QMouseEvent>
 
 namespace {
 
@@ -142,20 +143,24 @@ bool PickList::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == &xList_ && event->type() == QEvent::FocusIn && !xList_.currentIndex().isValid())
         xList_.setCurrentIndex(model_.index(0));
-    if (watched == &textUtil_)
-        TextUtil_Mouse(*event);
+    const bool isMouse = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonRelease
+                         || event->type() == QEvent::MouseButtonDblClick;
+    if (watched == &textUtil_ && isMouse)
+        TextUtil_Mouse(static_cast<const QMouseEvent &>(*event));
     return QObject::eventFilter(watched, event);
 }
 
-void PickList::TextUtil_Mouse(const QEvent &event)
+void PickList::TextUtil_Mouse(const QMouseEvent &event)
 {
+    if (event.button() != Qt::LeftButton)
+        return;
     // A click is a press and its release without text being selected; the release that ends a double click is none.
-    if (event.type() == QEvent::MouseButtonPress)
+    if (event.type() == QEvent::MouseButtonPress) {
         pressed_ = true;
-    else if (event.type() == QEvent::MouseButtonDblClick) {
+    } else if (event.type() == QEvent::MouseButtonDblClick) {
         pressed_ = false;
         TextUtil_DblClick();
-    } else if (event.type() == QEvent::MouseButtonRelease && pressed_) {
+    } else if (pressed_) {
         pressed_ = false;
         if (!textUtil_.hasSelectedText())
             TextUtil_Click();

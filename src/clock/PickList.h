@@ -9,6 +9,7 @@ class Control;
 class QKeyEvent;
 class QLineEdit;
 class QListView;
+class QMouseEvent;
 struct ClockState;
 
 // The search box `TextUtil` and the list `XList` that drops down under it. Nothing but a mouse click or Enter on an entry
@@ -48,7 +49,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    void TextUtil_Mouse(const QEvent &event);
+    void TextUtil_Mouse(const QMouseEvent &event);
     void TextUtil_Change(const QString &text);
     void TextUtil_Click();
     void TextUtil_DblClick();
