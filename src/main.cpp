@@ -34,7 +34,11 @@ int main(int argc, char *argv[])
         });
     QObject::connect(
         &start, &Main::Ended, &application, [] { QCoreApplication::exit(); }, Qt::QueuedConnection);
-    const int result = start.Run() ? QApplication::exec() : EXIT_FAILURE;
+    int result = EXIT_SUCCESS;
+    if (start.Run())
+        result = QApplication::exec();
+    else if (!start.HasEnded())
+        result = EXIT_FAILURE;
     // A thread that hangs in a file system would keep the process alive, or crash it at its end.
     if (!program.CloseDatabases())
         std::_Exit(result);

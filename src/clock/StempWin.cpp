@@ -7,6 +7,7 @@
 #include "platform/forms/Prompts.h"
 #include "platform/system/TimeSource.h"
 #include "settings/Options.h"
+#include "startup/DataFiles.h"
 #include "startup/Identity.h"
 #include "startup/JobDatabase.h"
 #include "startup/Module1.h"
@@ -172,14 +173,18 @@ void StempWin::SaveBeforeLeaving()
         const bool tryAgain = prompts_.AskChoice(
             this,
             QStringLiteral(
-                "Your last stemps could not be saved in\n%1\n\nThe file is locked, read-only or not there, or "
+                "Your last stemps could not be saved in\n%1\n\nThe file is locked, read-only, damaged or not there, or "
                 "the disk is full. If you close the program now, they are lost.")
                 .arg(parts_.timeTable.Path()),
             QStringLiteral("&Try again"), QStringLiteral("&Close without saving"),
             [this] { return parts_.timeTable.UnsavedCount() == 0; }); // the timer goes on trying
-        if (!tryAgain)
+        if (!tryAgain || sessionEnds_)
             return;
-        Module1::PrepareTimeDb(parts_.identity, parts_.time.Now()); // makes a file that is gone
+        if (!DataFiles::FileExists(parts_.timeTable.Path()) || parts_.timeTable.IsDamaged()) {
+            const QString message = Module1::PrepareTimeDb(parts_.identity, parts_.time.Now()).message;
+            if (!message.isEmpty())
+                prompts_.MsgBox(this, message);
+        }
     }
     ShowUnsaved();
 }

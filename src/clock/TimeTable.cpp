@@ -202,6 +202,7 @@ qint64 TimeTable::Store(const TimeRow &row)
 void TimeTable::Failed(const dao::Error &error)
 {
     qCWarning(log).noquote() << error.Text();
+    damaged_ = error.Kind() == dao::ErrorKind::Corrupt;
     // A file that was replaced or whose drive failed needs a new connection; a lock only needs time.
     if (error.Kind() != dao::ErrorKind::Busy)
         database_.Close();

@@ -41,6 +41,7 @@ public:
     bool Open(const QString &path);
     void Close();
     QString Path() const { return path_; }
+    bool IsDamaged() const { return damaged_; } // as far as the last failure told
 
     // The rows of a RollBackQuery in the table's own order (that of adding), with the unsaved changes.
     QList<TimeRow> Rows(const QString &rollBackQuery);
@@ -68,6 +69,7 @@ private:
     const TimeSource &time_;
     QString path_;
     dao::Database database_;
+    bool damaged_ = false;
     QList<TimeRow> lastRead_; // what Rows gives of the file while that can't be read
     QList<TimeRowPtr> unsaved_;
 };

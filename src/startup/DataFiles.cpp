@@ -8,6 +8,7 @@
 #include <QFileInfo>
 #include <QLoggingCategory>
 
+#include <chrono>
 #include <filesystem>
 
 namespace {
@@ -77,7 +78,8 @@ void CreateTimeDb(const QString &blank, const QString &target)
 bool IsDamagedTimeDb(const QString &path)
 {
     try {
-        dao::Database database = dao::Database::OpenDatabase(path);
+        // A file that is locked is none the worse for it, and is waited for when it is opened for use.
+        dao::Database database = dao::Database::OpenDatabase(path, std::chrono::milliseconds(250));
         if (!database.HasTable(QStringLiteral("Stemp")))
             return true;
         database.Select(QStringLiteral("SELECT count(StempInTime), count(JobName) FROM Stemp NOT INDEXED"), {},

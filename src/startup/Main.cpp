@@ -197,7 +197,8 @@ void Main::AskUntilReadable(const QString &timeDbPath)
             nullptr,
             QStringLiteral(
                 "Your time database\n%1\ncannot be read: another program has locked it, or it is missing.\n\nIf "
-                "you go on without it, your stemps are kept in memory until it can be written.")
+                "you go on without it, your stemps are kept in memory until it can be written. A row that is still "
+                "open in it is then asked about at the next start only.")
                 .arg(timeDbPath),
             QStringLiteral("&Try again"), QStringLiteral("&Go on"), [] { return false; });
         if (!tryAgain)
@@ -238,6 +239,10 @@ void Main::SettingsAccepted()
         jobs.Choose(program_.options.EnterpriseMDBText);
         adminForm_->SetSharedListPossible(jobs.CompanyJobs);
         program_.options = adminForm_->CurrentOptions();
+        if (!jobs.CompanyJobs && !jobs.LocalJobs)
+            prompts_.MsgBox(adminForm_.get(),
+                            QStringLiteral("The file\n%1\nis no company database of this program and is not used.")
+                                .arg(jobs.CompanyPath));
         jobs.AddSelfToUsers();
         if (program_.clock.state.IsStempedIn)
             jobs.Set_In();

@@ -26,6 +26,7 @@ public:
 
     bool Run();        // false: the program can't run, and the person was told why; or the session ended meanwhile
     void EndSession(); // a logoff or shutdown: closes everything without asking
+    bool HasEnded() const { return ended_; }
 
     StempWin *Window() const { return stempWin_.get(); }
     AdminForm *Settings() const { return adminForm_.get(); }
