@@ -4,6 +4,10 @@
 <context>
     <name>AdminForm</name>
     <message>
+        <source>The window in which you pick the company database. It opens when you click its location; what you pick is used when you press OK.</source>
+        <translation>Vinduet, hvor du vælger firmadatabasen. Det åbner, når du klikker på dens placering; det, du vælger, tages i brug, når du trykker på OK.</translation>
+    </message>
+    <message>
         <source>Stemp Administration</source>
         <translation>Stemp-administration</translation>
     </message>
@@ -308,6 +312,18 @@
 </context>
 <context>
     <name>StempWin</name>
+    <message>
+        <source>Fetches the rows of the last days from your time database for the grid. It is not seen. How many days it fetches is set in the settings; it changes no data.</source>
+        <translation>Henter de seneste dages rækker fra din tidsdatabase til tabellen. Den kan ikke ses. Hvor mange dage den henter, vælges i indstillingerne; den ændrer ingen data.</translation>
+    </message>
+    <message>
+        <source>Counts the seconds between two looks at the company database. It is not seen. How many seconds that are is set in the settings.</source>
+        <translation>Tæller sekunderne mellem to kig i firmadatabasen. Den kan ikke ses. Hvor mange sekunder det er, vælges i indstillingerne.</translation>
+    </message>
+    <message>
+        <source>Lets the icons blink while a message waits to be read. It is not seen and changes no data.</source>
+        <translation>Får ikonerne til at blinke, mens en besked venter på at blive læst. Den kan ikke ses og ændrer ingen data.</translation>
+    </message>
     <message>
         <source>Stemp</source>
         <translation>Stemp</translation>

@@ -79,9 +79,18 @@ StempWin::StempWin(FormServices &services, Prompts &prompts, StempWinParts parts
     RegisterControls();
     auto stempList = std::make_unique<DataControl>(QStringLiteral("StempList"));
     stempList_ = stempList.get();
-    RegisterControl(std::move(stempList));
-    RegisterControl(std::make_unique<Control>(QStringLiteral("RefreshTimer"), std::nullopt, QStringLiteral("Timer")));
-    RegisterControl(std::make_unique<Control>(QStringLiteral("BlinkTimer"), std::nullopt, QStringLiteral("Timer")));
+    RegisterControl(std::move(stempList),
+                    QLatin1String(QT_TRANSLATE_NOOP(
+                        "StempWin", "Fetches the rows of the last days from your time database for the grid. It is not "
+                                    "seen. How many days it fetches is set in the settings; it changes no data.")));
+    RegisterControl(
+        std::make_unique<Control>(QStringLiteral("RefreshTimer"), std::nullopt, QStringLiteral("Timer")),
+        QLatin1String(QT_TRANSLATE_NOOP("StempWin", "Counts the seconds between two looks at the company database. It "
+                                                    "is not seen. How many seconds that are is set in the settings.")));
+    RegisterControl(
+        std::make_unique<Control>(QStringLiteral("BlinkTimer"), std::nullopt, QStringLiteral("Timer")),
+        QLatin1String(QT_TRANSLATE_NOOP(
+            "StempWin", "Lets the icons blink while a message waits to be read. It is not seen and changes no data.")));
 
     pickList_ = std::make_unique<PickList>(*ui_->TextUtil, *ControlOf(*ui_->TextUtil), *ui_->XList, parts_.lists,
                                            parts_.clock.state);

@@ -47,7 +47,10 @@ AdminForm::AdminForm(FormServices &services, Prompts &prompts, FileTest fileExis
     ui_->setupUi(this);
     RegisterControls();
     RegisterControl(std::make_unique<Control>(QStringLiteral("EnterpriseMDBCommonDialog"), std::nullopt,
-                                              QStringLiteral("CommonDialog")));
+                                              QStringLiteral("CommonDialog")),
+                    QLatin1String(QT_TRANSLATE_NOOP(
+                        "AdminForm", "The window in which you pick the company database. It opens when you click its "
+                                     "location; what you pick is used when you press OK.")));
     SetDefaultButton(ui_->OKButton);
     connect(ui_->OKButton, &QPushButton::clicked, this, &AdminForm::OKButton_Click);
     new ClickWatch(ui_->EnterpriseMDBText, [this] { EnterpriseMDBText_Click(); });

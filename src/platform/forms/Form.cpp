@@ -203,10 +203,10 @@ void Form::RegisterControls()
     place_->SetDesign(designGeometry_, size());
 }
 
-void Form::RegisterControl(std::unique_ptr<Control> control)
+void Form::RegisterControl(std::unique_ptr<Control> control, const QString &help)
 {
     const QWidget *widget = control->Widget();
-    control->TakeDesign(widget ? widget->whatsThis() : QString());
+    control->TakeDesign(widget ? widget->whatsThis() : help);
     controls_.push_back(std::move(control));
 }
 

@@ -77,7 +77,8 @@ protected:
     // After setupUi, and after the grids got their models: makes the list of controls from the surface, its frames and tab pages
     // and from the menu bar, and takes the design of each. Widgets without a name of their own are left out.
     void RegisterControls();
-    void RegisterControl(std::unique_ptr<Control> control); // for what a .ui file can't hold
+    // For what a .ui file can't hold. A widget brings its own help text.
+    void RegisterControl(std::unique_ptr<Control> control, const QString &help = {});
 
     void LoadTexts();
     void SaveTexts();
