@@ -1,5 +1,6 @@
 #include "OrdinaryUser.h"
 #include "platform/dao/Database.h"
+#include "platform/dao/DateLiterals.h"
 #include "platform/dao/DateValue.h"
 #include "platform/dao/Error.h"
 #include "platform/dao/Recordset.h"
@@ -175,12 +176,12 @@ private slots:
 
     void DatesAreExactToTheSecond()
     {
-        const QDateTime first = WallTime({1900, 1, 1}, {0, 0});
-        const qint64 span = first.secsTo(WallTime({2101, 1, 1}, {0, 0}));
+        const QDateTime first = WallTime({1000, 1, 1}, {0, 0});
+        const qint64 span = first.secsTo(WallTime({9999, 12, 31}, {0, 0}));
         QRandomGenerator random(1899);
         for (int i = 0; i < 100'000; ++i) {
             const QDateTime time = first.addSecs(random.bounded(span));
-            if (FromDays(ToDays(time)) != time)
+            if (FromDays(ToDays(time)) != time || DateOf(ToDays(time)) != time.date())
                 QFAIL(qPrintable(time.toString(Qt::ISODate)));
         }
         QCOMPARE(ToDays(WallTime({1899, 12, 30}, {6, 0})), 0.25);
@@ -196,10 +197,32 @@ private slots:
     {
         Database database = Database::OpenDatabase(NewFile());
         database.RegisterFunctions([] { return QDateTime(); });
-        const QMap<double, double> rounded{{2.5, 2},          {3.5, 4},        {-2.5, -2},     {1e15 + 1, 1e15 + 1},
-                                           {2.5 + 1.1e-3, 3}, {3.5 - 3e-8, 4}, {2.5 + 3e-8, 2}}; // as good as a half
+        const QMap<double, double> rounded{{2.5, 2},
+                                           {3.5, 4},
+                                           {-2.5, -2},
+                                           {1e15 + 1, 1e15 + 1},
+                                           {3.5 - 1e-4, 4},
+                                           {2.5 + 1e-4, 2}, // as good as a half
+                                           {2.5 + 1 / 3600.0, 3},
+                                           {3.5 - 1 / 3600.0, 3}};
         for (auto each = rounded.begin(); each != rounded.end(); ++each)
             QCOMPARE(Value(database, u"CInt(?)"_s, {each.key()}), QVariant(each.value()));
+    }
+
+    void DateLiteralsAreTheVeryDates()
+    {
+        Database database = Database::OpenDatabase(NewFile());
+        QRandomGenerator random(2359);
+        for (int i = 0; i < 1000; ++i) {
+            const QDateTime time = WallTime(QDate(1850, 1, 1).addDays(random.bounded(100'000)), {23, 59, 59});
+            const QString literal = time.toString(u"'#'M/d/yyyy H:m:s'#'"_s);
+            if (Value(database, TranslateDateLiterals(u"1-"_s + literal)).toDouble() != 1 - ToDays(time))
+                QFAIL(qPrintable(literal));
+        }
+        QCOMPARE(TranslateDateLiterals(u"a>#3/3/2001# AND b<#2/30/2001#OR c<#1/1/1900 24:00:00#"_s),
+                 u"a>(36953) AND b<(NULL)OR c<(NULL)"_s);
+        const QString quoted = u"'#3/3/2001#''#3/3/2001#' \"#3/3/2001#\" [#3/3/2001#] # #x#"_s;
+        QCOMPARE(TranslateDateLiterals(quoted), quoted);
     }
 
     void DateFunctions()

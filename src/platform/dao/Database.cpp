@@ -92,6 +92,7 @@ struct Database::Connection
     QSqlDatabase session;
     sqlite3 *handle = nullptr;
     std::map<QString, QSqlQuery> changes; // prepared
+    std::shared_ptr<const std::atomic<bool>> stop;
 
     ~Connection()
     {
@@ -179,6 +180,17 @@ void Database::Close()
 void Database::SetBusyWait(std::chrono::milliseconds wait)
 {
     sqlite3_busy_timeout(Connected(u"setting the busy wait"_s).handle, static_cast<int>(wait.count()));
+}
+
+void Database::StopWhen(std::shared_ptr<const std::atomic<bool>> stop)
+{
+    constexpr int stepsBetweenLooks = 1000; // some microseconds
+    Connection &connection = Connected(u"setting what stops a statement"_s);
+    connection.stop = std::move(stop);
+    sqlite3_progress_handler(
+        connection.handle, stepsBetweenLooks,
+        [](void *flag) { return static_cast<const std::atomic<bool> *>(flag)->load() ? 1 : 0; },
+        const_cast<std::atomic<bool> *>(connection.stop.get()));
 }
 
 Database::Connection &Database::Connected(const QString &purpose) const

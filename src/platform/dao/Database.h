@@ -5,6 +5,7 @@
 #include <QStringList>
 #include <QVariantList>
 
+#include <atomic>
 #include <chrono>
 #include <functional>
 #include <memory>
@@ -57,6 +58,9 @@ public:
     QString Path() const;
     void Close(); // closed already: nothing
     void SetBusyWait(std::chrono::milliseconds wait);
+    // From now on a statement fails soon after another thread has set `stop`, with ErrorKind::Other; it does not while it waits
+    // for a lock or for the file system.
+    void StopWhen(std::shared_ptr<const std::atomic<bool>> stop);
 
     // Runs a statement without a result; the number of rows it changed. Placeholders are "?". `purpose` says for the log
     // what the statement is for.

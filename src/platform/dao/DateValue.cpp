@@ -8,9 +8,16 @@ namespace dao {
 namespace {
 
 const QDate dayZero{1899, 12, 30};
-constexpr double secondsPerDay = 86'400;
+constexpr qint64 secondsPerDay = 86'400;
 constexpr double msecsPerDay = 86'400'000;
 constexpr double farthestDay = 4e6; // beyond the year 12,000: no date, and far within QDateTime's own limits
+
+std::optional<qint64> Seconds(double days)
+{
+    if (!(std::abs(days) < farthestDay)) // also when it is no number
+        return std::nullopt;
+    return std::llround(days * secondsPerDay);
+}
 
 } // namespace
 
@@ -28,9 +35,17 @@ double ToDays(const QDateTime &wallTime)
 
 QDateTime FromDays(double days)
 {
-    if (!(std::abs(days) < farthestDay)) // also when it is no number
+    const std::optional<qint64> seconds = Seconds(days);
+    return seconds ? WallTime(dayZero, QTime(0, 0)).addSecs(*seconds) : QDateTime();
+}
+
+QDate DateOf(double days)
+{
+    const std::optional<qint64> seconds = Seconds(days);
+    if (!seconds)
         return {};
-    return WallTime(dayZero, QTime(0, 0)).addSecs(std::llround(days * secondsPerDay));
+    const qint64 day = *seconds / secondsPerDay;
+    return dayZero.addDays(*seconds < day * secondsPerDay ? day - 1 : day);
 }
 
 QVariant DateField(const std::optional<QDateTime> &wallTime)

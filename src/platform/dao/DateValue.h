@@ -15,6 +15,7 @@ QDateTime WallTime(const QDate &date, const QTime &time);
 
 double ToDays(const QDateTime &wallTime);
 QDateTime FromDays(double days); // rounded to the nearest second
+QDate DateOf(double days);       // that of FromDays, many times faster
 
 QVariant DateField(const std::optional<QDateTime> &wallTime);  // a null for no date
 std::optional<QDateTime> ReadDateField(const QVariant &field); // nothing for null, text or another non-number

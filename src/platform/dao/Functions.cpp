@@ -29,21 +29,23 @@ void Now(sqlite3_context *context, int, sqlite3_value **)
     sqlite3_result_double(context, ToDays((*now)()));
 }
 
-// A sum of times that is half a unit in whole seconds misses the half by some 1e-8 as a number of days: snapping to a
-// millionth makes it a half again, and a second is far more than a millionth of any unit in use.
+// Times are whole seconds, so that a sum of them in quarters, half or whole hours is a whole number of 3600ths, as a half is.
+// Dates as doubles miss that by up to 7e-10 a row, which adds up where rows begin at the same time of each day: snapping makes
+// sums of 190,000 rows exact again.
+constexpr double snapsPerUnit = 3600;
+
 void CInt(sqlite3_context *context, int, sqlite3_value **arguments)
 {
-    constexpr double snap = 1e6;
     if (const std::optional<double> number = Number(arguments[0]))
-        sqlite3_result_double(context, std::nearbyint(std::round(*number * snap) / snap));
+        sqlite3_result_double(context, std::nearbyint(std::round(*number * snapsPerUnit) / snapsPerUnit));
 }
 
 template <int (QDate::*part)() const> void DatePart(sqlite3_context *context, int, sqlite3_value **arguments)
 {
     const std::optional<double> days = Number(arguments[0]);
-    const QDateTime wallTime = days ? FromDays(*days) : QDateTime();
-    if (wallTime.isValid())
-        sqlite3_result_int(context, (wallTime.date().*part)());
+    const QDate date = days ? DateOf(*days) : QDate();
+    if (date.isValid())
+        sqlite3_result_int(context, (date.*part)());
 }
 
 } // namespace
