@@ -1,5 +1,6 @@
 #include "forms/TestForm.h"
 
+#include "platform/forms/ChartWidget.h"
 #include "platform/forms/ControlFactory.h"
 #include "platform/forms/GridControl.h"
 #include "platform/forms/LineWidget.h"
@@ -10,9 +11,11 @@
 #include <QComboBox>
 #include <QDateEdit>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QTableWidget>
 #include <QTest>
+#include <QToolTip>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -135,6 +138,38 @@ private slots:
         QCOMPARE(roundTrip(check, u"yes"_s), u"1"_s); // no number: left alone
         QCOMPARE(roundTrip(line, u"32832"_s), u"32832"_s);
         QCOMPARE(line.BorderColor(), QColor(64, 128, 0));
+    }
+
+    void Charts()
+    {
+        ChartWidget chart;
+        const auto control = MakeControl(chart);
+        control->SetCaption(u"Timer pr. job"_s);
+        QCOMPARE(control->TypeName() + u' ' + *control->Caption(), u"MSChart Timer pr. job"_s);
+        QCOMPARE(chart.accessibleName(), chart.TitleText());
+        // Far too many at any size, with sums that no clock gives.
+        QList<ChartWidget::Bar> bars{{u"A-%1"_s, {}, 1.125}, {u"B"_s, {}, -2}, {u"C"_s, {}, qInf()}};
+        bars.resize(10'000);
+        for (const auto layout : {ChartWidget::Layout::Rows, ChartWidget::Layout::Columns}) {
+            chart.SetBars(bars, layout);
+            for (const QSize size : {QSize(0, 0), QSize(1, 300), QSize(300, 1), QSize(60, 60), QSize(400, 300)}) {
+                chart.resize(size);
+                QVERIFY(chart.MostBars(layout) >= 1);
+                chart.grab();
+            }
+        }
+        QVERIFY(chart.accessibleDescription().startsWith(u"A-%1: 1.13 hours; B: -2 hours; C: 0 hours; "_s));
+        QVERIFY(chart.accessibleDescription().endsWith(u"; and 9970 more"_s));
+
+        chart.SetBars({{u"A"_s, u"<b>A</b>"_s, 1}, {u"B"_s, u"B in full"_s, 2}}, ChartWidget::Layout::Rows);
+        QStringList tips;
+        for (int y = 0; y < chart.height(); y += 4) {
+            QHelpEvent asked(QEvent::ToolTip, {20, y}, {20, y});
+            QCoreApplication::sendEvent(&chart, &asked);
+            if (QToolTip::isVisible() && !tips.contains(QToolTip::text()))
+                tips.append(QToolTip::text());
+        }
+        QCOMPARE(tips, (QStringList{AsPlainToolTip(u"<b>A</b>"_s), u"B in full"_s}));
     }
 
     void LinesKeepTheirEnds()

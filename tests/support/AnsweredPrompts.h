@@ -13,7 +13,8 @@ public:
     QStringList messages; // of all kinds, in order
     bool yes = true;
     bool firstChoice = true;
-    QString file;
+    QString file;                      // of both kinds of picker
+    QString suggested;                 // the start path of the last picker
     std::function<void()> whileAsking; // what happens while a question is on the screen
 
     void MsgBox(QWidget *, const QString &text) override { Note(text); }
@@ -22,10 +23,15 @@ public:
         Note(text);
         return yes;
     }
-    QString PickFile(QWidget *, const QString &title, const QString &, const QString &) override
+    QString PickFile(QWidget *, const QString &title, const QString &startPath, const QString &) override
     {
+        suggested = startPath;
         Note(title);
         return file;
+    }
+    QString PickSaveFile(QWidget *owner, const QString &title, const QString &startPath, const QString &filter) override
+    {
+        return PickFile(owner, title, startPath, filter);
     }
     bool AskChoice(QWidget *, const QString &text, const QString &, const QString &,
                    const std::function<bool()> &) override

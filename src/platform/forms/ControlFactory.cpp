@@ -1,5 +1,6 @@
 #include "platform/forms/ControlFactory.h"
 
+#include "platform/forms/ChartWidget.h"
 #include "platform/forms/GridControl.h"
 #include "platform/forms/LineWidget.h"
 
@@ -41,6 +42,7 @@ const std::vector<Type> &Types()
 {
     static const std::vector<Type> types{
         {As<LineControl, LineWidget>, u"Line"_s},
+        {As<ChartControl, ChartWidget>, u"MSChart"_s},
         {As<TextBoxControl, QLineEdit>, u"TextBox"_s},
         {As<MultiLineControl, QPlainTextEdit>, u"TextBox"_s},
         {As<OptionButtonControl, QRadioButton>, u"OptionButton"_s},

@@ -1,5 +1,6 @@
 #include "platform/forms/ControlTypes.h"
 
+#include "platform/forms/ChartWidget.h"
 #include "platform/forms/LineWidget.h"
 
 #include <QAbstractButton>
@@ -287,6 +288,18 @@ void LineControl::SetValue(const QString &text)
         const int bytes = static_cast<int>(*number);
         line_.SetBorderColor(QColor(bytes & 0xFF, bytes >> 8 & 0xFF, bytes >> 16));
     }
+}
+
+ChartControl::ChartControl(ControlId id, ChartWidget &chart) : WidgetControl(std::move(id), chart), chart_(chart) {}
+
+std::optional<QString> ChartControl::Caption() const
+{
+    return chart_.TitleText();
+}
+
+void ChartControl::SetCaption(const QString &text)
+{
+    chart_.SetTitleText(text);
 }
 
 MenuControl::MenuControl(ControlId id, QAction &action)

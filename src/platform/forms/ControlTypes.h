@@ -6,6 +6,7 @@
 
 #include <utility>
 
+class ChartWidget;
 class LineWidget;
 class QAbstractButton;
 class QAction;
@@ -187,6 +188,17 @@ private:
     LineWidget &line_;
     std::optional<Geometry> placed_;
     Geometry placedTwips_;
+};
+
+class ChartControl : public WidgetControl // MSChart; the caption is its title
+{
+public:
+    ChartControl(ControlId id, ChartWidget &chart);
+    std::optional<QString> Caption() const override;
+    void SetCaption(const QString &text) override;
+
+private:
+    ChartWidget &chart_;
 };
 
 class MenuControl : public Control

@@ -230,15 +230,20 @@ void Form::RegisterWidgetsIn(const QWidget &container)
 void Form::RegisterMenus(const QList<QAction *> &actions)
 {
     for (QAction *action : actions) {
-        const QObject *named = action->menu() ? static_cast<QObject *>(action->menu()) : action;
+        QMenu *menu = action->menu();
+        const QObject *named = menu ? static_cast<QObject *>(menu) : action;
+        if (menu) { // whose designed texts its action does not take
+            action->setToolTip(menu->toolTip());
+            action->setWhatsThis(menu->whatsThis());
+        }
         if (named->objectName().startsWith("mnu"_L1)) {
             auto control = std::make_unique<MenuControl>(IdOf(*named, u"Menu"_s), *action);
             control->SetTag(named->property("Tag").toString());
             control->TakeDesign(action->whatsThis());
             controls_.push_back(std::move(control));
         }
-        if (action->menu())
-            RegisterMenus(action->menu()->actions());
+        if (menu)
+            RegisterMenus(menu->actions());
     }
 }
 

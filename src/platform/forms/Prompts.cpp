@@ -1,6 +1,8 @@
 #include "platform/forms/Prompts.h"
 
+#include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QMessageBox>
 #include <QPushButton>
@@ -46,6 +48,26 @@ bool ScreenPrompts::AskYesNo(QWidget *owner, const QString &text)
 QString ScreenPrompts::PickFile(QWidget *owner, const QString &title, const QString &startPath, const QString &filter)
 {
     return QFileDialog::getOpenFileName(Box::Owner(owner), title, startPath, filter);
+}
+
+QString ScreenPrompts::PickSaveFile(QWidget *owner, const QString &title, const QString &startPath,
+                                    const QString &filter)
+{
+    const QString ending = filter.mid(filter.lastIndexOf(u'.'));
+    QString path = startPath;
+    for (;;) {
+        // The dialog would ask about the name as it was typed, which is another file than the one with the ending.
+        path = QFileDialog::getSaveFileName(Box::Owner(owner), title, path, filter, nullptr,
+                                            QFileDialog::DontConfirmOverwrite);
+        if (path.isEmpty())
+            return {};
+        if (!path.endsWith(ending, Qt::CaseInsensitive))
+            path += ending;
+        if (!QFileInfo::exists(path)
+            || AskYesNo(owner, QStringLiteral("The file\n%1\nis there already. Do you want to replace it?")
+                                   .arg(QDir::toNativeSeparators(path))))
+            return path;
+    }
 }
 
 bool ScreenPrompts::AskChoice(QWidget *owner, const QString &text, const QString &first, const QString &second,
