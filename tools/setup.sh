@@ -7,7 +7,7 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 buildPackages=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev qt6-tools-dev libsqlite3-dev sqlite3
     libqt6sql6-sqlite libqt6svg6 fonts-dejavu-core)
 screenPackages=(xvfb openbox xdotool x11-utils imagemagick) # a screen where there is none
-testPackages=("${screenPackages[@]}" wmctrl)
+testPackages=("${screenPackages[@]}" wmctrl poppler-utils)
 checkPackages=(clang-format-14 clang-tidy-14 python3)
 
 # File names hold Danish letters.

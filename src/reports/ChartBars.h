@@ -1,0 +1,20 @@
+#pragma once
+
+#include "reports/Summary.h"
+
+#include <QList>
+#include <QLocale>
+#include <QString>
+
+// What the chart beside the summary shows.
+struct HoursBar
+{
+    QString label; // a job's id, or a day, week or month
+    QString tip;   // the same in full, with the hours
+    double hours = 0;
+};
+
+// At most `most` bars. Per job: the jobs by their hours, the longest first, the smallest ones put together as one last bar; rows
+// of one id are one job. Per day: every day that lies between the first and the last with hours, in order; weeks as the locale
+// begins them, months or years where those were too many. Jobs whose hours are 00.00 have no bar.
+QList<HoursBar> BarsOf(const Summary &summary, int most, const QLocale &locale);

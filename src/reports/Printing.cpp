@@ -1,0 +1,121 @@
+#include "reports/Printing.h"
+
+#include "platform/forms/Prompts.h"
+#include "reports/TimesheetPages.h"
+
+#include <QBuffer>
+#include <QFile>
+#include <QGuiApplication>
+#include <QLocale>
+#include <QLoggingCategory>
+#include <QPdfWriter>
+#include <QPrintEngine>
+#include <QPrintPreviewDialog>
+#include <QPrinter>
+#include <QPrinterInfo>
+#include <QSaveFile>
+#include <QScreen>
+
+#include <algorithm>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+Q_LOGGING_CATEGORY(log, "stemp.reports")
+
+const QMarginsF pageMargins(20, 10, 15, 15); // millimetres, with room for the holes of a folder
+
+// Whether the printing system leaves pages out that the person did not choose. CUPS does for a list of pages, not for a range;
+// its print engine alone knows.
+bool PicksPagesItself(const QPrinter &printer)
+{
+    constexpr auto cupsOptions = static_cast<QPrintEngine::PrintEnginePropertyKey>(0xfe00);
+    return printer.outputFormat() == QPrinter::NativeFormat
+           && printer.printEngine()->property(cupsOptions).toStringList().contains(u"page-ranges"_s);
+}
+
+// Neither a printing system that has gone nor a full disk is reported: what is left tells.
+bool IsThere(const QString &printerName)
+{
+    return !QPrinterInfo::printerInfo(printerName).isNull();
+}
+
+bool IsWholePdf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) && file.seek(std::max(0LL, file.size() - 16))
+           && file.read(16).trimmed().endsWith("%%EOF");
+}
+
+// For the preview, too.
+bool Print(const TimesheetPages &pages, QPrinter &printer)
+{
+    if (printer.printRange() == QPrinter::PageRange)
+        return pages.PaintOn(printer, PicksPagesItself(printer) ? QPageRanges() : printer.pageRanges());
+    // the pages that the print dialog lets a person choose from
+    printer.setFromTo(1, static_cast<int>(pages.LayOut(printer).pages.size()));
+    return pages.PaintOn(printer);
+}
+
+} // namespace
+
+bool SystemPrinting::HasPrinter() const
+{
+    return !QPrinterInfo::availablePrinterNames().isEmpty();
+}
+
+void SystemPrinting::Preview(QWidget *owner, const PrintedTimesheet &timesheet, const QString &title,
+                             QString &printerName)
+{
+    QPrinterInfo suggested = QPrinterInfo::printerInfo(printerName);
+    if (suggested.isNull())
+        suggested = QPrinterInfo::defaultPrinter();
+    QPrinter printer(suggested, QPrinter::HighResolution);
+    printer.setDocName(title);
+    printer.setCreator(QGuiApplication::applicationDisplayName());
+    printer.setPageMargins(pageMargins, QPageLayout::Millimeter);
+
+    const TimesheetPages pages(timesheet);
+    bool isPrinted = true;
+    QPrintPreviewDialog preview(&printer, owner);
+    preview.setWindowModality(Qt::WindowModal);
+    preview.resize(QSize(900, 1000).boundedTo(preview.screen()->availableSize() * 9 / 10));
+    QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview,
+                     [&](QPrinter *target) { isPrinted = Print(pages, *target); });
+    if (preview.exec() != QDialog::Accepted)
+        return;
+    // The dialog is accepted by printing, be it on a printer or to a file.
+    const bool isOnPaper = printer.outputFormat() == QPrinter::NativeFormat;
+    const QString target = isOnPaper ? printer.printerName() : printer.outputFileName();
+    if (isOnPaper)
+        printerName = target;
+    if (!isPrinted || printer.printerState() == QPrinter::Error
+        || !(isOnPaper ? IsThere(target) : IsWholePdf(target))) {
+        qCWarning(log).noquote() << title << u"could not be printed on"_s << target;
+        prompts_.MsgBox(owner, u"The timesheet could not be printed on "_s + target + u"."_s);
+    }
+}
+
+bool WriteTimesheetPdf(const QString &path, const PrintedTimesheet &timesheet, const QString &title)
+{
+    QByteArray content;
+    QBuffer buffer(&content);
+    if (!buffer.open(QIODevice::WriteOnly))
+        return false;
+    {
+        QPdfWriter writer(&buffer); // ends the document when it goes
+        const bool usesLetter = QLocale().measurementSystem() == QLocale::ImperialUSSystem;
+        writer.setPageSize(QPageSize(usesLetter ? QPageSize::Letter : QPageSize::A4));
+        writer.setPageMargins(pageMargins, QPageLayout::Millimeter);
+        writer.setTitle(title);
+        writer.setCreator(QGuiApplication::applicationDisplayName());
+        if (!TimesheetPages(timesheet).PaintOn(writer))
+            return false;
+    }
+    QSaveFile file(path);
+    if (file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.commit())
+        return true;
+    qCWarning(log).noquote() << path << u"could not be written:"_s << file.errorString();
+    return false;
+}

@@ -1,0 +1,419 @@
+#include "reports/RepGen.h"
+
+#include "platform/forms/ControlTypes.h"
+#include "platform/system/TimeSource.h"
+#include "reports/ChartBars.h"
+#include "reports/TimeRows.h"
+#include "reports/Timesheet.h"
+#include "ui_RepGen.h"
+
+#include <QKeyEvent>
+#include <QLoggingCategory>
+
+using namespace Qt::Literals::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+Q_LOGGING_CATEGORY(log, "stemp.reports")
+
+constexpr std::chrono::milliseconds untilBusy = 500ms; // what takes longer is worth a word
+
+constexpr QSize leastSize(880, 360); // all buttons, and some lines of the grid
+constexpr double gridShare = 0.6;    // of the width; the chart has the rest
+constexpr int margin = 8;
+constexpr int bottomHeight = 60; // below grid and chart: the totals and a line of notes
+constexpr int totalsTop = 6;     // from there
+constexpr int notesTop = 30;
+
+enum Column { dayColumn, jobColumn, hoursColumn, roundedColumn, descriptionColumn, monthColumn };
+constexpr int dayWidth = 44; // as designed, pixels
+constexpr int monthWidth = 58;
+constexpr int jobWidth = 100;
+constexpr int hoursWidth = 70;
+
+// The locale's own, but with all digits of the year: a person types in it.
+QString DateFormat()
+{
+    QString format = QLocale().dateFormat(QLocale::ShortFormat);
+    return format.contains(u"yyyy"_s) ? format : format.replace(u"yy"_s, u"yyyy"_s);
+}
+
+QString TwoDigits(const QVariant &cell)
+{
+    return u"%1"_s.arg(cell.toInt(), 2, 10, QChar(u'0'));
+}
+
+// With the decimals that paper shows.
+double Shown(double hours)
+{
+    return HoursText(hours).toDouble();
+}
+
+QString HoursCell(const QVariant &cell)
+{
+    return cell.isNull() ? QString() : QLocale().toString(Shown(cell.toDouble()), 'f', 2);
+}
+
+QVariant HoursValue(const std::optional<double> &hours)
+{
+    return hours ? QVariant(*hours) : QVariant();
+}
+
+} // namespace
+
+// Keeps the name of the printer that was used last.
+class RepGen::PrinterDialog : public Control
+{
+public:
+    PrinterDialog() : Control(u"PrinterDialog"_s, std::nullopt, u"CommonDialog"_s) {}
+    std::optional<QString> Value() const override { return printerName; }
+    void SetValue(const QString &text) override { printerName = text; }
+
+    QString printerName;
+};
+
+RepGen::RepGen(FormServices &services, Prompts &prompts, Printing &printing, RepGenParts parts)
+    : Form(u"RepGen"_s, services),
+      parts_(std::move(parts)),
+      ui_(std::make_unique<Ui::RepGen>()),
+      gridModel_({QLatin1String(QT_TRANSLATE_NOOP("RepGen", "Day")), QLatin1String(QT_TRANSLATE_NOOP("RepGen", "Job")),
+                  QLatin1String(QT_TRANSLATE_NOOP("RepGen", "Hours")),
+                  QLatin1String(QT_TRANSLATE_NOOP("RepGen", "Rounded")),
+                  QLatin1String(QT_TRANSLATE_NOOP("RepGen", "Description")),
+                  QLatin1String(QT_TRANSLATE_NOOP("RepGen", "Month"))}),
+      output_(*this, prompts, printing, parts_.userInitials),
+      summing_(parts_.timeDbPath),
+      reading_(parts_.timeDbPath)
+{
+    ui_->setupUi(this);
+    SetUpPickers();
+    SetUpGrid();
+    ui_->MSChart->SetTitleText(QLatin1String(QT_TRANSLATE_NOOP("RepGen", "Hours")));
+    RegisterControls();
+    RegisterHidden();
+    setMinimumSize(leastSize);
+    SetDefaultButton(ui_->UpdateButton);
+    busyTimer_.setSingleShot(true);
+    busyTimer_.setInterval(untilBusy);
+    Connect();
+}
+
+RepGen::~RepGen() = default;
+
+void RepGen::SetUpPickers()
+{
+    for (QDateEdit *picker : {ui_->DTPickerFrom, ui_->DTPickerTo}) {
+        picker->setDisplayFormat(DateFormat());
+        picker->setDate(parts_.time.Now().date());
+    }
+}
+
+void RepGen::SetUpGrid()
+{
+    gridModel_.SetFormatter(dayColumn, TwoDigits);
+    gridModel_.SetFormatter(monthColumn, TwoDigits);
+    gridModel_.SetFormatter(hoursColumn, HoursCell);
+    gridModel_.SetFormatter(roundedColumn, HoursCell);
+    QTableView &grid = *ui_->SummaryGrid;
+    grid.setModel(&gridModel_);
+    grid.setColumnWidth(dayColumn, dayWidth);
+    grid.setColumnWidth(jobColumn, jobWidth);
+    grid.setColumnWidth(hoursColumn, hoursWidth);
+    grid.setColumnWidth(roundedColumn, hoursWidth);
+    grid.setColumnWidth(monthColumn, monthWidth);
+    // Beside the day, where it reads as a date; the description is the one that takes the room that is left.
+    grid.horizontalHeader()->moveSection(monthColumn, dayColumn + 1);
+}
+
+void RepGen::RegisterHidden()
+{
+    auto sumData = std::make_unique<DataControl>(u"SumData"_s);
+    sumData_ = sumData.get();
+    RegisterControl(std::move(sumData), QLatin1String(QT_TRANSLATE_NOOP(
+                                            "RepGen", "Fetches the sums from your time database for the grid. It is "
+                                                      "not seen. It only reads and changes no data.")));
+    auto printerDialog = std::make_unique<PrinterDialog>();
+    printerDialog_ = printerDialog.get();
+    RegisterControl(std::move(printerDialog),
+                    QLatin1String(QT_TRANSLATE_NOOP(
+                        "RepGen", "The window in which you choose the printer. It opens from the preview of the "
+                                  "timesheet; the printer that you print on is suggested the next time.")));
+}
+
+void RepGen::Connect()
+{
+    connect(ui_->UpdateButton, &QPushButton::clicked, this, &RepGen::UpdateButton_Click);
+    connect(ui_->DailyButton, &QPushButton::clicked, this, &RepGen::DailyButton_Click);
+    connect(ui_->PrintCommand, &QPushButton::clicked, this, &RepGen::PrintCommand_Click);
+    connect(ui_->ClipCommand, &QPushButton::clicked, this, &RepGen::ClipCommand_Click);
+    const std::pair<QPushButton *, QuickRange> ranges[] = {{ui_->Ranges_0, QuickRange::Today},
+                                                           {ui_->Ranges_1, QuickRange::ThisWeek},
+                                                           {ui_->Ranges_2, QuickRange::LastWeek},
+                                                           {ui_->Ranges_3, QuickRange::ThisMonth},
+                                                           {ui_->Ranges_4, QuickRange::LastMonth}};
+    for (const auto &[button, range] : ranges)
+        connect(button, &QPushButton::clicked, this, [this, range = range] { Ranges_Click(range); });
+    connect(ui_->mnuSavePdf, &QAction::triggered, this, &RepGen::mnuSavePdf_Click);
+    connect(ui_->mnuSaveCsv, &QAction::triggered, this, &RepGen::mnuSaveCsv_Click);
+    connect(ui_->mnuSaveRows, &QAction::triggered, this, &RepGen::mnuSaveRows_Click);
+    connect(ui_->MSChart, &ChartWidget::Resized, this, &RepGen::ShowBars);
+    connect(&busyTimer_, &QTimer::timeout, this, [this] { SetBusy(true); });
+}
+
+void RepGen::Form_Load()
+{
+    LoadTexts();
+    totalsPattern_ = ui_->TotalsLabel->text();
+    unsavedPattern_ = ui_->UnsavedLabel->text();
+    sumData_->DatabaseName = parts_.timeDbPath;
+    roundingFragment_ = RoundingFragment(parts_.rounding);
+    SetRepDates();
+    ShowColumns(SummaryKind::PerJob);
+    ShowTotals();
+    ShowUnsaved();
+    ShowNote(nullptr);
+    EnableCommands();
+    ui_->DTPickerFrom->setFocus();
+}
+
+void RepGen::Form_Unload()
+{
+    busyTimer_.stop();
+    ShowColumns(SummaryKind::PerDay); // a hidden column has no width to be stored
+    ui_->TotalsLabel->setText(totalsPattern_);
+    ui_->UnsavedLabel->setText(unsavedPattern_);
+    SaveTexts();
+}
+
+// What a person moved stays there, but for what has to move along with the lower and the right edge.
+void RepGen::Form_Resize()
+{
+    const int right = Surface()->width() - margin;
+    const int bottom = Surface()->height() - bottomHeight;
+    QTableView &grid = *ui_->SummaryGrid;
+    const int width = right - grid.x();
+    const int gridWidth = ui_->MSChart->isHidden() ? width : qRound(width * gridShare);
+    grid.resize(gridWidth, bottom - grid.y());
+    const int chartLeft = grid.x() + gridWidth + margin;
+    ui_->MSChart->setGeometry(chartLeft, ui_->MSChart->y(), right - chartLeft, bottom - ui_->MSChart->y());
+
+    const auto place = [](QWidget &label, int left, int top, int end) {
+        label.setGeometry(left, top, end - left, label.height());
+    };
+    place(*ui_->TotalsLabel, ui_->TotalsLabel->x(), bottom + totalsTop, right);
+    for (QLabel *note : {ui_->SummingLabel, ui_->EmptyLabel, ui_->ErrorLabel})
+        place(*note, note->x(), bottom + notesTop, chartLeft - margin);
+    place(*ui_->UnsavedLabel, chartLeft, bottom + notesTop, right);
+}
+
+void RepGen::resizeEvent(QResizeEvent *event)
+{
+    Form::resizeEvent(event);
+    if (IsLoaded() && isMaximized()) // the wider, the better for the chart
+        Form_Resize();
+}
+
+bool RepGen::Form_KeyDown(QKeyEvent &event)
+{
+    if (event.key() != Qt::Key_Escape)
+        return false;
+    close();
+    return true;
+}
+
+void RepGen::SetRepDates()
+{
+    for (QDateEdit *picker : {ui_->DTPickerFrom, ui_->DTPickerTo})
+        picker->interpretText(); // what is being typed
+    fromDate_ = ui_->DTPickerFrom->date();
+    toDate_ = ui_->DTPickerTo->date();
+    repDates_ = SplitDates(fromDate_, toDate_);
+}
+
+void RepGen::Ranges_Click(QuickRange range)
+{
+    const DateRange dates = RangeOf(range, parts_.time.Now().date(), QLocale().firstDayOfWeek());
+    ui_->DTPickerFrom->setDate(dates.from);
+    ui_->DTPickerTo->setDate(dates.to);
+}
+
+void RepGen::UpdateButton_Click()
+{
+    BeginSum(SummaryKind::PerJob);
+}
+
+void RepGen::DailyButton_Click()
+{
+    BeginSum(SummaryKind::PerDay);
+}
+
+void RepGen::BeginSum(SummaryKind kind)
+{
+    SetRepDates();
+    const bool perDay = kind == SummaryKind::PerDay;
+    sumData_->RecordSource =
+        perDay ? HoursPerDay(repDates_, roundingFragment_) : HoursPerJob(repDates_, roundingFragment_);
+    ShowNote(nullptr);
+    busyTimer_.start();
+    const auto sum = std::make_shared<Summary>();
+    summing_.Begin([sum, kind, from = fromDate_, to = toDate_, fragment = roundingFragment_](
+                       dao::Database &timeDb) { *sum = ReadSummary(timeDb, kind, from, to, fragment); },
+                   [this, sum](const std::optional<dao::Error> &error) {
+                       TaskEnded(error);
+                       if (error)
+                           return;
+                       summary_ = *sum;
+                       ShowSummary();
+                   });
+}
+
+void RepGen::TaskEnded(const std::optional<dao::Error> &error)
+{
+    if (!summing_.IsRunning() && !reading_.IsRunning()) {
+        busyTimer_.stop();
+        SetBusy(false);
+    }
+    if (error) {
+        qCWarning(log).noquote() << error->Text();
+        ShowNote(ui_->ErrorLabel);
+    }
+}
+
+void RepGen::SetBusy(bool busy)
+{
+    if (busy == busy_)
+        return;
+    busy_ = busy;
+    QWidget *focus = focusWidget();
+    EnableCommands();
+    if (busy) {
+        focusBeforeBusy_ =
+            focus && !focus->isEnabled() ? focus : nullptr; // a button loses the focus when it is disabled
+        setCursor(Qt::BusyCursor);
+        ShowNote(ui_->SummingLabel);
+    } else {
+        if (focusBeforeBusy_)
+            focusBeforeBusy_->setFocus();
+        unsetCursor();
+        ShowNote(nullptr);
+    }
+}
+
+void RepGen::EnableCommands()
+{
+    const bool summed = summary_.kind != SummaryKind::None;
+    ui_->UpdateButton->setEnabled(!busy_);
+    ui_->DailyButton->setEnabled(!busy_);
+    ui_->PrintCommand->setEnabled(!busy_ && summed);
+    ui_->ClipCommand->setEnabled(!busy_ && summed);
+    ui_->mnuSavePdf->setEnabled(!busy_ && summed);
+    ui_->mnuSaveCsv->setEnabled(!busy_ && summed);
+    ui_->mnuSaveRows->setEnabled(!busy_ && !reading_.IsRunning());
+}
+
+void RepGen::ShowSummary()
+{
+    const bool perDay = summary_.kind == SummaryKind::PerDay;
+    std::vector<RowsModel::Row> cells;
+    cells.reserve(static_cast<std::size_t>(summary_.rows.size()));
+    for (const SummaryRow &row : summary_.rows)
+        cells.push_back({perDay ? QVariant(row.day.day()) : QVariant(), row.jobID, HoursValue(row.hours),
+                         HoursValue(row.rounded), row.jobName, perDay ? QVariant(row.day.month()) : QVariant()});
+    ui_->SummaryGrid->clearSelection();
+    gridModel_.SetRows(std::move(cells));
+    ui_->SummaryGrid->scrollToTop();
+    ShowColumns(summary_.kind);
+    ShowTotals();
+    ShowBars();
+    ShowUnsaved();
+    ShowNote(summary_.rows.isEmpty() ? ui_->EmptyLabel : nullptr);
+    EnableCommands();
+}
+
+void RepGen::ShowColumns(SummaryKind kind)
+{
+    for (const int column : {dayColumn, monthColumn})
+        ui_->SummaryGrid->setColumnHidden(column, kind != SummaryKind::PerDay);
+}
+
+void RepGen::ShowTotals()
+{
+    if (summary_.kind == SummaryKind::None) {
+        ui_->TotalsLabel->clear();
+        return;
+    }
+    const QLocale locale;
+    const double hours = Shown(summary_.TotalHours());
+    const double rounded = Shown(summary_.TotalRounded());
+    const double difference = std::round((rounded - hours) * 100) / 100 + 0.0; // never -0
+    ui_->TotalsLabel->setText(
+        totalsPattern_.arg(locale.toString(hours, 'f', 2), locale.toString(rounded, 'f', 2),
+                           (difference > 0 ? u"+"_s : QString()) + locale.toString(difference, 'f', 2),
+                           locale.toString(summary_.from, DateFormat()), locale.toString(summary_.to, DateFormat())));
+}
+
+void RepGen::ShowBars()
+{
+    using Layout = ChartWidget::Layout;
+    const Layout layout = summary_.kind == SummaryKind::PerDay ? Layout::Columns : Layout::Rows;
+    QList<ChartWidget::Bar> bars;
+    for (const HoursBar &bar : BarsOf(summary_, ui_->MSChart->MostBars(layout), QLocale()))
+        bars.append({bar.label, bar.tip, bar.hours});
+    ui_->MSChart->SetBars(std::move(bars), layout);
+}
+
+void RepGen::ShowUnsaved()
+{
+    const int unsaved = parts_.unsavedStemps();
+    ui_->UnsavedLabel->setText(unsavedPattern_.arg(unsaved));
+    ui_->UnsavedLabel->setVisible(unsaved > 0);
+}
+
+void RepGen::ShowNote(const QWidget *note)
+{
+    for (QLabel *label : {ui_->SummingLabel, ui_->EmptyLabel, ui_->ErrorLabel})
+        label->setVisible(label == note);
+}
+
+void RepGen::PrintCommand_Click()
+{
+    output_.Print(summary_, printerDialog_->printerName);
+}
+
+void RepGen::ClipCommand_Click()
+{
+    output_.Copy(summary_);
+}
+
+void RepGen::mnuSavePdf_Click()
+{
+    output_.SavePdf(summary_);
+}
+
+void RepGen::mnuSaveCsv_Click()
+{
+    output_.SaveCsv(summary_);
+}
+
+void RepGen::mnuSaveRows_Click()
+{
+    SetRepDates();
+    const bool summed = summary_.kind != SummaryKind::None;
+    const QDate from = summed ? summary_.from : fromDate_;
+    const QDate to = summed ? summary_.to : toDate_;
+    const QString path = output_.PickRowsFile(from, to);
+    if (path.isEmpty())
+        return;
+    ShowNote(nullptr);
+    busyTimer_.start();
+    const auto rows = std::make_shared<QList<RawTimeRow>>();
+    reading_.Begin([rows, from, to](dao::Database &timeDb) { *rows = ReadTimeRows(timeDb, from, to); },
+                   [this, rows, path](const std::optional<dao::Error> &error) {
+                       TaskEnded(error);
+                       EnableCommands();
+                       if (!error)
+                           output_.SaveRows(path, *rows);
+                   });
+    EnableCommands(); // two reads for files would get into each other's way
+}

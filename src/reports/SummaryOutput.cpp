@@ -1,0 +1,110 @@
+#include "reports/SummaryOutput.h"
+
+#include "platform/forms/Form.h"
+#include "platform/forms/Prompts.h"
+#include "reports/Csv.h"
+#include "reports/Printing.h"
+#include "reports/Timesheet.h"
+
+#include <QClipboard>
+#include <QDir>
+#include <QGuiApplication>
+#include <QLocale>
+#include <QSaveFile>
+#include <QStandardPaths>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+// Never the program folder, which others may share.
+QString FolderToSaveIn()
+{
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QDir(documents).exists() ? documents : QDir::homePath();
+}
+
+} // namespace
+
+SummaryOutput::SummaryOutput(Form &window, Prompts &prompts, Printing &printing, QString userInitials)
+    : window_(window), prompts_(prompts), printing_(printing), userInitials_(std::move(userInitials))
+{
+}
+
+void SummaryOutput::Print(const Summary &summary, QString &printerName)
+{
+    if (summary.kind == SummaryKind::None)
+        return;
+    if (printing_.HasPrinter()) {
+        printing_.Preview(&window_, TimesheetToPrint(summary, userInitials_, QLocale()),
+                          DocumentName(summary.from, summary.to), printerName);
+    } else if (prompts_.AskYesNo(&window_,
+                                 u"There is no printer on this computer.\n\nDo you want to save the timesheet "
+                                 "as a PDF file instead?"_s)) {
+        SavePdf(summary);
+    }
+}
+
+void SummaryOutput::Copy(const Summary &summary) const
+{
+    if (summary.kind != SummaryKind::None)
+        QGuiApplication::clipboard()->setText(ClipboardText(summary, userInitials_, QLocale()));
+}
+
+// What is saved is made before the picker opens: another sum may end while it is open.
+void SummaryOutput::SavePdf(const Summary &summary)
+{
+    if (summary.kind == SummaryKind::None)
+        return;
+    const QString title = DocumentName(summary.from, summary.to);
+    const PrintedTimesheet timesheet = TimesheetToPrint(summary, userInitials_, QLocale());
+    const QString path = PickPath(u"Save the timesheet as PDF"_s, title, u"*.pdf"_s);
+    if (!path.isEmpty() && !WriteTimesheetPdf(path, timesheet, title))
+        TellNotSaved(path);
+}
+
+void SummaryOutput::SaveCsv(const Summary &summary)
+{
+    if (summary.kind == SummaryKind::None)
+        return;
+    const QByteArray content = SummaryCsv(summary);
+    const QString path = PickPath(u"Save the sums as CSV"_s, DocumentName(summary.from, summary.to), u"*.csv"_s);
+    if (!path.isEmpty())
+        Save(path, content);
+}
+
+QString SummaryOutput::PickRowsFile(const QDate &from, const QDate &to)
+{
+    return PickPath(u"Save the time rows as CSV"_s, DocumentName(from, to) + u" rows"_s, u"*.csv"_s);
+}
+
+void SummaryOutput::SaveRows(const QString &path, const QList<RawTimeRow> &rows)
+{
+    Save(path, TimeRowsCsv(rows));
+}
+
+QString SummaryOutput::DocumentName(const QDate &from, const QDate &to) const
+{
+    return u"%1 %2 to %3"_s.arg(userInitials_, from.toString(Qt::ISODate), to.toString(Qt::ISODate));
+}
+
+QString SummaryOutput::PickPath(const QString &title, const QString &name, const QString &filter)
+{
+    const QString path =
+        prompts_.PickSaveFile(&window_, title, QDir(FolderToSaveIn()).filePath(name + filter.mid(1)), filter);
+    return window_.IsLoaded() ? path : QString(); // the session may have ended meanwhile
+}
+
+void SummaryOutput::Save(const QString &path, const QByteArray &content)
+{
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.commit())
+        TellNotSaved(path);
+}
+
+void SummaryOutput::TellNotSaved(const QString &path)
+{
+    prompts_.MsgBox(&window_,
+                    u"The file\n%1\ncould not be saved. Its folder may be read-only or not there, the disk may be "
+                    "full, or another program may have opened it."_s.arg(QDir::toNativeSeparators(path)));
+}

@@ -1,0 +1,96 @@
+#include "reports/Timesheet.h"
+
+#include <cmath>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr qsizetype jobWidth = 20;
+
+// How many blanks follow a job's id before it is cut. Short ids are told apart by it: a job without an id fills 18 places of
+// the copy and 19 on paper.
+constexpr qsizetype blanksInCopy = 18;
+constexpr qsizetype blanksOnPaper = 19;
+
+QString WithoutBreaks(QString text)
+{
+    return text.replace(u'\t', u' ').replace(u'\r', u' ').replace(u'\n', u' ');
+}
+
+QString JobColumn(const QString &jobID, qsizetype blanks)
+{
+    QString column = WithoutBreaks(jobID) + QString(blanks, u' ');
+    column.truncate(jobWidth);
+    if (column.back().isHighSurrogate()) // half a character
+        column.back() = u' ';
+    return column;
+}
+
+QString DayText(const QDate &day)
+{
+    return QString::number(day.day()).rightJustified(2, u'0');
+}
+
+QStringList Header(const Summary &summary, const QString &user, const QLocale &locale)
+{
+    return {WithoutBreaks(user), locale.toString(summary.from, QLocale::ShortFormat),
+            locale.toString(summary.to, QLocale::ShortFormat)};
+}
+
+QStringList Cells(const SummaryRow &row, SummaryKind kind, qsizetype blanks)
+{
+    QStringList cells{JobColumn(row.jobID, blanks), HoursText(row.hours), HoursText(row.rounded),
+                      WithoutBreaks(row.jobName)};
+    if (kind == SummaryKind::PerDay)
+        cells.prepend(DayText(row.day));
+    return cells;
+}
+
+} // namespace
+
+QString HoursText(const std::optional<double> &hours)
+{
+    // Whole seconds that are half a hundredth of an hour miss the half by a floating error until they are snapped to it.
+    const double exact = hours.value_or(0);
+    const double millionths = std::round(std::abs(exact) * 1e6);
+    const double hundredths = std::round(millionths / 1e4);
+    const QString text = QString::number(hundredths / 100, 'f', 2).rightJustified(5, u'0');
+    return hundredths > 0 && exact < 0 ? QString(u'-' + text) : text;
+}
+
+QString ClipboardText(const Summary &summary, const QString &user, const QLocale &locale)
+{
+    if (summary.kind == SummaryKind::None)
+        return {};
+    QString text;
+    const auto addLine = [&text](const QStringList &fields) { text += fields.join(u'\t') + u"\r\n"_s; };
+
+    addLine(Header(summary, user, locale));
+    addLine({});
+    for (const SummaryRow &row : summary.rows)
+        addLine(Cells(row, summary.kind, blanksInCopy));
+    QStringList totals{QString(jobWidth, u' '), HoursText(summary.TotalHours()), HoursText(summary.TotalRounded())};
+    if (summary.kind == SummaryKind::PerDay)
+        totals.prepend(u"  "_s);
+    addLine(totals);
+    return text;
+}
+
+PrintedTimesheet TimesheetToPrint(const Summary &summary, const QString &user, const QLocale &locale)
+{
+    if (summary.kind == SummaryKind::None)
+        return {};
+    PrintedTimesheet sheet;
+    sheet.header = Header(summary, user, locale);
+    sheet.rows.reserve(summary.rows.size());
+    for (const SummaryRow &row : summary.rows)
+        sheet.rows.append(Cells(row, summary.kind, blanksOnPaper));
+    sheet.totals = {QString(), HoursText(summary.TotalHours()), HoursText(summary.TotalRounded()), QString()};
+    sheet.alignRight = {false, true, true, false};
+    if (summary.kind == SummaryKind::PerDay) {
+        sheet.totals.prepend(QString());
+        sheet.alignRight.prepend(false);
+    }
+    return sheet;
+}
