@@ -201,6 +201,140 @@
     </message>
 </context>
 <context>
+    <name>CreateJob</name>
+    <message>
+        <source>Create Job</source>
+        <translation>Opret job</translation>
+    </message>
+    <message>
+        <source>Creates jobs in the company&apos;s job list, or in your own list when you have no company database. Type an ID and, if you like, a description, and press Apply or OK. Time rows and your personal list are not touched; your colleagues see a new job at their next look at the company database.</source>
+        <translation>Opretter job på firmaets jobliste, eller på din egen liste, når du ikke har nogen firmadatabase. Skriv et id og eventuelt en beskrivelse, og tryk på Anvend eller OK. Tidsrækker og din personlige liste berøres ikke; dine kolleger ser et nyt job, næste gang de ser efter i firmadatabasen.</translation>
+    </message>
+    <message>
+        <source>Enter unique Job ID here</source>
+        <translation>Skriv et entydigt job-id her</translation>
+    </message>
+    <message>
+        <source>The number or short name by which the job is known. No two jobs may have the same one, in capital or small letters; a colon becomes a blank. After a number has been stored, the next number is suggested. Nothing is stored before you press Apply or OK.</source>
+        <translation>Det nummer eller korte navn, som jobbet kendes under. To job må ikke have det samme, hverken med store eller små bogstaver; et kolon bliver til et mellemrum. Når et nummer er gemt, foreslås det næste. Intet gemmes, før du trykker på Anvend eller OK.</translation>
+    </message>
+    <message>
+        <source>Job ID</source>
+        <translation>Job-id</translation>
+    </message>
+    <message>
+        <source>Enter Job description, if you like</source>
+        <translation>Skriv en beskrivelse af jobbet, hvis du vil</translation>
+    </message>
+    <message>
+        <source>What the job is about, as your colleagues will read it in the list beside the ID. Leave it empty when the ID says enough: the ID is then stored as the description too. Nothing is stored before you press Apply or OK.</source>
+        <translation>Hvad jobbet går ud på, som dine kolleger læser det på listen ved siden af id&apos;et. Lad feltet være tomt, når id&apos;et siger nok: Så gemmes id&apos;et også som beskrivelse. Intet gemmes, før du trykker på Anvend eller OK.</translation>
+    </message>
+    <message>
+        <source>Description</source>
+        <translation>Beskrivelse</translation>
+    </message>
+    <message>
+        <source>The IDs of the jobs you have created</source>
+        <translation>Id&apos;erne på de job, du har oprettet</translation>
+    </message>
+    <message>
+        <source>Shows the jobs that you have created since the window was opened, the newest last: on the left the IDs, on the right their descriptions. Use the lists to check what was stored. Nothing can be changed here; a wrong job is deleted from the full list in the main window.</source>
+        <translation>Viser de job, du har oprettet, siden vinduet blev åbnet, det nyeste nederst: til venstre id&apos;erne, til højre beskrivelserne. Brug listerne til at se efter, hvad der blev gemt. Der kan ikke ændres noget her; et forkert job slettes fra hele listen i hovedvinduet.</translation>
+    </message>
+    <message>
+        <source>IDs of the created jobs</source>
+        <translation>De oprettede jobs id&apos;er</translation>
+    </message>
+    <message>
+        <source>The descriptions of the jobs you have created</source>
+        <translation>Beskrivelserne af de job, du har oprettet</translation>
+    </message>
+    <message>
+        <source>Descriptions of the created jobs</source>
+        <translation>De oprettede jobs beskrivelser</translation>
+    </message>
+    <message>
+        <source>Store the job and go on with the next</source>
+        <translation>Gem jobbet, og fortsæt med det næste</translation>
+    </message>
+    <message>
+        <source>Stores the job in the company&apos;s job list and leaves the window open. Use it when you have several jobs to create: the boxes are made ready for the next one. An ID that is used already is refused. No time rows are touched.</source>
+        <translation>Gemmer jobbet på firmaets jobliste og lader vinduet stå åbent. Brug knappen, når du vil oprette flere job: Felterne gøres klar til det næste. Et id, der allerede er brugt, afvises. Ingen tidsrækker berøres.</translation>
+    </message>
+    <message>
+        <source>&amp;Apply</source>
+        <translation>&amp;Anvend</translation>
+    </message>
+    <message>
+        <source>Store the job and close the window</source>
+        <translation>Gem jobbet, og luk vinduet</translation>
+    </message>
+    <message>
+        <source>Stores the job in the company&apos;s job list and closes the window. Use it for the only or the last job; Enter does the same. The window stays open when the job could not be stored. No time rows are touched.</source>
+        <translation>Gemmer jobbet på firmaets jobliste og lukker vinduet. Brug knappen til det eneste eller det sidste job; Enter gør det samme. Vinduet bliver stående, når jobbet ikke kunne gemmes. Ingen tidsrækker berøres.</translation>
+    </message>
+    <message>
+        <source>&amp;OK</source>
+        <translation>&amp;OK</translation>
+    </message>
+    <message>
+        <source>Close the window without storing</source>
+        <translation>Luk vinduet uden at gemme</translation>
+    </message>
+    <message>
+        <source>Closes the window without storing what stands in the boxes; Escape does the same. Use it when all your jobs are in the lists below. Jobs that were stored before stay stored.</source>
+        <translation>Lukker vinduet uden at gemme det, der står i felterne; Escape gør det samme. Brug knappen, når alle dine job står på listerne. Job, der allerede er gemt, forbliver gemt.</translation>
+    </message>
+    <message>
+        <source>&amp;Exit</source>
+        <translation>&amp;Luk</translation>
+    </message>
+    <message>
+        <source>Why the job is not stored yet</source>
+        <translation>Hvorfor jobbet ikke er gemt endnu</translation>
+    </message>
+    <message>
+        <source>Tells you when the job list could not be written or does not answer. What you typed stays in the boxes, so that you can try again. It is empty while all is well.</source>
+        <translation>Fortæller, når joblisten ikke kunne skrives eller ikke svarer. Det, du har skrevet, bliver i felterne, så du kan prøve igen. Den er tom, så længe alt er i orden.</translation>
+    </message>
+    <message>
+        <source>State of the storing</source>
+        <translation>Hvordan det går med at gemme</translation>
+    </message>
+</context>
+<context>
+    <name>Help</name>
+    <message>
+        <source>Stemp Help</source>
+        <translation>Stemp-hjælp</translation>
+    </message>
+    <message>
+        <source>Shows what the control that you asked about does. Press F1 on any control, or Shift+F1 for its whole window; the window you work in keeps the keys, and the next F1 changes the text here. Escape in this window closes it, and it opens next time where you left it.
+
+Ctrl+E lets you change any window: it turns light grey, and a click on a control edits its text, its place and its size until Escape ends it. Whatever went wrong, Ctrl+Shift+Backspace asks and then puts the shipped layout and texts of a window back. A window can also be moved by a bare spot of its surface.</source>
+        <translation>Viser, hvad det felt, du spurgte om, gør. Tryk F1 på et hvilket som helst felt eller Shift+F1 for hele dets vindue; vinduet, du arbejder i, beholder tastaturet, og næste F1 skifter teksten her. Escape i dette vindue lukker det, og næste gang åbner det, hvor du forlod det.
+
+Ctrl+E lader dig ændre ethvert vindue: det bliver lysegråt, og et klik på et felt redigerer dets tekst, plads og størrelse, indtil Escape afslutter det. Hvad der end gik galt, spørger Ctrl+Shift+Backspace og genskaber så vinduets oprindelige opstilling og tekster. Et vindue kan også flyttes med et tomt sted på dets flade.</translation>
+    </message>
+    <message>
+        <source>The help of the control that you asked about</source>
+        <translation>Hjælpen til det felt, du spurgte om</translation>
+    </message>
+    <message>
+        <source>The help of the control or window on which you pressed F1 last. You can scroll it, and select and copy from it, but not change it here. Press F1 on another control and its help takes this place.</source>
+        <translation>Hjælpen til det felt eller vindue, hvor du sidst trykkede F1. Du kan rulle i den og markere og kopiere fra den, men ikke ændre den her. Tryk F1 på et andet felt, og dets hjælp vises her i stedet.</translation>
+    </message>
+    <message>
+        <source>Help text</source>
+        <translation>Hjælpetekst</translation>
+    </message>
+    <message>
+        <source>Ctrl+E changes texts and places in this window (Escape ends it), and Ctrl+Shift+Backspace puts the shipped ones back.</source>
+        <translation>Ctrl+E ændrer tekster og pladser i dette vindue (Escape afslutter), og Ctrl+Shift+Backspace genskaber de oprindelige.</translation>
+    </message>
+</context>
+<context>
     <name>IOQuery</name>
     <message>
         <source>You are stemped IN!</source>
@@ -308,6 +442,448 @@
     <message>
         <source>Status and Messages</source>
         <translation>Status og beskeder</translation>
+    </message>
+</context>
+<context>
+    <name>Notes</name>
+    <message>
+        <source>Notes</source>
+        <translation>Noter</translation>
+    </message>
+    <message>
+        <source>Your dated notes on your jobs, which nobody else sees. Read what you noted on a job, find a note by any word in it, and write new ones below. The notes are stored in your own database; your time rows are not touched.</source>
+        <translation>Dine daterede noter om dine job, som ingen andre ser. Læs, hvad du har noteret om et job, find en note på et hvilket som helst ord i den, og skriv nye nederst. Noterne gemmes i din egen database; dine tidsrækker berøres ikke.</translation>
+    </message>
+    <message>
+        <source>Show only the notes that contain this</source>
+        <translation>Vis kun de noter, der indeholder dette</translation>
+    </message>
+    <message>
+        <source>Type a word, a date such as 2026.03, or a job ID: the grid then shows only the notes that contain it, in capital or small letters. Empty the box, or press Escape in it, to see all notes again. No note is changed.</source>
+        <translation>Skriv et ord, en dato som 2026.03 eller et job-id: Så viser tabellen kun de noter, der indeholder det, med store eller små bogstaver. Tøm feltet, eller tryk på Escape i det, for at se alle noter igen. Ingen note ændres.</translation>
+    </message>
+    <message>
+        <source>&amp;Find:</source>
+        <translation>&amp;Find:</translation>
+    </message>
+    <message>
+        <source>Find</source>
+        <translation>Find</translation>
+    </message>
+    <message>
+        <source>Your notes on all jobs, the newest at the bottom</source>
+        <translation>Dine noter om alle job, den nyeste nederst</translation>
+    </message>
+    <message>
+        <source>Shows the notes on all jobs in the order in which they were written, each with its job and its date. When the window opens, it stands at the first note on the current job, or at the newest note when there is none. Choose a row to read the whole note below. Notes that are stored can&apos;t be changed.</source>
+        <translation>Viser noterne om alle job i den rækkefølge, de er skrevet, hver med sit job og sin dato. Når vinduet åbner, står tabellen ved den første note om det aktuelle job, eller ved den nyeste note, når der ingen er. Vælg en række for at læse hele noten nedenunder. Noter, der er gemt, kan ikke ændres.</translation>
+    </message>
+    <message>
+        <source>JobID</source>
+        <translation>Job-id</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>Note</translation>
+    </message>
+    <message>
+        <source>The whole of the chosen note</source>
+        <translation>Hele den valgte note</translation>
+    </message>
+    <message>
+        <source>Shows the note that is chosen in the grid from its first line to its last, however long it is. Text can be selected and copied here. It can&apos;t be changed.</source>
+        <translation>Viser den note, der er valgt i tabellen, fra første til sidste linje, uanset hvor lang den er. Her kan tekst markeres og kopieres. Den kan ikke ændres.</translation>
+    </message>
+    <message>
+        <source>The chosen note</source>
+        <translation>Den valgte note</translation>
+    </message>
+    <message>
+        <source>Enter Job ID here</source>
+        <translation>Skriv job-id her</translation>
+    </message>
+    <message>
+        <source>The ID of the job that the new note is about; it is filled with the job of the main window. Any text will do, also of a job that is in no list. Press Enter in the box to go to the first note on that job; nothing is stored before you press Save.</source>
+        <translation>Id&apos;et på det job, den nye note handler om; feltet er udfyldt med hovedvinduets job. Enhver tekst kan bruges, også et job, der ikke står på nogen liste. Tryk på Enter i feltet for at gå til den første note om jobbet; intet gemmes, før du trykker på Gem.</translation>
+    </message>
+    <message>
+        <source>&amp;Job:</source>
+        <translation>&amp;Job:</translation>
+    </message>
+    <message>
+        <source>Job ID of the new note</source>
+        <translation>Job-id for den nye note</translation>
+    </message>
+    <message>
+        <source>Enter new note here, then press save</source>
+        <translation>Skriv en ny note her, og tryk på Gem</translation>
+    </message>
+    <message>
+        <source>The text of the new note; Enter begins a new line, and Ctrl+Enter saves. The date is put before it when it is saved: on the same line, or on a line of its own when the note has more than 50 characters. Blanks at its beginning and end are not stored.</source>
+        <translation>Teksten til den nye note; Enter begynder en ny linje, og Ctrl+Enter gemmer. Datoen sættes foran, når noten gemmes: på samme linje, eller på en linje for sig, når noten har mere end 50 tegn. Mellemrum i begyndelsen og slutningen gemmes ikke.</translation>
+    </message>
+    <message>
+        <source>New no&amp;te:</source>
+        <translation>Ny no&amp;te:</translation>
+    </message>
+    <message>
+        <source>New note</source>
+        <translation>Ny note</translation>
+    </message>
+    <message>
+        <source>Save textbox in table</source>
+        <translation>Gem tekstfeltet i tabellen</translation>
+    </message>
+    <message>
+        <source>Stores the new note for the job in the box, with today&apos;s date before it. The box is emptied for the next note, and the stored note is shown in the grid. An empty note is not stored.</source>
+        <translation>Gemmer den nye note under jobbet i feltet, med dagens dato foran. Feltet tømmes til den næste note, og den gemte note vises i tabellen. En tom note gemmes ikke.</translation>
+    </message>
+    <message>
+        <source>&amp;Save</source>
+        <translation>&amp;Gem</translation>
+    </message>
+    <message>
+        <source>Close the window</source>
+        <translation>Luk vinduet</translation>
+    </message>
+    <message>
+        <source>Closes the window; Escape does the same. If a new note is not saved yet, you are asked first. Notes that were saved stay saved.</source>
+        <translation>Lukker vinduet; Escape gør det samme. Hvis en ny note ikke er gemt endnu, bliver du spurgt først. Noter, der er gemt, forbliver gemt.</translation>
+    </message>
+    <message>
+        <source>&amp;Exit</source>
+        <translation>&amp;Luk</translation>
+    </message>
+    <message>
+        <source>What became of saving or finding</source>
+        <translation>Hvordan det gik med at gemme eller finde</translation>
+    </message>
+    <message>
+        <source>Tells you when a note could not be stored, or when there is no note on the job or with the text that you look for. A note that could not be stored stays in its box, so that you can try again. It is empty while all is well.</source>
+        <translation>Fortæller, når en note ikke kunne gemmes, eller når der ingen note er om jobbet eller med den tekst, du leder efter. En note, der ikke kunne gemmes, bliver i feltet, så du kan prøve igen. Den er tom, så længe alt er i orden.</translation>
+    </message>
+    <message>
+        <source>Result of saving or finding</source>
+        <translation>Resultatet af at gemme eller finde</translation>
+    </message>
+    <message>
+        <source>Fetches the notes of all jobs from your own database for the grid, and puts new ones there. It is not seen. Notes that are stored already are never changed by it.</source>
+        <translation>Henter noterne om alle job fra din egen database til tabellen og lægger nye derind. Den ses ikke. Den ændrer aldrig noter, der allerede er gemt.</translation>
+    </message>
+</context>
+<context>
+    <name>RepGen</name>
+    <message>
+        <source>Day</source>
+        <translation>Dag</translation>
+    </message>
+    <message>
+        <source>Job</source>
+        <translation>Job</translation>
+    </message>
+    <message>
+        <source>Hours</source>
+        <translation>Timer</translation>
+    </message>
+    <message>
+        <source>Rounded</source>
+        <translation>Afrundet</translation>
+    </message>
+    <message>
+        <source>Description</source>
+        <translation>Beskrivelse</translation>
+    </message>
+    <message>
+        <source>Month</source>
+        <translation>Måned</translation>
+    </message>
+    <message>
+        <source>Fetches the sums from your time database for the grid. It is not seen. It only reads and changes no data.</source>
+        <translation>Henter summerne fra din tidsdatabase til tabellen. Den ses ikke. Den læser kun og ændrer ingen data.</translation>
+    </message>
+    <message>
+        <source>The window in which you choose the printer. It opens from the preview of the timesheet; the printer that you print on is suggested the next time.</source>
+        <translation>Vinduet, hvor du vælger printeren. Det åbner fra timesedlens udskriftsvisning; den printer, du udskriver på, foreslås næste gang.</translation>
+    </message>
+    <message>
+        <source>Hours Summaries</source>
+        <translation>Timeopgørelser</translation>
+    </message>
+    <message>
+        <source>Sums your hours over the days that you choose, for each job or for each job and day. The result can be printed as a timesheet, copied to another program or saved as a file. Your time rows are only read; nothing here changes them.</source>
+        <translation>Lægger dine timer sammen for de dage, du vælger, for hvert job eller for hvert job og hver dag. Resultatet kan udskrives som timeseddel, kopieres til et andet program eller gemmes som fil. Dine tidsrækker læses kun; intet her ændrer dem.</translation>
+    </message>
+    <message>
+        <source>The first day of the sums</source>
+        <translation>Den første dag i opgørelsen</translation>
+    </message>
+    <message>
+        <source>The first day that is summed. Type a date, or click the arrow to choose one from a calendar. A stemp belongs to the day on which you stemped in; nothing is summed before you press one of the two buttons below.</source>
+        <translation>Den første dag, der tælles med. Skriv en dato, eller klik på pilen for at vælge den i en kalender. En stempling hører til den dag, du stemplede ind; intet lægges sammen, før du trykker på en af de to knapper nedenunder.</translation>
+    </message>
+    <message>
+        <source>&amp;From</source>
+        <translation>&amp;Fra</translation>
+    </message>
+    <message>
+        <source>First day</source>
+        <translation>Første dag</translation>
+    </message>
+    <message>
+        <source>The last day of the sums</source>
+        <translation>Den sidste dag i opgørelsen</translation>
+    </message>
+    <message>
+        <source>The last day that is summed; all of it counts. Type a date, or click the arrow to choose one from a calendar. When it lies before the first day, there is nothing to sum.</source>
+        <translation>Den sidste dag, der tælles med; hele dagen tæller. Skriv en dato, eller klik på pilen for at vælge den i en kalender. Ligger den før den første dag, er der intet at lægge sammen.</translation>
+    </message>
+    <message>
+        <source>&amp;To</source>
+        <translation>&amp;Til</translation>
+    </message>
+    <message>
+        <source>Last day</source>
+        <translation>Sidste dag</translation>
+    </message>
+    <message>
+        <source>Set both dates to today</source>
+        <translation>Sæt begge datoer til i dag</translation>
+    </message>
+    <message>
+        <source>Sets both dates to today. Use it to see what you have done so far. It only sets the dates: press one of the two buttons below to sum.</source>
+        <translation>Sætter begge datoer til i dag. Brug den til at se, hvad du har nået indtil nu. Den sætter kun datoerne: tryk på en af de to knapper nedenunder for at lægge sammen.</translation>
+    </message>
+    <message>
+        <source>T&amp;oday</source>
+        <translation>&amp;I dag</translation>
+    </message>
+    <message>
+        <source>Set the dates to this week</source>
+        <translation>Sæt datoerne til denne uge</translation>
+    </message>
+    <message>
+        <source>Sets the dates to the first and the last day of this week, which begins on the day that is usual in your country. It only sets the dates: press one of the two buttons below to sum.</source>
+        <translation>Sætter datoerne til den første og den sidste dag i denne uge, som begynder på den dag, der er almindelig i dit land. Den sætter kun datoerne: tryk på en af de to knapper nedenunder for at lægge sammen.</translation>
+    </message>
+    <message>
+        <source>This &amp;week</source>
+        <translation>Denne &amp;uge</translation>
+    </message>
+    <message>
+        <source>Set the dates to last week</source>
+        <translation>Sæt datoerne til sidste uge</translation>
+    </message>
+    <message>
+        <source>Sets the dates to the first and the last day of the week before this one. Use it on Monday for a timesheet of the week that is over. It only sets the dates: press one of the two buttons below to sum.</source>
+        <translation>Sætter datoerne til den første og den sidste dag i ugen før denne. Brug den om mandagen til en timeseddel for ugen, der er gået. Den sætter kun datoerne: tryk på en af de to knapper nedenunder for at lægge sammen.</translation>
+    </message>
+    <message>
+        <source>&amp;Last week</source>
+        <translation>&amp;Sidste uge</translation>
+    </message>
+    <message>
+        <source>Set the dates to this month</source>
+        <translation>Sæt datoerne til denne måned</translation>
+    </message>
+    <message>
+        <source>Sets the dates to the first and the last day of this month. Days that are still to come have no hours yet. It only sets the dates: press one of the two buttons below to sum.</source>
+        <translation>Sætter datoerne til den første og den sidste dag i denne måned. Dage, der endnu ikke er kommet, har ingen timer. Den sætter kun datoerne: tryk på en af de to knapper nedenunder for at lægge sammen.</translation>
+    </message>
+    <message>
+        <source>This &amp;month</source>
+        <translation>Denne &amp;måned</translation>
+    </message>
+    <message>
+        <source>Set the dates to last month</source>
+        <translation>Sæt datoerne til sidste måned</translation>
+    </message>
+    <message>
+        <source>Sets the dates to the first and the last day of the month before this one. Use it for a timesheet of the month that is over. It only sets the dates: press one of the two buttons below to sum.</source>
+        <translation>Sætter datoerne til den første og den sidste dag i måneden før denne. Brug den til en timeseddel for måneden, der er gået. Den sætter kun datoerne: tryk på en af de to knapper nedenunder for at lægge sammen.</translation>
+    </message>
+    <message>
+        <source>L&amp;ast month</source>
+        <translation>Sidste må&amp;ned</translation>
+    </message>
+    <message>
+        <source>Sum the hours of each job</source>
+        <translation>Læg timerne sammen for hvert job</translation>
+    </message>
+    <message>
+        <source>Sums your hours of each job between the two dates and shows them in the grid and in the chart. Use it to see where your time went, or for a timesheet with one line for each job. A job that you are still stemped in on has no hours before you stemp out.</source>
+        <translation>Lægger dine timer sammen for hvert job mellem de to datoer og viser dem i tabellen og i diagrammet. Brug den til at se, hvor tiden blev af, eller til en timeseddel med én linje for hvert job. Et job, du stadig er stemplet ind på, har ingen timer, før du stempler ud.</translation>
+    </message>
+    <message>
+        <source>&amp;Per job</source>
+        <translation>Pr. &amp;job</translation>
+    </message>
+    <message>
+        <source>Sum the hours of each job on each day</source>
+        <translation>Læg timerne sammen for hvert job på hver dag</translation>
+    </message>
+    <message>
+        <source>Sums your hours of each job and day between the two dates, the earliest day first. Use it for a timesheet with one line for each job and day. The rounding is done for each line, so that the rounded total may differ from that of the sums for each job.</source>
+        <translation>Lægger dine timer sammen for hvert job og hver dag mellem de to datoer, den tidligste dag først. Brug den til en timeseddel med én linje for hvert job og hver dag. Der afrundes for hver linje, så den afrundede sum kan være en anden end ved opgørelsen for hvert job.</translation>
+    </message>
+    <message>
+        <source>Per &amp;day</source>
+        <translation>Pr. &amp;dag</translation>
+    </message>
+    <message>
+        <source>Show the timesheet as it will be printed</source>
+        <translation>Vis timesedlen, som den bliver udskrevet</translation>
+    </message>
+    <message>
+        <source>Shows the sums in the grid as a timesheet, page by page, and prints it on the printer that you choose. Without a printer, you are asked whether to save it as a PDF file. It prints what was summed last, even when you have changed the dates since.</source>
+        <translation>Viser tabellens summer som en timeseddel, side for side, og udskriver den på den printer, du vælger. Uden printer bliver du spurgt, om den skal gemmes som PDF-fil. Den udskriver det, der sidst blev lagt sammen, også når du har ændret datoerne siden.</translation>
+    </message>
+    <message>
+        <source>Print timesheet</source>
+        <translation>Udskriv timeseddel</translation>
+    </message>
+    <message>
+        <source>Copy the sums, for another program</source>
+        <translation>Kopiér summerne til et andet program</translation>
+    </message>
+    <message>
+        <source>Copies the sums in the grid, with your name, the dates and the totals, so that you can paste them into a spreadsheet or a mail. Whatever was copied before is replaced. It copies what was summed last, even when you have changed the dates since.</source>
+        <translation>Kopierer tabellens summer med dit navn, datoerne og totalerne, så du kan sætte dem ind i et regneark eller en mail. Det, der før var kopieret, bliver erstattet. Den kopierer det, der sidst blev lagt sammen, også når du har ændret datoerne siden.</translation>
+    </message>
+    <message>
+        <source>Copy table to cllipboard</source>
+        <translation>Kopiér tabel til udklipsholder</translation>
+    </message>
+    <message>
+        <source>The sums: a line for each job, or each job and day</source>
+        <translation>Summerne: en linje for hvert job eller for hvert job og hver dag</translation>
+    </message>
+    <message>
+        <source>Shows the hours of each job, or each job and day: the exact ones, and those rounded as your settings say. The last column is the description of the job. The lines are sums; they cannot be changed here.</source>
+        <translation>Viser timerne for hvert job eller for hvert job og hver dag: de nøjagtige og dem, der er afrundet, som dine indstillinger siger. Den sidste kolonne er jobbets beskrivelse. Linjerne er summer; de kan ikke ændres her.</translation>
+    </message>
+    <message>
+        <source>Summary grid</source>
+        <translation>Opgørelsestabel</translation>
+    </message>
+    <message>
+        <source>The hours as bars</source>
+        <translation>Timerne som søjler</translation>
+    </message>
+    <message>
+        <source>Shows the hours of the grid as bars: the longest jobs first, or one day after the other. Let the mouse rest on a bar to read it in full. Where there are too many to tell apart, the smallest jobs are put together, or the days into weeks or months.</source>
+        <translation>Viser tabellens timer som søjler: de længste job først eller den ene dag efter den anden. Lad musen hvile på en søjle for at læse det hele. Hvor der er for mange til at skelne dem, slås de mindste job sammen eller dagene til uger eller måneder.</translation>
+    </message>
+    <message>
+        <source>Chart of the hours</source>
+        <translation>Diagram over timerne</translation>
+    </message>
+    <message>
+        <source>The totals of the grid</source>
+        <translation>Tabellens totaler</translation>
+    </message>
+    <message>
+        <source>Shows the exact hours and the rounded hours of all lines together, how much the rounding adds or takes away, and the days that were summed. The dates above may have been changed since. It is empty before the first sum.</source>
+        <translation>Viser de nøjagtige og de afrundede timer for alle linjer tilsammen, hvor meget afrundingen lægger til eller trækker fra, og de dage, der blev lagt sammen. Datoerne ovenfor kan være ændret siden. Den er tom før den første opgørelse.</translation>
+    </message>
+    <message>
+        <source>Hours: %1    Rounded: %2    Difference: %3    From %4 to %5</source>
+        <translation>Timer: %1    Afrundet: %2    Forskel: %3    Fra %4 til %5</translation>
+    </message>
+    <message>
+        <source>The sums are being made</source>
+        <translation>Summerne bliver lavet</translation>
+    </message>
+    <message>
+        <source>Shown while sums take longer than a moment. The window may be closed meanwhile; the sums are then dropped. Your time rows are only read.</source>
+        <translation>Vises, mens summerne tager længere end et øjeblik. Vinduet må lukkes imens; så droppes summerne. Dine tidsrækker læses kun.</translation>
+    </message>
+    <message>
+        <source>Summing ...</source>
+        <translation>Lægger sammen ...</translation>
+    </message>
+    <message>
+        <source>Nothing was found between the two dates</source>
+        <translation>Intet blev fundet mellem de to datoer</translation>
+    </message>
+    <message>
+        <source>Shown when you have not stemped in between the two dates. Look at the dates: the first one may lie after the last one. The grid and the chart are empty then.</source>
+        <translation>Vises, når du ikke har stemplet ind mellem de to datoer. Se på datoerne: den første ligger måske efter den sidste. Tabellen og diagrammet er tomme så længe.</translation>
+    </message>
+    <message>
+        <source>No hours in this range</source>
+        <translation>Ingen timer i dette tidsrum</translation>
+    </message>
+    <message>
+        <source>The sums could not be made</source>
+        <translation>Summerne kunne ikke laves</translation>
+    </message>
+    <message>
+        <source>Shown when your time database could not be read: it is locked by another program, damaged or not there. Try again in a moment. What the grid shows is still the sum before.</source>
+        <translation>Vises, når din tidsdatabase ikke kunne læses: den er låst af et andet program, beskadiget eller ikke på sin plads. Prøv igen om et øjeblik. Det, tabellen viser, er stadig den forrige opgørelse.</translation>
+    </message>
+    <message>
+        <source>The time database cannot be read just now</source>
+        <translation>Tidsdatabasen kan ikke læses lige nu</translation>
+    </message>
+    <message>
+        <source>Some of your last stemps are missing in the sums</source>
+        <translation>Nogle af dine sidste stemplinger mangler i summerne</translation>
+    </message>
+    <message>
+        <source>Shown while stemps of yours could not be written to your time database yet. The sums are made from the database, so these stemps are missing in them. Sum again when the main window says no more that something is not saved.</source>
+        <translation>Vises, mens nogle af dine stemplinger endnu ikke kunne skrives til din tidsdatabase. Summerne laves af databasen, så disse stemplinger mangler i dem. Læg sammen igen, når hovedvinduet ikke længere siger, at noget ikke er gemt.</translation>
+    </message>
+    <message>
+        <source>Not saved yet and not in the sums: %1</source>
+        <translation>Endnu ikke gemt og ikke i summerne: %1</translation>
+    </message>
+    <message>
+        <source>Save the sums or the time rows as a file</source>
+        <translation>Gem summerne eller tidsrækkerne som fil</translation>
+    </message>
+    <message>
+        <source>Saves what was summed last as a PDF file or as a table for other programs, or the time rows themselves. You choose the name and the place. Your time rows stay as they are.</source>
+        <translation>Gemmer det, der sidst blev lagt sammen, som PDF-fil eller som tabel til andre programmer, eller selve tidsrækkerne. Du vælger navnet og stedet. Dine tidsrækker bliver, som de er.</translation>
+    </message>
+    <message>
+        <source>&amp;Save</source>
+        <translation>&amp;Gem</translation>
+    </message>
+    <message>
+        <source>Times&amp;heet as PDF ...</source>
+        <translation>Timeseddel som &amp;PDF ...</translation>
+    </message>
+    <message>
+        <source>Save the timesheet as a PDF file</source>
+        <translation>Gem timesedlen som PDF-fil</translation>
+    </message>
+    <message>
+        <source>Saves the timesheet as it would be printed, as a PDF file. Use it to hand the timesheet in by mail. It saves what was summed last, even when you have changed the dates since.</source>
+        <translation>Gemmer timesedlen, som den ville blive udskrevet, som PDF-fil. Brug den til at aflevere timesedlen pr. mail. Den gemmer det, der sidst blev lagt sammen, også når du har ændret datoerne siden.</translation>
+    </message>
+    <message>
+        <source>S&amp;ums as CSV ...</source>
+        <translation>Summer som &amp;CSV ...</translation>
+    </message>
+    <message>
+        <source>Save the sums as a table for other programs</source>
+        <translation>Gem summerne som tabel til andre programmer</translation>
+    </message>
+    <message>
+        <source>Saves the lines of the grid as a CSV file, which spreadsheets and other programs read: exact and rounded hours, with a decimal point and full dates whatever the country. It saves what was summed last, even when you have changed the dates since.</source>
+        <translation>Gemmer tabellens linjer som CSV-fil, som regneark og andre programmer læser: nøjagtige og afrundede timer med decimalpunktum og fulde datoer, uanset landet. Den gemmer det, der sidst blev lagt sammen, også når du har ændret datoerne siden.</translation>
+    </message>
+    <message>
+        <source>Time &amp;rows as CSV ...</source>
+        <translation>Tids&amp;rækker som CSV ...</translation>
+    </message>
+    <message>
+        <source>Save the single stemps as a table for other programs</source>
+        <translation>Gem de enkelte stemplinger som tabel til andre programmer</translation>
+    </message>
+    <message>
+        <source>Saves the single stemps between the two dates as a CSV file: job, description, when you stemped in and when you stemped out. Use it to work on with your hours in another program. The days are those that were summed last or, before the first sum, those of the two dates.</source>
+        <translation>Gemmer de enkelte stemplinger mellem de to datoer som CSV-fil: job, beskrivelse, hvornår du stemplede ind, og hvornår du stemplede ud. Brug den til at arbejde videre med dine timer i et andet program. Dagene er dem, der sidst blev lagt sammen, eller, før den første opgørelse, de to datoers.</translation>
     </message>
 </context>
 <context>

@@ -1,6 +1,7 @@
 #include "clock/StempWin.h"
 
 #include "clock/Clock.h"
+#include "clock/CreateJob.h"
 #include "clock/DateText.h"
 #include "clock/IOQuery.h"
 #include "platform/forms/ControlTypes.h"
@@ -13,6 +14,7 @@
 #include "startup/Module1.h"
 #include "ui_StempWin.h"
 
+#include <QDir>
 #include <QKeyEvent>
 #include <QMenuBar>
 #include <QScrollBar>
@@ -103,9 +105,8 @@ StempWin::StempWin(FormServices &services, Prompts &prompts, StempWinParts parts
     ui_->UnsavedLabel->setPalette(note);
     ui_->UnsavedLabel->setBackgroundRole(QPalette::Window); // not the surface's colour
     Connect();
-    // Their windows are not built yet.
-    for (QAction *menu : {ui_->mnuSummary, ui_->mnuNotes, ui_->mnuCreateJob})
-        menu->setEnabled(false);
+    ui_->mnuNotes->setEnabled(false); // its window is not built yet
+    ui_->mnuCreateJob->setEnabled(false);
 }
 
 void StempWin::SetUpGrid()
@@ -130,6 +131,8 @@ void StempWin::Connect()
     connect(
         ui_->mnuPersonal, &QAction::triggered, this, [this] { pickList_->ChooseList(ListMode::Personal); });
     connect(ui_->mnuFull, &QAction::triggered, this, [this] { pickList_->ChooseList(ListMode::Company); });
+    connect(ui_->mnuSummary, &QAction::triggered, this, &StempWin::SummaryChosen);
+    connect(ui_->mnuCreateJob, &QAction::triggered, this, &StempWin::mnuCreateJob_Click);
     connect(ui_->mnuAdmin, &QAction::triggered, this, &StempWin::AdminChosen);
     connect(&parts_.jobDatabase, &JobDatabase::JobListFilled, this, &StempWin::JobListFilled);
     connect(&saveTimer_, &QTimer::timeout, this, &StempWin::SaveTimer_Timer);
@@ -150,7 +153,7 @@ void StempWin::Form_Load()
 
 bool StempWin::QueryUnload()
 {
-    refreshTimer_.stop();
+    emit Leaving();
     if (parts_.clock.state.IsStempedIn)
         ShowOutQuery();
     SaveBeforeLeaving();
@@ -159,7 +162,7 @@ bool StempWin::QueryUnload()
 
 void StempWin::Form_Unload()
 {
-    refreshTimer_.stop();
+    emit Leaving();
     saveTimer_.stop();
     parts_.timeTable.Flush();
     emit UnloadOthers();
@@ -172,6 +175,8 @@ void StempWin::EndSession()
     sessionEnds_ = true;
     if (outQuery_)
         outQuery_->Abandon();
+    if (createJob_)
+        createJob_->Unload();
     Unload();
 }
 
@@ -225,11 +230,13 @@ void StempWin::StempIn(const QString &item)
         EnableOwnLists();
         AfterStemp();
         parts_.jobDatabase.Set_In();
+        emit Stemped();
     } else {
         if (wasIn) {
             StempOutLook();
             AfterStemp();
             parts_.jobDatabase.Set_Out();
+            emit Stemped();
         }
         pickList_->Refresh();
     }
@@ -241,6 +248,7 @@ void StempWin::StempOut()
     StempOutLook();
     AfterStemp();
     parts_.jobDatabase.Set_Out();
+    emit Stemped();
 }
 
 void StempWin::StempOutAt(const QDateTime &time)
@@ -249,6 +257,7 @@ void StempWin::StempOutAt(const QDateTime &time)
     StempOutLook();
     AfterStemp();
     parts_.jobDatabase.Set_Out();
+    emit Stemped();
 }
 
 void StempWin::AfterStemp()
@@ -282,6 +291,16 @@ void StempWin::ShowOutQuery()
     outQuery_->Load();
     outQuery_->ShowModal(this);
     outQuery_.reset();
+}
+
+void StempWin::mnuCreateJob_Click()
+{
+    createJob_ = std::make_unique<CreateJob>(services_, prompts_, parts_.jobDatabase, parts_.lists);
+    createJob_->setWindowIcon(windowIcon());
+    createJob_->Load();
+    createJob_->ShowModal(this);
+    createJob_->Unload();
+    createJob_.reset();
 }
 
 void StempWin::FillRecentList()
@@ -338,13 +357,17 @@ void StempWin::Enterprise_Init()
     const JobDatabase &jobs = parts_.jobDatabase;
     FillJobList();
     parts_.clock.state.IsStempedIn ? StempInLook() : StempOutLook();
-    SetRefreshInterval();
-    ui_->mnuFull->setEnabled(jobs.CompanyJobs || jobs.LocalJobs);
-}
-
-void StempWin::SetRefreshInterval()
-{
-    refreshTimer_.setInterval(PollPeriod(parts_.options.PollDelay));
+    if (jobs.CompanyJobs) {
+        ui_->mnuFull->setEnabled(true);
+        if (parts_.options.AdminMode) // taken back only by a restart
+            ui_->mnuCreateJob->setEnabled(true);
+    } else {
+        // Who has no company database keeps a company list of his own in the local copy.
+        const QString &configured = parts_.options.EnterpriseMDBText;
+        ui_->mnuFull->setEnabled(jobs.LocalJobs);
+        ui_->mnuCreateJob->setEnabled(configured.isEmpty() || configured == QDir::toNativeSeparators(jobs.CompanyPath));
+    }
+    emit EnterpriseReady();
 }
 
 void StempWin::SaveTimer_Timer()

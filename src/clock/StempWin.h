@@ -10,6 +10,7 @@
 #include <memory>
 
 class Clock;
+class CreateJob;
 class DataControl;
 class IOQuery;
 class JobDatabase;
@@ -55,16 +56,19 @@ public:
     void FillRecentList(); // and offers it and the personal list unless they are empty
     void FillJobList();    // the list is there when the job database has answered
 
-    void ShowOutQuery();       // modal; carries out the person's choice
-    void ShowCurrentJob();     // in the search box
-    void ShowNewestRow();      // at the end of the grid
-    void Enterprise_Init();    // brings the window in line with the job database in use
-    void SetRefreshInterval(); // from the option's poll delay
-    void EndSession();         // a logoff: closes without asking, and leaves an open row open
+    void ShowOutQuery();    // modal; carries out the person's choice
+    void ShowCurrentJob();  // in the search box
+    void ShowNewestRow();   // at the end of the grid
+    void Enterprise_Init(); // brings the window in line with the job database in use; EnterpriseReady() follows
+    void EndSession();      // a logoff: closes without asking, and leaves an open row open
 
 signals:
     void AdminChosen();
-    void UnloadOthers(); // the other windows are to be unloaded now
+    void SummaryChosen();
+    void Stemped();         // in or out
+    void EnterpriseReady(); // what looks at the job database is to be set up, too
+    void Leaving();         // the window is about to unload
+    void UnloadOthers();    // the other windows are to be unloaded now
 
 protected:
     void Form_Load() override;
@@ -79,6 +83,7 @@ private:
     void SetUpGrid();
     void Connect();
     void InOutButton_Click();
+    void mnuCreateJob_Click();
     void DeleteJob(const QString &item);
     void JobListFilled();
     void EnableOwnLists();
@@ -97,8 +102,8 @@ private:
     QIcon iconIn_;
     QIcon iconOut_;
     std::unique_ptr<PickList> pickList_;
-    std::unique_ptr<IOQuery> outQuery_; // while it is shown
-    QTimer refreshTimer_;
-    QTimer saveTimer_; // runs while rows are unsaved
+    std::unique_ptr<IOQuery> outQuery_;    // while it is shown
+    std::unique_ptr<CreateJob> createJob_; // while it is shown
+    QTimer saveTimer_;                     // runs while rows are unsaved
     bool sessionEnds_ = false;
 };

@@ -64,20 +64,27 @@ CompanyWorker &CompanyLink::WorkerOf(const QString &path)
     return *worker;
 }
 
-void CompanyLink::Enqueue(Job job, Deliver deliver)
+void CompanyLink::Enqueue(const QString &path, Job job, Deliver deliver)
 {
     if (stopped_)
         return;
+    const auto run = [inUse = path == path_](CompanyFile &file, Job &work) {
+        Result result = Run(file, work);
+        if (!inUse)
+            file.Close();
+        return result;
+    };
+    CompanyWorker &worker = WorkerOf(path);
     if (mode_ == Mode::Inline) {
         Result result;
-        worker_->Post([&](CompanyFile &file) { result = Run(file, job); });
+        worker.Post([&](CompanyFile &file) { result = run(file, job); });
         deliver(result);
         return;
     }
     const quint64 request = ++lastRequest_;
     waiting_.emplace(request, std::move(deliver));
-    worker_->Post([job = std::move(job), mailbox = mailbox_, request](CompanyFile &file) mutable {
-        mailbox->Post(request, Run(file, job));
+    worker.Post([run, job = std::move(job), mailbox = mailbox_, request](CompanyFile &file) mutable {
+        mailbox->Post(request, run(file, job));
     });
 }
 

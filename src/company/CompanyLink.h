@@ -60,8 +60,14 @@ public:
     // thread unless `context` is gone by then or another file was opened since.
     template <class Work, class Done> void Ask(QObject *context, Work work, Done done)
     {
+        AskOf(path_, context, std::move(work), std::move(done));
+    }
+
+    // The same of the file at `path`, which need not be the one in use. Another file than that is closed again after the work.
+    template <class Work, class Done> void AskOf(const QString &path, QObject *context, Work work, Done done)
+    {
         using R = std::invoke_result_t<Work, dao::Database &>;
-        Enqueue(Box<R>(std::move(work)),
+        Enqueue(path, Box<R>(std::move(work)),
                 [context = QPointer<QObject>(context), done = std::move(done)](const Result &result) mutable {
                     if (context)
                         done(Unbox<R>(result));
@@ -126,7 +132,7 @@ private:
     }
 
     CompanyWorker &WorkerOf(const QString &path);
-    void Enqueue(Job job, Deliver deliver);
+    void Enqueue(const QString &path, Job job, Deliver deliver);
     void EnqueueUnanswered(Job job);
     std::optional<Result> EnqueueAndWait(Job job, std::chrono::milliseconds limit);
     void Take(quint64 request, const Result &result);

@@ -1,13 +1,16 @@
 #include "startup/JobDatabase.h"
 
-#include "clock/CompanyJobs.h"
 #include "clock/JobLists.h"
 #include "startup/DataFiles.h"
 #include "startup/Identity.h"
 
+#include <QDir>
 #include <QLoggingCategory>
 
+#include <algorithm>
+#include <atomic>
 #include <memory>
+#include <utility>
 
 using namespace std::chrono_literals;
 
@@ -15,11 +18,13 @@ namespace {
 
 Q_LOGGING_CATEGORY(log, "stemp.startup")
 
-constexpr std::chrono::milliseconds startLimit = 2s; // what a file that does not answer may cost at start
+constexpr std::chrono::milliseconds waitLimit = 2s;     // what a file that does not answer may cost
+constexpr std::chrono::milliseconds leastLimit = 250ms; // what is waited for in any case
+constexpr std::chrono::minutes searchPeriod{1};         // between two looks for a configured file that did not serve
 
-std::chrono::steady_clock::time_point InTime()
+std::chrono::steady_clock::time_point In(std::chrono::milliseconds limit)
 {
-    return std::chrono::steady_clock::now() + startLimit;
+    return std::chrono::steady_clock::now() + limit;
 }
 
 std::chrono::milliseconds Left(std::chrono::steady_clock::time_point deadline)
@@ -30,35 +35,45 @@ std::chrono::milliseconds Left(std::chrono::steady_clock::time_point deadline)
 } // namespace
 
 JobDatabase::JobDatabase(CompanyLink::Mode mode, const Identity &identity, JobLists &lists)
-    : identity_(identity), lists_(lists), link_(mode)
+    : identity_(identity), lists_(lists), link_(mode), listSeen_(std::make_shared<ListMark>()), startLimit_(waitLimit)
 {
+    searchTimer_.setInterval(searchPeriod);
+    connect(&searchTimer_, &QTimer::timeout, this, &JobDatabase::LookForConfigured);
 }
 
 void JobDatabase::Choose(const QString &configured)
 {
-    const Deadline deadline = InTime();
+    const Deadline deadline = In(std::exchange(startLimit_, waitLimit));
     QString path = configured;
-    std::optional<Found> found = LookFor(path, deadline);
-    EnterpriseOn = !found || found->exists;
-    if (!EnterpriseOn) {
+    Look look = configured.isEmpty() ? Look() : Open(configured, deadline);
+    EnterpriseOn = look.serves;
+    if (!look.serves) {
         path = OwnJobsFile();
         link_.RunWithin(Left(deadline), path, [path, blank = identity_.InAppFolder(QStringLiteral("Blank Jobs.mdb"))] {
             if (!DataFiles::FileExists(path) && DataFiles::FileExists(blank))
                 DataFiles::CopyTemplate(blank, path);
         });
-        found = LookFor(path, deadline);
+        look = Open(path, deadline);
     }
-    if (!found)
-        qCWarning(log) << path << "does not answer";
     if (path != CompanyPath) {
         // A job of the file before must not be deleted from this one.
-        lists_.CompanyList.Clear();
-        emit JobListFilled();
+        listRead_ = false;
+        ShowJobList({});
     }
     CompanyPath = path;
-    CompanyJobs = LocalJobs = false;
-    if (!found || found->exists)
-        OpenCompanyDb(path, found ? found->isOwnFile : path == OwnJobsFile(), deadline);
+    LocalJobs = look.serves && look.isOwnFile && !identity_.OnNetworkDrive;
+    CompanyJobs = look.serves && !LocalJobs;
+    if (CompanyJobs)
+        EnterpriseOn = true;
+
+    missed_ = !look.answers;
+    polling_ = searching_ = false; // what was under way is not answered any more
+    listSeen_ = std::make_shared<ListMark>();
+    configured_ = configured;
+    if (configured.isEmpty() || path == configured)
+        searchTimer_.stop();
+    else
+        searchTimer_.start();
 }
 
 QString JobDatabase::OwnJobsFile() const
@@ -66,37 +81,44 @@ QString JobDatabase::OwnJobsFile() const
     return identity_.InAppFolder(QStringLiteral("Jobs.mdb"));
 }
 
-std::optional<JobDatabase::Found> JobDatabase::LookFor(const QString &path, Deadline deadline)
-{
-    if (path.isEmpty())
-        return Found{};
-    const auto found = std::make_shared<Found>();
-    const bool answered = link_.RunWithin(Left(deadline), path, [found, path, own = OwnJobsFile()] {
-        *found = {DataFiles::FileExists(path), DataFiles::SameFile(path, own)};
-    });
-    return answered ? std::optional(*found) : std::nullopt;
-}
-
-void JobDatabase::OpenCompanyDb(const QString &path, bool isOwnFile, Deadline deadline)
+// Makes the file the one in use and waits for its answer.
+JobDatabase::Look JobDatabase::Open(const QString &path, Deadline deadline)
 {
     link_.Open(path);
-    const auto answer = link_.AskWithin(Left(deadline), [](dao::Database &) { return true; });
-    if (answer && answer->error && answer->error->Kind() != dao::ErrorKind::Busy) {
-        qCWarning(log).noquote() << answer->error->Text();
-        EnterpriseOn = false;
-        return;
+    const QString own = OwnJobsFile();
+    const auto answer =
+        link_.AskWithin(Left(deadline), [path, own](dao::Database &) { return DataFiles::SameFile(path, own); });
+    if (!answer || (answer->error && answer->error->Kind() == dao::ErrorKind::Busy)) {
+        qCWarning(log) << path << "does not answer";
+        return {false, true, QDir::cleanPath(path) == QDir::cleanPath(own)};
     }
-    LocalJobs = isOwnFile && !identity_.OnNetworkDrive;
-    CompanyJobs = !LocalJobs;
-    if (CompanyJobs)
-        EnterpriseOn = true;
+    if (answer->error) {
+        qCWarning(log).noquote() << answer->error->Text();
+        return {};
+    }
+    return {true, true, *answer->value};
+}
+
+void JobDatabase::LookForConfigured()
+{
+    if (std::exchange(searching_, true))
+        return;
+    link_.AskOf(
+        configured_, this, [](dao::Database &) {},
+        [this](const Answer<void> &answer) {
+            searching_ = false;
+            if (!answer.error) // else it was told of when it was first looked for
+                emit ConfiguredFound(configured_);
+        });
 }
 
 std::optional<QString> JobDatabase::MatchLoginToUser(const QString &path, const QString &login)
 {
+    const Deadline deadline = In(startLimit_);
     link_.Open(path);
-    const auto answer =
-        link_.AskWithin(startLimit, [login](dao::Database &database) { return Presence::MatchLogin(database, login); });
+    const auto answer = link_.AskWithin(
+        startLimit_, [login](dao::Database &database) { return Presence::MatchLogin(database, login); });
+    startLimit_ = std::max(leastLimit, Left(deadline));
     if (!answer)
         return std::nullopt;
     if (answer->error) {
@@ -110,40 +132,143 @@ void JobDatabase::AddSelfToUsers()
 {
     if (identity_.UserInitials.isEmpty() || (!CompanyJobs && !LocalJobs))
         return;
-    link_.Tell([user = identity_.UserInitials, fullName = identity_.UserFullName](dao::Database &database) {
-        Presence::AddSelfToUsers(database, user, fullName);
-    });
+    link_.Ask(
+        this,
+        [user = identity_.UserInitials, fullName = identity_.UserFullName](dao::Database &database) {
+            Presence::AddSelfToUsers(database, user, fullName);
+        },
+        [this](const Answer<void> &answer) {
+            if (answer.error)
+                Missed(*answer.error);
+        });
 }
 
 void JobDatabase::WriteState(Presence::State state)
 {
     if (!EnterpriseOn)
         return;
-    link_.Tell([user = identity_.UserInitials, state](dao::Database &database) {
-        Presence::WriteState(database, user, state);
-    });
+    link_.Ask(
+        this,
+        [user = identity_.UserInitials, state](dao::Database &database) {
+            Presence::WriteState(database, user, state);
+        },
+        [this](const Answer<void> &answer) {
+            if (answer.error)
+                Missed(*answer.error);
+        });
+}
+
+// The file goes out of use: no answer will be heard.
+void JobDatabase::Set_OFF()
+{
+    if (EnterpriseOn)
+        link_.Tell([user = identity_.UserInitials](dao::Database &database) {
+            Presence::WriteState(database, user, Presence::State::Off);
+        });
+}
+
+void JobDatabase::Missed(const dao::Error &error)
+{
+    // What is refused will be refused the next time, too.
+    const bool refused = error.Kind() == dao::ErrorKind::ReadOnly || error.Kind() == dao::ErrorKind::Constraint;
+    if (refused || !missed_) // once, however long the file stays away
+        qCWarning(log).noquote() << error.Text();
+    missed_ = missed_ || !refused;
 }
 
 void JobDatabase::FillJobList()
 {
     if (!CompanyJobs && !LocalJobs) {
-        lists_.CompanyList.Clear();
-        emit JobListFilled();
+        ShowJobList({});
         return;
     }
+    if (missed_) // nobody knows when it answers
+        FillFromLocalCopy();
     link_.Ask(
         this,
+        [seen = listSeen_](dao::Database &database) {
+            *seen = ListMark();
+            return ReadChangedJobList(database, *seen);
+        },
+        [this](const Answer<std::optional<JobList>> &answer) {
+            if (!answer.error) {
+                TakeJobList(**answer.value);
+                return;
+            }
+            Missed(*answer.error);
+            FillFromLocalCopy();
+        });
+}
+
+void JobDatabase::FillFromLocalCopy()
+{
+    if (listRead_ || CompanyPath == OwnJobsFile())
+        return;
+    link_.AskOf(
+        OwnJobsFile(), this,
         [](dao::Database &database) {
-            JobList list; // made ready for searching here, beside the windows
+            JobList list;
             list.Assign(ReadProjects(database));
             return list;
         },
         [this](const Answer<JobList> &answer) {
             if (answer.error)
                 qCWarning(log).noquote() << answer.error->Text();
-            else
-                lists_.CompanyList = *answer.value;
-            emit JobListFilled();
+            else if (!listRead_) // else the file in use was faster
+                ShowJobList(*answer.value);
+        });
+}
+
+// Nothing when the list is as it was `seen` last.
+std::optional<JobList> JobDatabase::ReadChangedJobList(dao::Database &database, ListMark &seen)
+{
+    const QString purpose = QStringLiteral("looking for changes of the job list");
+    ListMark mark; // before the list: what changes in between is noticed the next time
+    mark.dataVersion =
+        database.Select(QStringLiteral("PRAGMA data_version"), {}, purpose).value(0).value(0).toLongLong();
+    const QVariantList rows =
+        database.Select(QStringLiteral("SELECT count(*), max(rowid) FROM Projects"), {}, purpose).value(0);
+    mark.jobs = rows.value(0).toLongLong();
+    mark.lastId = rows.value(1).toLongLong();
+    if (mark == seen)
+        return std::nullopt;
+    JobList list; // made ready for searching here, beside the windows
+    list.Assign(ReadProjects(database));
+    seen = mark;
+    return list;
+}
+
+void JobDatabase::TakeJobList(const JobList &list)
+{
+    listRead_ = true;
+    ShowJobList(list);
+}
+
+// A list that is the same is not shown anew: a person may be searching in it.
+void JobDatabase::ShowJobList(const JobList &list)
+{
+    if (lists_.CompanyList.Items() == list.Items())
+        return;
+    lists_.CompanyList = list;
+    emit JobListFilled();
+}
+
+void JobDatabase::Poll()
+{
+    if (!EnterpriseOn || std::exchange(polling_, true))
+        return;
+    link_.Ask(
+        this, [seen = listSeen_](dao::Database &database) { return ReadChangedJobList(database, *seen); },
+        [this](const Answer<std::optional<JobList>> &answer) {
+            polling_ = false;
+            if (answer.error) {
+                Missed(*answer.error);
+                return;
+            }
+            if (*answer.value)
+                TakeJobList(**answer.value);
+            if (std::exchange(missed_, false))
+                emit CameBack();
         });
 }
 
@@ -153,14 +278,69 @@ void JobDatabase::DeleteJob(const QString &item)
     FillJobList();
 }
 
+void JobDatabase::CreateJob(QObject *context, const JobItem &job, std::function<void(::CompanyJobs::Creation)> done)
+{
+    link_.Ask(
+        context, [job](dao::Database &database) { return ::CompanyJobs::AddJob(database, job); },
+        [done = std::move(done)](const Answer<::CompanyJobs::Creation> &answer) {
+            if (answer.error)
+                qCWarning(log).noquote() << answer.error->Text();
+            done(answer.value.value_or(::CompanyJobs::Creation::Failed));
+        });
+    FillJobList();
+}
+
 bool JobDatabase::FileExists(const QString &path)
 {
-    const std::optional<Found> found = LookFor(path, InTime());
-    return found && found->exists;
+    if (path.isEmpty())
+        return false;
+    const auto exists = std::make_shared<std::atomic<bool>>(false);
+    return link_.RunWithin(waitLimit, path, [exists, path] { *exists = DataFiles::FileExists(path); }) && *exists;
 }
 
 bool JobDatabase::IsOwnJobsFile(const QString &path)
 {
-    const std::optional<Found> found = LookFor(path, InTime());
-    return found && found->isOwnFile;
+    if (path.isEmpty())
+        return false;
+    const auto isOwn = std::make_shared<std::atomic<bool>>(false);
+    return link_.RunWithin(waitLimit, path, [isOwn, path, own = OwnJobsFile()] {
+        *isOwn = DataFiles::SameFile(path, own);
+    }) && *isOwn;
+}
+
+std::optional<LocalJobCopy::Snapshot> JobDatabase::RowsForLocalCopy(std::chrono::milliseconds limit)
+{
+    if (!CompanyJobs)
+        return std::nullopt;
+    const auto answer = link_.AskWithin(
+        limit,
+        [path = CompanyPath, own = OwnJobsFile()](dao::Database &database) -> std::optional<LocalJobCopy::Snapshot> {
+            if (DataFiles::SameFile(path, own)) // it would replace itself
+                return std::nullopt;
+            return LocalJobCopy::Read(database);
+        });
+    if (!answer) {
+        qCWarning(log) << CompanyPath << "does not answer: the local copy stays as it is";
+        return std::nullopt;
+    }
+    if (answer->error) {
+        qCWarning(log).noquote() << answer->error->Text();
+        return std::nullopt;
+    }
+    return *answer->value;
+}
+
+bool JobDatabase::Close(std::chrono::milliseconds limit)
+{
+    searchTimer_.stop();
+    return link_.Stop(limit);
+}
+
+void JobDatabase::UpdateLocalJobCopy(const LocalJobCopy::Snapshot &rows)
+{
+    try {
+        LocalJobCopy::Write(identity_.InAppFolder(QStringLiteral("Blank Jobs.mdb")), OwnJobsFile(), rows);
+    } catch (const dao::Error &error) {
+        qCWarning(log).noquote() << error.Text();
+    }
 }

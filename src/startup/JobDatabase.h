@@ -1,20 +1,26 @@
 #pragma once
 
 #include "board/Presence.h"
+#include "clock/CompanyJobs.h"
+#include "clock/JobList.h"
 #include "company/CompanyLink.h"
+#include "startup/LocalJobCopy.h"
 
 #include <QObject>
 #include <QString>
+#include <QTimer>
 
 #include <chrono>
+#include <functional>
+#include <memory>
 #include <optional>
 
 struct Identity;
 struct JobLists;
 
-// The job database in use: which file it is, and all that is asked of it. Choose, MatchLoginToUser, FileExists, IsOwnJobsFile
-// and Close wait for the file system, each in all at most for its limit; a file that was waited for in vain is not waited for
-// again until it has answered. Nothing else here blocks.
+// The job database in use: which file it is, and all that is asked of it. Choose, MatchLoginToUser, FileExists, IsOwnJobsFile,
+// RowsForLocalCopy and Close wait for the file system, each in all at most for its limit; a file that was waited for in vain is
+// not waited for again until it has answered. Nothing else here blocks.
 class JobDatabase : public QObject
 {
     Q_OBJECT
@@ -27,44 +33,87 @@ public:
     bool CompanyJobs = false;  // it is the shared company database
     bool LocalJobs = false;    // it is the local copy in the program folder
 
-    // Takes the file at `configured` when it exists, else "Jobs.mdb" in the program folder, made from its template when that
-    // is missing too. A file that does not answer in time is not a missing one: it stays the one in use. The list of another
-    // file than before is empty until it is filled.
+    // Takes the file at `configured` when it serves, else "Jobs.mdb" in the program folder, made from its template when that is
+    // missing too; a configured file that does not serve (it is missing, or no job database) is looked for from then on. A file
+    // that is locked or does not answer in time is not a missing one: it stays the one in use. The list of another file than
+    // before is empty until it is filled.
     void Choose(const QString &configured);
 
-    // Opens the company database at `path` and matches the login name; the identity it stands for, or nothing.
+    // Opens the company database at `path` and matches the login name; the identity it stands for, or nothing. Before the first
+    // Choose only; the two share what they may wait.
     std::optional<QString> MatchLoginToUser(const QString &path, const QString &login);
 
     void AddSelfToUsers();
     void Set_In() { WriteState(Presence::State::In); }
     void Set_Out() { WriteState(Presence::State::Out); }
-    void Set_OFF() { WriteState(Presence::State::Off); }
+    void Set_OFF();
 
-    void FillJobList();                  // JobListFilled() follows
+    // JobListFilled() follows when the list has changed. While the file in use has not answered, the list is that of the local
+    // copy.
+    void FillJobList();
     void DeleteJob(const QString &item); // and fills the list anew
+    // Adds a job and fills the list anew. `done` comes when the file has answered, unless `context` is gone or another file in
+    // use by then.
+    void CreateJob(QObject *context, const JobItem &job, std::function<void(::CompanyJobs::Creation)> done);
+
+    // Looks what others have changed; nothing when EnterpriseOn is off, or while the poll before is not answered.
+    void Poll();
 
     bool FileExists(const QString &path);    // false when it does not answer
     bool IsOwnJobsFile(const QString &path); // the program folder's own "Jobs.mdb", under any spelling
 
-    bool Close(std::chrono::milliseconds limit) { return link_.Stop(limit); }
+    // What the local copy is rebuilt from; nothing unless the job database in use is a shared one, another file than the copy,
+    // and answers in time.
+    std::optional<LocalJobCopy::Snapshot> RowsForLocalCopy(std::chrono::milliseconds limit);
+    bool Close(std::chrono::milliseconds limit);                 // false when the file does not answer
+    void UpdateLocalJobCopy(const LocalJobCopy::Snapshot &rows); // after Close
+
+public slots:
+    void LookForConfigured(); // the timer's: quietly, for a configured file that did not serve
 
 signals:
     void JobListFilled();
+    // A poll was answered after a request had failed, or after a start without an answer: states and lists may have been missed.
+    void CameBack();
+    void ConfiguredFound(const QString &path); // the configured file serves now; it is not in use yet
 
 private:
     using Deadline = std::chrono::steady_clock::time_point;
-    struct Found
+
+    // What tells cheaply that another copy may have changed the job list.
+    struct ListMark
     {
-        bool exists = false;
+        qint64 dataVersion = -1; // of the connection: of all changes by others
+        qint64 jobs = -1;
+        qint64 lastId = -1;
+        bool operator==(const ListMark &) const = default;
+    };
+    struct Look
+    {
+        bool answers = true;
+        bool serves = false; // taken for granted while it does not answer
         bool isOwnFile = false;
     };
 
+    static std::optional<JobList> ReadChangedJobList(dao::Database &database, ListMark &seen);
+
     QString OwnJobsFile() const;
-    std::optional<Found> LookFor(const QString &path, Deadline deadline); // nothing when it does not answer
-    void OpenCompanyDb(const QString &path, bool isOwnFile, Deadline deadline);
+    Look Open(const QString &path, Deadline deadline);
     void WriteState(Presence::State state);
+    void FillFromLocalCopy();
+    void TakeJobList(const JobList &list);
+    void ShowJobList(const JobList &list);
+    void Missed(const dao::Error &error);
 
     const Identity &identity_;
     JobLists &lists_;
     CompanyLink link_;
+    QTimer searchTimer_;
+    QString configured_;     // the file that is looked for
+    bool searching_ = false; // a look is under way
+    bool polling_ = false;   // a poll is under way
+    bool missed_ = false;    // a request failed, or the file did not answer at first; since then it was not heard of
+    bool listRead_ = false;  // the list in memory is that of the file in use
+    std::shared_ptr<ListMark> listSeen_;   // at the last reading; the requests, which run in order, keep it
+    std::chrono::milliseconds startLimit_; // what is left of it
 };

@@ -1,12 +1,14 @@
 #include "startup/Main.h"
 
-#include "board/MessageBoard.h"
+#include "board/BoardDesk.h"
 #include "clock/StempWin.h"
 #include "clock/User.h"
 #include "platform/dao/Error.h"
 #include "platform/forms/Prompts.h"
 #include "platform/system/System.h"
 #include "platform/system/TimeSource.h"
+#include "reports/Printing.h"
+#include "reports/RepGen.h"
 #include "settings/AdminForm.h"
 #include "startup/DataFiles.h"
 #include "startup/Module1.h"
@@ -38,11 +40,9 @@ bool Main::Run()
     if (ended_)
         return false;
     FillLists();
-    if (program_.clock.state.IsStempedIn)
-        program_.jobDatabase.Set_In();
-    else
-        program_.jobDatabase.Set_Out();
+    PublishState();
     program_.StartingUp = false;
+    boardDesk_->Refresh_Enterprise();
     return true;
 }
 
@@ -129,8 +129,8 @@ void Main::PrepareTimeDb()
 
 void Main::LoadWindows()
 {
-    messageBoard_ = std::make_unique<MessageBoard>(*common_);
-    messageBoard_->Load();
+    boardDesk_ = std::make_unique<BoardDesk>(*common_, program_.jobDatabase, program_.options, program_.StartingUp);
+    boardDesk_->Load();
     ApplySettings();
     if (!ended_)
         OpenTimeDb();
@@ -141,6 +141,12 @@ void Main::LoadWindows()
                                                          program_.jobDatabase, program_.identity, program_.options,
                                                          program_.time});
     connect(stempWin_.get(), &StempWin::AdminChosen, this, &Main::mnuAdmin_Click);
+    connect(stempWin_.get(), &StempWin::SummaryChosen, this, &Main::mnuSummary_Click);
+    connect(stempWin_.get(), &StempWin::Stemped, boardDesk_.get(), &BoardDesk::Refresh_Enterprise);
+    connect(stempWin_.get(), &StempWin::EnterpriseReady, this, &Main::EnterpriseReady);
+    connect(stempWin_.get(), &StempWin::Leaving, boardDesk_.get(), [this] { boardDesk_->EnableTimer(false); });
+    connect(&program_.jobDatabase, &JobDatabase::CameBack, this, &Main::TakeUpJobDatabase);
+    connect(&program_.jobDatabase, &JobDatabase::ConfiguredFound, this, &Main::SwitchOver);
     connect(stempWin_.get(), &StempWin::UnloadOthers, this, &Main::UnloadOthers);
     connect(stempWin_.get(), &Form::Unloaded, this, &Main::MainWindowUnloaded);
     stempWin_->Load();
@@ -226,35 +232,79 @@ void Main::FillLists()
 void Main::mnuAdmin_Click()
 {
     adminForm_->ShowModal(stempWin_.get());
-    stempWin_->SetRefreshInterval();
+    boardDesk_->SetRefreshInterval();
+}
+
+void Main::mnuSummary_Click()
+{
+    program_.timeTable.Flush(); // what is summed is read from the file
+    SystemPrinting printing(prompts_);
+    repGen_ = std::make_unique<RepGen>(*common_, prompts_, printing,
+                                       RepGenParts{program_.timeTable.Path(), program_.options.SummaryRounding,
+                                                   program_.identity.UserInitials, program_.time,
+                                                   [this] { return program_.timeTable.UnsavedCount(); }});
+    repGen_->setWindowIcon(stempWin_->windowIcon());
+    repGen_->ShowModal(stempWin_.get());
+    repGen_.reset();
 }
 
 void Main::SettingsAccepted()
 {
     const QString pathBefore = program_.options.EnterpriseMDBText;
     program_.options = adminForm_->CurrentOptions();
-    JobDatabase &jobs = program_.jobDatabase;
-    if (program_.options.EnterpriseMDBText != pathBefore) {
-        jobs.Set_OFF();
-        jobs.Choose(program_.options.EnterpriseMDBText);
-        adminForm_->SetSharedListPossible(jobs.CompanyJobs);
-        program_.options = adminForm_->CurrentOptions();
-        if (!jobs.CompanyJobs && !jobs.LocalJobs)
-            prompts_.MsgBox(adminForm_.get(),
-                            QStringLiteral("The file\n%1\nis no company database of this program and is not used.")
-                                .arg(jobs.CompanyPath));
-        jobs.AddSelfToUsers();
-        if (program_.clock.state.IsStempedIn)
-            jobs.Set_In();
-        else
-            jobs.Set_Out();
+    const QString path = program_.options.EnterpriseMDBText;
+    if (path == pathBefore) {
+        stempWin_->Enterprise_Init();
+        return;
     }
+    SwitchOver(path);
+    if (program_.jobDatabase.CompanyPath != path)
+        prompts_.MsgBox(
+            adminForm_.get(),
+            QStringLiteral("The file\n%1\nis no company database of this program and is not used.").arg(path));
+}
+
+void Main::SwitchOver(const QString &configured)
+{
+    if (program_.StartingUp) // it is looked for again
+        return;
+    JobDatabase &jobs = program_.jobDatabase;
+    jobs.Set_OFF();
+    jobs.Choose(configured);
+    if (jobs.CompanyJobs)
+        adminForm_->ShowPathInEffect(jobs.CompanyPath);
+    adminForm_->SetSharedListPossible(jobs.CompanyJobs);
+    program_.options = adminForm_->CurrentOptions();
+    TakeUpJobDatabase();
+}
+
+// Says who is here, and shows what is there.
+void Main::TakeUpJobDatabase()
+{
+    program_.jobDatabase.AddSelfToUsers();
+    PublishState();
     stempWin_->Enterprise_Init();
+}
+
+void Main::PublishState()
+{
+    if (program_.clock.state.IsStempedIn)
+        program_.jobDatabase.Set_In();
+    else
+        program_.jobDatabase.Set_Out();
+}
+
+void Main::EnterpriseReady()
+{
+    boardDesk_->SetRefreshInterval();
+    boardDesk_->EnableTimer(program_.jobDatabase.EnterpriseOn);
 }
 
 void Main::UnloadOthers()
 {
-    messageBoard_->Unload();
+    if (repGen_)
+        repGen_->Unload();
+    boardDesk_->Unload();
     adminForm_->Unload();
 }
 

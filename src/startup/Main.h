@@ -9,10 +9,11 @@
 #include <memory>
 
 class AdminForm;
+class BoardDesk;
 class Common;
-class MessageBoard;
 class Program;
 class Prompts;
+class RepGen;
 class StempWin;
 
 // The start-up sequence, and the wiring between the windows of one running copy: the only place that knows them all.
@@ -46,7 +47,12 @@ private:
     void SettleOpenRow();
     void FillLists();
     void mnuAdmin_Click();
+    void mnuSummary_Click();
     void SettingsAccepted();
+    void SwitchOver(const QString &configured);
+    void TakeUpJobDatabase();
+    void PublishState();
+    void EnterpriseReady();
     void UnloadOthers();
     void MainWindowUnloaded();
     void AskUntilReadable(const QString &timeDbPath);
@@ -56,8 +62,9 @@ private:
     Prompts &prompts_;
     std::unique_ptr<Common> common_;
     std::unique_ptr<AdminForm> adminForm_;
-    std::unique_ptr<MessageBoard> messageBoard_;
+    std::unique_ptr<BoardDesk> boardDesk_;
     std::unique_ptr<StempWin> stempWin_;
+    std::unique_ptr<RepGen> repGen_;            // while it is shown
     std::future<Module1::TimeDbChoice> timeDb_; // while it is being prepared
     bool ended_ = false;                        // by closing the main window, or with the session
 };

@@ -50,9 +50,18 @@ bool Program::CloseDatabases()
     if (closed_)
         return *closed_;
     timeTable.Close();
-    closed_ = jobDatabase.Close(exitLimit);
+    const auto deadline = std::chrono::steady_clock::now() + exitLimit;
+    const auto left = [deadline] {
+        return std::chrono::duration_cast<std::chrono::milliseconds>(deadline - std::chrono::steady_clock::now());
+    };
+    std::optional<LocalJobCopy::Snapshot> rows;
+    if (!StartingUp && options.AutoUpdate)
+        rows = jobDatabase.RowsForLocalCopy(left());
+    closed_ = jobDatabase.Close(left());
     if (!*closed_)
         qCWarning(log) << "the job database does not answer at exit";
+    if (rows)
+        jobDatabase.UpdateLocalJobCopy(*rows);
     PersonalJobsRs.Close();
     LocalDB.Close();
     return *closed_;

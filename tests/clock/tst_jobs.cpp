@@ -76,6 +76,24 @@ private slots:
         QVERIFY(CompanyJobs::DeleteJob(jobs, u"12 A : another name"_s));
         QCOMPARE(ReadProjects(jobs), {u"12 : Roof"_s});
     }
+
+    void KnowsIDs()
+    {
+        JobList list;
+        list.Assign({u"AB : Lab"_s, u"Ø : x"_s});
+        QVERIFY(CompanyJobs::IsListed(list, u"ab"_s) && CompanyJobs::IsListed(list, u"ø"_s));
+        QVERIFY(!CompanyJobs::IsListed(list, u"A"_s) && !CompanyJobs::IsListed(list, u"B"_s));
+
+        const QMap<QString, QString> next{{u"41"_s, u"42"_s},
+                                          {u"0041"_s, u"42"_s},
+                                          {u"-1"_s, u"0"_s},
+                                          {u"+5"_s, u"6"_s},
+                                          {u"9223372036854775806"_s, u"9223372036854775807"_s}};
+        for (const QString &id : next.keys())
+            QCOMPARE(CompanyJobs::NextID(id), next[id]);
+        for (const QString &id : {u"0"_s, u"X1"_s, u"1.5"_s, u"1,000"_s, u"1e3"_s, u"9223372036854775807"_s, QString()})
+            QCOMPARE(CompanyJobs::NextID(id), QString());
+    }
 };
 
 QTEST_GUILESS_MAIN(TestJobs)

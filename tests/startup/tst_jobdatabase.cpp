@@ -5,17 +5,43 @@
 #include "support/ProgramFolder.h"
 
 #include <QFile>
+#include <QSignalSpy>
 #include <QTest>
 
 using namespace Qt::Literals::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace {
 
 const QString jobsFile = u"Jobs.mdb"_s;
+const QString companyFile = u"company.mdb"_s;
+constexpr auto plenty = 20s; // for what must come
+
+// A program folder with a company file beside the program that lists one job.
+struct WithCompany : ProgramFolder
+{
+    WithCompany()
+    {
+        Copy(u"Blank Jobs.mdb"_s, companyFile);
+        AddJob(companyFile, u"C1"_s);
+    }
+    void AddJob(const QString &name, const QString &id) const
+    {
+        Sql(name, u"INSERT INTO Projects (JobID, JobName) VALUES (?, 'x')"_s, {id});
+    }
+    QString Company() const { return File(companyFile); }
+};
+
+QByteArray Content(const QString &path)
+{
+    QFile file(path);
+    return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray("unreadable");
+}
 
 struct Copy
 {
-    explicit Copy(const ProgramFolder &folder, bool network = false)
+    explicit Copy(const ProgramFolder &folder, bool network = false, CompanyLink::Mode mode = CompanyLink::Mode::Inline)
+        : jobs(mode, identity, lists)
     {
         identity.AppFolder = folder.Path();
         identity.OnNetworkDrive = network;
@@ -24,7 +50,12 @@ struct Copy
 
     Identity identity;
     JobLists lists;
-    JobDatabase jobs{CompanyLink::Mode::Inline, identity, lists};
+    JobDatabase jobs;
+    QSignalSpy cameBack{&jobs, &JobDatabase::CameBack};
+    QSignalSpy found{&jobs, &JobDatabase::ConfiguredFound};
+
+    bool UsesLocalCopy() const { return !jobs.EnterpriseOn && !jobs.CompanyJobs && jobs.LocalJobs; }
+    bool UsesCompany() const { return jobs.EnterpriseOn && jobs.CompanyJobs && !jobs.LocalJobs; }
 };
 
 } // namespace
@@ -34,29 +65,122 @@ class TestJobDatabase : public QObject
     Q_OBJECT
 
 private slots:
-    void TakesTheConfiguredFile()
+    void TakesTheConfiguredFileOfAnyVersion()
     {
-        const ProgramFolder folder;
-        const ProgramFolder share;
-        share.Copy(u"Blank Jobs.mdb"_s, u"company.mdb"_s);
+        const WithCompany folder;
+        folder.Sql(companyFile, u"ALTER TABLE Users ADD COLUMN Phone TEXT DEFAULT '-'"_s);
+        folder.Sql(companyFile, u"CREATE TABLE Rooms (Room TEXT)"_s);
         Copy copy(folder);
-        copy.jobs.Choose(share.File(u"company.mdb"_s));
-        QVERIFY(copy.jobs.EnterpriseOn && copy.jobs.CompanyJobs && !copy.jobs.LocalJobs);
+        copy.jobs.Choose(folder.Company());
+        QVERIFY(copy.UsesCompany());
         QVERIFY(!folder.Has(jobsFile));
-        copy.jobs.Close(std::chrono::seconds(1));
+        copy.jobs.AddSelfToUsers();
+        copy.jobs.Set_In();
+        copy.jobs.FillJobList();
+        QCOMPARE(copy.lists.CompanyList.Items(), QStringList(u"C1 : x"_s));
+        QVERIFY(copy.jobs.Close(1s));
+        QCOMPARE(folder.Sql(companyFile, u"SELECT User, State FROM Users"_s), QList<QVariantList>({{u"ANNA"_s, -1}}));
     }
 
-    void FallsBackToAFreshLocalCopy()
+    void FallsBackToTheLocalCopyAndLooksForTheFile_data()
     {
+        QTest::addColumn<QByteArray>("content"); // of the configured file
+        QTest::newRow("missing") << QByteArray();
+        QTest::newRow("no database") << QByteArray("Dear diary, ").repeated(1000);
+        QTest::newRow("lacks the users") << QByteArray("DROP TABLE Users");
+    }
+
+    void FallsBackToTheLocalCopyAndLooksForTheFile()
+    {
+        QFETCH(QByteArray, content);
         const ProgramFolder folder;
+        const QString company = folder.File(companyFile);
+        if (content.startsWith("DROP")) {
+            folder.Copy(u"Blank Jobs.mdb"_s, companyFile);
+            folder.Sql(companyFile, QString::fromLatin1(content));
+        } else if (!content.isEmpty()) {
+            folder.Write(companyFile, content);
+        }
+        const QByteArray before = Content(company);
         Copy copy(folder);
-        copy.jobs.Choose(u"/nowhere/company.mdb"_s);
-        QVERIFY(!copy.jobs.EnterpriseOn && !copy.jobs.CompanyJobs && copy.jobs.LocalJobs);
+        copy.jobs.Choose(company);
+        QVERIFY(copy.UsesLocalCopy());
         QCOMPARE(copy.jobs.CompanyPath, folder.File(jobsFile));
         copy.jobs.AddSelfToUsers();
         copy.jobs.Set_In(); // presence writes are skipped
-        copy.jobs.Close(std::chrono::seconds(1));
+        copy.jobs.LookForConfigured();
+        QVERIFY(copy.found.isEmpty());
+        QCOMPARE(Content(company), before);
         QCOMPARE(folder.Sql(jobsFile, u"SELECT User, State FROM Users"_s), QList<QVariantList>({{u"ANNA"_s, 0}}));
+
+        QFile::remove(company);
+        folder.Copy(u"Blank Jobs.mdb"_s, companyFile);
+        copy.jobs.LookForConfigured();
+        QCOMPARE(copy.found.value(0).value(0).toString(), company);
+        QVERIFY(copy.UsesLocalCopy()); // it is found, not taken
+        copy.jobs.Choose(company);
+        QVERIFY(copy.UsesCompany());
+    }
+
+    void SeesWhatOthersDoToTheList()
+    {
+        const WithCompany folder;
+        Copy copy(folder);
+        copy.jobs.Choose(folder.Company());
+        copy.jobs.FillJobList();
+        const QSignalSpy filled(&copy.jobs, &JobDatabase::JobListFilled);
+        const auto afterPoll = [&](const QString &change) {
+            folder.Sql(companyFile, change);
+            copy.jobs.Poll();
+            return u"%1 %2"_s.arg(filled.size()).arg(copy.lists.CompanyList.Items().join(u", "_s));
+        };
+        QCOMPARE(afterPoll(u"INSERT INTO Users (User) VALUES ('BO')"_s), u"0 C1 : x"_s); // none of the list
+        QCOMPARE(afterPoll(u"INSERT INTO Projects (JobID) VALUES ('C2')"_s), u"1 C1 : x, C2 : "_s);
+        QCOMPARE(afterPoll(u"UPDATE Projects SET JobName = 'y' WHERE JobID = 'C2'"_s), u"2 C1 : x, C2 : y"_s);
+        QCOMPARE(afterPoll(u"DELETE FROM Projects WHERE JobID = 'C1'"_s), u"3 C2 : y"_s);
+    }
+
+    void GoesOnWithoutAFileThatIsLockedAtStart()
+    {
+        const WithCompany folder;
+        folder.Copy(u"Blank Jobs.mdb"_s, jobsFile);
+        folder.AddJob(jobsFile, u"L1"_s);
+        dao::Database other = dao::Database::OpenDatabase(folder.Company());
+        other.Execute(u"BEGIN EXCLUSIVE"_s, {}, u"a test"_s);
+        Copy copy(folder, false, CompanyLink::Mode::Thread);
+        copy.jobs.Choose(folder.Company());
+        QVERIFY(copy.UsesCompany()); // it is not missing
+        copy.jobs.FillJobList();
+        QTRY_COMPARE(copy.lists.CompanyList.Items(), QStringList(u"L1 : x"_s));
+        copy.jobs.Poll();
+        other.Execute(u"COMMIT"_s, {}, u"a test"_s);
+        const auto pollUntilBack = [&] {
+            copy.jobs.Poll();
+            return copy.cameBack.size() == 1;
+        };
+        QTRY_VERIFY(pollUntilBack());
+        QCOMPARE(copy.lists.CompanyList.Items(), QStringList(u"C1 : x"_s));
+        QVERIFY(copy.jobs.Close(plenty));
+    }
+
+    void ReadsForTheLocalCopyFromAnotherFileOnly()
+    {
+        const WithCompany folder;
+        const QString link = folder.File(u"link.mdb"_s);
+        QVERIFY(QFile::link(folder.Company(), folder.File(jobsFile)));
+        QVERIFY(QFile::link(folder.Company(), link));
+        for (const QString &spelling : {folder.Company(), link, folder.File(jobsFile)}) {
+            Copy copy(folder, true); // where the own file is a shared one
+            copy.jobs.Choose(spelling);
+            QVERIFY(copy.UsesCompany());
+            QVERIFY(!copy.jobs.RowsForLocalCopy(1s));
+        }
+        QFile::remove(folder.File(jobsFile));
+        Copy copy(folder);
+        copy.jobs.Choose(link);
+        QCOMPARE(copy.jobs.RowsForLocalCopy(1s)->projects, QList<QVariantList>({{u"C1"_s, u"x"_s}}));
+        copy.jobs.Choose({});
+        QVERIFY(!copy.jobs.RowsForLocalCopy(1s)); // the local copy itself is in use
     }
 
     void CountsTheOwnFileOnANetworkDriveAsShared()

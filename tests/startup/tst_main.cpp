@@ -1,5 +1,7 @@
 #include "support/RunningCopy.h"
 
+#include <QAction>
+#include <QCheckBox>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -9,7 +11,25 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 const QString timeFile = u"ANNA.mdb"_s;
+const QString jobsFile = u"Jobs.mdb"_s;
+const QString companyFile = u"company.mdb"_s;
 const QString allRows = u"SELECT JobID, JobName, StempOutTime IS NULL FROM Stemp ORDER BY Id"_s;
+const QString allUsers = u"SELECT User, State FROM Users"_s;
+
+// Opens the settings, changes them and presses OK.
+void Accept(RunningCopy &copy, const std::function<void(QWidget &)> &change)
+{
+    WhenShown dialog(u"AdminForm"_s, [&](QWidget &window) {
+        change(window);
+        QTest::keyClick(window.focusWidget(), Qt::Key_Return);
+    });
+    copy.Find<QAction>(u"mnuAdmin"_s)->trigger();
+}
+
+auto TypePath(const QString &path)
+{
+    return [path](QWidget &window) { window.findChild<QLineEdit *>(u"EnterpriseMDBText"_s)->setText(path); };
+}
 
 } // namespace
 
@@ -162,6 +182,91 @@ private slots:
         QCOMPARE(users(), anna(-1));
         copy.Close();
         QCOMPARE(users(), anna(1));
+    }
+
+    void SwitchesOverToWhatTheSettingsSay()
+    {
+        const ProgramFolder folder;
+        folder.Copy(u"Blank Jobs.mdb"_s, companyFile);
+        folder.Copy(u"Blank Jobs.mdb"_s, u"other.mdb"_s);
+        folder.Write(u"diary.mdb"_s, "Dear diary");
+        const auto anna = [](int state) { return QList<QVariantList>{{u"ANNA"_s, state}}; };
+        RunningCopy copy(folder);
+        QVERIFY(copy.Start());
+        const auto menus = [&copy] {
+            return std::pair(copy.Find<QAction>(u"mnuFull"_s)->isEnabled(),
+                             copy.Find<QAction>(u"mnuCreateJob"_s)->isEnabled());
+        };
+        QCOMPARE(menus(), std::pair(true, true)); // a list of one's own
+        copy.main.Window()->StempIn(u"A : a"_s);
+
+        Accept(copy, TypePath(folder.File(companyFile)));
+        QCOMPARE(folder.Sql(companyFile, allUsers), anna(-1));
+        QCOMPARE(menus(), std::pair(true, true)); // never taken back with a company database
+        QVERIFY(copy.Clock().IsStempedIn);
+        Accept(copy, TypePath(folder.File(u"other.mdb"_s)));
+        QCOMPARE(folder.Sql(companyFile, allUsers), anna(1));
+        QCOMPARE(folder.Sql(u"other.mdb"_s, allUsers), anna(-1));
+        Accept(copy, TypePath(folder.File(u"diary.mdb"_s)));
+        QCOMPARE(copy.prompts.messages.size(), 1);
+        QVERIFY(copy.program.jobDatabase.LocalJobs && !copy.program.jobDatabase.EnterpriseOn);
+        QCOMPARE(menus(), std::pair(true, false));
+    }
+
+    void TakesUpTheCompanyFileWhenItIsThere()
+    {
+#ifdef Q_OS_WIN
+        QSKIP("an open file cannot be renamed here");
+#endif
+        const ProgramFolder folder;
+        folder.Copy(u"Blank Jobs.mdb"_s, companyFile);
+        folder.Sql(companyFile, u"INSERT INTO Projects (JobID) VALUES ('C1')"_s);
+        {
+            RunningCopy copy(folder);
+            QVERIFY(copy.Start());
+            Accept(copy, TypePath(folder.File(companyFile)));
+            copy.Close();
+        }
+        QVERIFY(QFile::rename(folder.File(companyFile), folder.File(u"away.mdb"_s)));
+        RunningCopy copy(folder);
+        QVERIFY(copy.Start());
+        QVERIFY(!copy.Find<QAction>(u"mnuCreateJob"_s)->isEnabled());
+        copy.main.Window()->StempIn(u"A : a"_s);
+        QVERIFY(QFile::rename(folder.File(u"away.mdb"_s), folder.File(companyFile)));
+        copy.program.jobDatabase.LookForConfigured();
+        QVERIFY(copy.program.jobDatabase.EnterpriseOn);
+        QCOMPARE(folder.Sql(companyFile, allUsers), QList<QVariantList>({{u"ANNA"_s, -1}}));
+
+        // It goes away under the running program and comes back.
+        QVERIFY(QFile::rename(folder.File(companyFile), folder.File(u"away.mdb"_s)));
+        copy.main.Window()->StempOut();
+        copy.program.jobDatabase.Poll();
+        QCOMPARE(copy.program.lists.CompanyList.Count(), 1);
+        QVERIFY(QFile::rename(folder.File(u"away.mdb"_s), folder.File(companyFile)));
+        copy.program.jobDatabase.Poll();
+        QCOMPARE(folder.Sql(companyFile, allUsers), QList<QVariantList>({{u"ANNA"_s, 0}}));
+        QVERIFY(copy.prompts.messages.isEmpty());
+    }
+
+    void RenewsTheLocalCopyAtExitIfAskedTo()
+    {
+        const ProgramFolder folder;
+        folder.Copy(u"Blank Jobs.mdb"_s, companyFile);
+        folder.Sql(companyFile, u"INSERT INTO Projects (JobID, JobName) VALUES ('C1', 'x')"_s);
+        for (const bool asked : {false, true}) {
+            RunningCopy copy(folder);
+            QVERIFY(copy.Start());
+            Accept(copy, [&](QWidget &window) {
+                TypePath(folder.File(companyFile))(window);
+                window.findChild<QCheckBox *>(u"AutoCheck"_s)->setChecked(asked);
+            });
+            if (asked)
+                copy.main.EndSession(); // a logoff does it, too
+            else
+                copy.Close();
+            QCOMPARE(folder.Sql(jobsFile, u"SELECT JobID FROM Projects"_s).size(), asked ? 1 : 0);
+        }
+        QCOMPARE(folder.Sql(jobsFile, allUsers), QList<QVariantList>({{u"ANNA"_s, 1}})); // "off" came first
     }
 
     void LeavesTheRowOpenWhenTheSessionEnds()

@@ -1,11 +1,8 @@
+#include "Windows.h" // made by the build
 #include "platform/forms/Application.h"
 #include "texts/Danish.h"
-#include "ui_AdminForm.h"
-#include "ui_IOQuery.h"
-#include "ui_MessageBoard.h"
-#include "ui_StempWin.h"
-#include "ui_User.h"
 
+#include <QAbstractSpinBox>
 #include <QKeySequence>
 #include <QLabel>
 #include <QMainWindow>
@@ -26,10 +23,9 @@ template <class Design> std::unique_ptr<QMainWindow> Make()
     return window;
 }
 
-const QMap<QString, std::function<std::unique_ptr<QMainWindow>()>> windows{
-    {u"StempWin"_s, Make<Ui::StempWin>},   {u"IOQuery"_s, Make<Ui::IOQuery>},           {u"User"_s, Make<Ui::User>},
-    {u"AdminForm"_s, Make<Ui::AdminForm>}, {u"MessageBoard"_s, Make<Ui::MessageBoard>},
-};
+#define ENTRY(window) {u"" #window##_s, Make<Ui::window>},
+const QMap<QString, std::function<std::unique_ptr<QMainWindow>()>> windows{WINDOWS(ENTRY)};
+#undef ENTRY
 
 // Controls and menu entries alike: what has texts of its own.
 QObjectList ControlsOf(const QMainWindow &window)
@@ -43,17 +39,20 @@ QObjectList ControlsOf(const QMainWindow &window)
     }
     for (QAction *action : window.findChildren<QAction *>(QRegularExpression(u"^mnu"_s)))
         controls.append(action);
+    for (QMenu *menu : window.findChildren<QMenu *>(QRegularExpression(u"^mnu"_s)))
+        controls.append(menu);
     return controls;
 }
 
 bool IsBox(const QObject &control)
 {
-    return qobject_cast<const QLineEdit *>(&control) != nullptr;
+    return qobject_cast<const QLineEdit *>(&control) || qobject_cast<const QAbstractSpinBox *>(&control);
 }
 
 const char *CaptionProperty(const QObject &control)
 {
-    return qobject_cast<const QGroupBox *>(&control) ? "title" : "text";
+    const bool hasTitle = qobject_cast<const QGroupBox *>(&control) || qobject_cast<const QMenu *>(&control);
+    return hasTitle ? "title" : "text";
 }
 
 QString Caption(const QObject &control)
@@ -68,12 +67,12 @@ void TurnDanish(const QMainWindow &window, const QString &form)
             control->setProperty(CaptionProperty(*control), DanishText(form, Caption(*control)));
 }
 
-// What its text takes, at the least; lists and grids scroll.
+// What its text takes, at the least; lists, grids and long texts scroll.
 QSize Need(const QWidget &widget)
 {
     if (const auto *label = qobject_cast<const QLabel *>(&widget); label && label->wordWrap())
         return {0, label->heightForWidth(label->width())};
-    return qobject_cast<const QAbstractItemView *>(&widget) ? QSize() : widget.minimumSizeHint();
+    return qobject_cast<const QAbstractScrollArea *>(&widget) ? QSize() : widget.minimumSizeHint();
 }
 
 QString Clash(const QWidget &widget)
@@ -130,7 +129,7 @@ private slots:
         QStringList tooSmall;
         for (const QObject *control : ControlsOf(*window)) {
             const auto *widget = qobject_cast<const QWidget *>(control);
-            if (!widget)
+            if (!widget || widget->isWindow()) // a menu makes its own room
                 continue;
             const QSize need = Need(*widget);
             if (need.width() > widget->width() || need.height() > widget->height())

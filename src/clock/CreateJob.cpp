@@ -1,0 +1,163 @@
+#include "clock/CreateJob.h"
+
+#include "clock/JobLists.h"
+#include "platform/forms/Prompts.h"
+#include "startup/JobDatabase.h"
+#include "ui_CreateJob.h"
+
+#include <QScrollBar>
+#include <QTimer>
+
+#include <chrono>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr std::chrono::milliseconds patience{700}; // before a person is told that there is no answer yet
+constexpr int margin = 16;                         // between the controls and the window's edges
+constexpr int gap = 8;                             // between two controls
+constexpr int columnGap = 12;                      // between the boxes and the buttons
+
+// Two lists of one line a job stay in step.
+void MoveTogether(QListWidget *a, QListWidget *b)
+{
+    QObject::connect(a->verticalScrollBar(), &QScrollBar::valueChanged, b->verticalScrollBar(), &QScrollBar::setValue);
+    QObject::connect(a, &QListWidget::currentRowChanged, b, qOverload<int>(&QListWidget::setCurrentRow));
+}
+
+} // namespace
+
+CreateJob::CreateJob(FormServices &services, Prompts &prompts, JobDatabase &jobDatabase, const JobLists &lists)
+    : Form(QStringLiteral("CreateJob"), services),
+      ui_(std::make_unique<Ui::CreateJob>()),
+      prompts_(prompts),
+      jobDatabase_(jobDatabase),
+      lists_(lists)
+{
+    ui_->setupUi(this);
+    RegisterControls();
+    SetDefaultButton(ui_->OKButton);
+    SetCancelButton(ui_->ExitButton);
+
+    connect(ui_->ApplyButton, &QPushButton::clicked, this, &CreateJob::ApplyButton_Click);
+    connect(ui_->OKButton, &QPushButton::clicked, this, &CreateJob::OKButton_Click);
+    connect(ui_->ExitButton, &QPushButton::clicked, this, &CreateJob::ExitButton_Click);
+    MoveTogether(ui_->List1, ui_->List2);
+    MoveTogether(ui_->List2, ui_->List1);
+}
+
+CreateJob::~CreateJob() = default;
+
+void CreateJob::Form_Load()
+{
+    LoadTexts();
+    FocusJobID();
+}
+
+void CreateJob::Form_Unload()
+{
+    ui_->StatusLabel->clear(); // what went wrong today is no caption to keep
+    SaveTexts();
+}
+
+void CreateJob::Form_Resize()
+{
+    const QScrollBar *bar = ui_->List1->verticalScrollBar();
+    const bool newestShown = bar->value() == bar->maximum();
+    for (QPushButton *button : {ui_->ApplyButton, ui_->OKButton, ui_->ExitButton})
+        button->move(Surface()->width() - margin - button->width(), button->y());
+    const int right = ui_->OKButton->x() - columnGap;
+    ui_->JobNameText->resize(right - ui_->JobNameText->x(), ui_->JobNameText->height());
+    ui_->StatusLabel->setGeometry(margin, Surface()->height() - gap - ui_->StatusLabel->height(),
+                                  Surface()->width() - 2 * margin, ui_->StatusLabel->height());
+    const int bottom = ui_->StatusLabel->y() - gap;
+    ui_->List1->resize(ui_->List1->width(), bottom - ui_->List1->y());
+    ui_->List2->resize(right - ui_->List2->x(), bottom - ui_->List2->y());
+    if (newestShown)
+        ShowNewest();
+}
+
+void CreateJob::Save(bool thenClose)
+{
+    JobItem job{CompanyJobs::CleanID(ui_->JobIDText->text()), ui_->JobNameText->text().trimmed()};
+    ui_->JobIDText->setText(job.id);
+    ui_->StatusLabel->clear();
+    if (job.id.isEmpty())
+        return Refuse(u"Job ID must be filled in"_s);
+    if (CompanyJobs::IsListed(lists_.CompanyList, job.id))
+        return Refuse(u"This Job ID is already used"_s);
+    if (job.name.isEmpty())
+        job.name = job.id;
+
+    SetWaiting(true);
+    jobDatabase_.CreateJob(
+        this, job, [this, job, thenClose](CompanyJobs::Creation creation) { Answered(creation, job, thenClose); });
+    QTimer::singleShot(patience, this, [this] {
+        if (waiting_)
+            ui_->StatusLabel->setText(
+                u"The job list has not answered yet. Please wait. If you leave, the job may still be stored."_s);
+    });
+}
+
+void CreateJob::Answered(CompanyJobs::Creation creation, const JobItem &job, bool thenClose)
+{
+    SetWaiting(false);
+    ui_->StatusLabel->clear();
+    if (!IsLoaded()) // the person did not wait
+        return;
+    switch (creation) {
+    case CompanyJobs::Creation::Stored:
+        ShowStored(job);
+        if (thenClose)
+            Unload();
+        break;
+    case CompanyJobs::Creation::AlreadyUsed: // another copy was faster than the list
+        Refuse(u"This Job ID is already used"_s);
+        break;
+    case CompanyJobs::Creation::Failed:
+        ui_->StatusLabel->setText(
+            u"The job was not stored, because the job list could not be written. Please try again."_s);
+        FocusJobID();
+        break;
+    }
+}
+
+void CreateJob::ShowStored(const JobItem &job)
+{
+    ui_->List1->addItem(job.id);
+    ui_->List2->addItem(job.name);
+    ShowNewest();
+    ui_->JobIDText->setText(CompanyJobs::NextID(job.id));
+    ui_->JobNameText->clear();
+    FocusJobID();
+}
+
+void CreateJob::ShowNewest()
+{
+    ui_->List1->scrollToBottom();
+    ui_->List2->scrollToBottom();
+}
+
+void CreateJob::Refuse(const QString &message)
+{
+    prompts_.MsgBox(this, message);
+    FocusJobID();
+}
+
+void CreateJob::SetWaiting(bool waiting)
+{
+    waiting_ = waiting;
+    if (waiting) // else the focus would go on from a disabled button to the next one, and a further Enter would press Exit
+        ui_->JobIDText->setFocus();
+    ui_->ApplyButton->setEnabled(!waiting);
+    ui_->OKButton->setEnabled(!waiting);
+    ui_->JobIDText->setReadOnly(waiting);
+    ui_->JobNameText->setReadOnly(waiting);
+}
+
+void CreateJob::FocusJobID()
+{
+    ui_->JobIDText->setFocus();
+    ui_->JobIDText->selectAll();
+}

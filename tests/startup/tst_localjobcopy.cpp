@@ -1,0 +1,157 @@
+#include "platform/dao/Database.h"
+#include "platform/dao/Error.h"
+#include "startup/LocalJobCopy.h"
+#include "support/ProgramFolder.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTest>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+const QString blank = u"Blank Jobs.mdb"_s;
+const QString local = u"Jobs.mdb"_s;
+const QString journal = u"Jobs.mdb-journal"_s;
+const LocalJobCopy::Snapshot snapshot{
+    {{u"1"_s, u"Roof"_s}, {u"2"_s, QVariant()}},
+    {{u"ANNA"_s, u"at lunch"_s, -1, u"Anna Ø"_s}, {u"BO"_s, QVariant(), 1, QVariant()}}};
+
+void Write(const ProgramFolder &folder)
+{
+    LocalJobCopy::Write(folder.File(blank), folder.File(local), snapshot);
+}
+
+QString Text(const LocalJobCopy::Snapshot &rows)
+{
+    QString text;
+    for (const QVariantList &row : rows.projects + rows.users)
+        for (const QVariant &field : row)
+            text += field.isNull() ? u"null|"_s : field.toString() + u'|';
+    return text;
+}
+
+QString Copied(const ProgramFolder &folder)
+{
+    dao::Database copy = dao::Database::OpenDatabase(folder.File(local));
+    return Text(LocalJobCopy::Read(copy));
+}
+
+// An old copy with the one job "old", if need be as a crash in the middle of a change leaves it.
+void LeaveOldCopy(const ProgramFolder &folder, bool crashed)
+{
+    folder.Copy(blank, u"work.mdb"_s);
+    folder.Sql(u"work.mdb"_s, u"INSERT INTO Projects (JobID) VALUES ('old')"_s);
+    dao::Database work = dao::Database::OpenDatabase(folder.File(u"work.mdb"_s));
+    if (crashed) {
+        work.Execute(u"PRAGMA cache_size = 1"_s, {}, {}); // so that pages go to the file before the end
+        work.Execute(u"BEGIN"_s, {}, {});
+        work.Execute(u"UPDATE Projects SET JobID = 'half'"_s, {}, {});
+        work.Execute(u"INSERT INTO Projects (JobID, JobName) WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 "
+                     "FROM n LIMIT 1000) SELECT i, hex(zeroblob(100)) FROM n"_s,
+                     {}, {});
+        QVERIFY(QFile::copy(folder.File(u"work.mdb-journal"_s), folder.File(journal)));
+    }
+    QFile::remove(folder.File(local));
+    QVERIFY(QFile::copy(folder.File(u"work.mdb"_s), folder.File(local)));
+}
+
+const LocalJobCopy::Snapshot oldCopy{{{u"old"_s, QVariant()}}, {}};
+
+} // namespace
+
+class TestLocalJobCopy : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void TakesTheWholeListAndNothingElse()
+    {
+        const ProgramFolder folder;
+        folder.Sql(blank, u"INSERT INTO Projects (JobID) VALUES ('1'), ('of the template')"_s);
+        folder.Sql(blank, u"INSERT INTO Users (User) VALUES ('ANNA'), ('OLD')"_s);
+        LeaveOldCopy(folder, false);
+        LocalJobCopy::Snapshot odd = snapshot; // of a file that knows no unique id
+        odd.projects += {{QVariant(), u"nameless"_s}, {u"1"_s, u"once more"_s}};
+        LocalJobCopy::Write(folder.File(blank), folder.File(local), odd);
+        folder.Sql(local, u"ALTER TABLE Projects ADD COLUMN Colour TEXT"_s); // by another version
+        QCOMPARE(Copied(folder), Text(snapshot));
+    }
+
+    void KeepsTheOldCopyWhenItMayNotReplace()
+    {
+        const ProgramFolder folder;
+        LeaveOldCopy(folder, false);
+        QStringList names = folder.Names();
+        {
+            dao::Database user = dao::Database::OpenDatabase(folder.File(local)); // a program at work in it
+            const dao::Transaction transaction(user, {});
+            QVERIFY_THROWS_EXCEPTION(dao::Error, Write(folder));
+        }
+        const ProgramFolder empty;
+        empty.Write(blank, {}); // a template without tables
+        QVERIFY_THROWS_EXCEPTION(dao::Error, LocalJobCopy::Write(empty.File(blank), folder.File(local), snapshot));
+        QCOMPARE(Copied(folder), Text(oldCopy));
+        QCOMPARE(folder.Names(), names);
+
+        QFile::remove(folder.File(local));
+        QVERIFY(QDir(folder.Path()).mkdir(local));
+        names.removeOne(local);
+        QVERIFY_THROWS_EXCEPTION(dao::Error, Write(folder));
+        QCOMPARE(folder.Names(), names);
+    }
+
+    void TakesNoJournalOver()
+    {
+        for (const bool oldCopyRemains : {true, false}) {
+            const ProgramFolder folder;
+            LeaveOldCopy(folder, true);
+            if (!oldCopyRemains)
+                QFile::remove(folder.File(local));
+            for (const QString &left : {u"Jobs.mdb.unfinished-1"_s, u"Jobs.mdb.unfinished-1-journal"_s}) {
+                folder.Write(left, "of an earlier crash");
+                QFile file(folder.File(left));
+                QVERIFY(file.open(QFile::ReadWrite)
+                        && file.setFileTime(QDateTime::currentDateTime().addDays(-1), QFile::FileModificationTime));
+            }
+            Write(folder);
+            QCOMPARE(Copied(folder), Text(snapshot));
+            QCOMPARE(folder.Names().filter(u"Jobs.mdb"_s), QStringList({blank, local}));
+        }
+    }
+
+    void OutlivesAKill()
+    {
+        const ProgramFolder folder;
+        LeaveOldCopy(folder, false);
+        Write(folder);
+        for (int round = 0; round < 8; ++round) {
+            QProcess writer;
+            writer.start(QCoreApplication::applicationFilePath(), {u"--write"_s, folder.Path()});
+            QVERIFY(writer.waitForReadyRead());
+            QTest::qWait(round * 3); // into another step each time
+            writer.kill();
+            QVERIFY(writer.waitForFinished());
+            QCOMPARE(Copied(folder), Text(snapshot));
+        }
+    }
+};
+
+// With "--write FOLDER" it makes the copy over and over, until it is killed.
+int main(int argc, char *argv[])
+{
+    const QCoreApplication application(argc, argv);
+    const QDir folder(application.arguments().value(2));
+    if (application.arguments().value(1) == u"--write"_s) {
+        puts("ready");
+        fflush(stdout);
+        for (;;)
+            LocalJobCopy::Write(folder.filePath(blank), folder.filePath(local), snapshot);
+    }
+    TestLocalJobCopy test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "tst_localjobcopy.moc"
