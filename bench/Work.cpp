@@ -45,6 +45,7 @@ int Measure()
     Figures figures;
     AddStempFigures(figures, reporter.medians);
     AddSearchFigures(figures, reporter.medians);
+    AddSummaryWindowFigures(figures, reporter.medians);
     return figures.OverLimit() == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 

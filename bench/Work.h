@@ -33,3 +33,4 @@ private:
 // Each adds the figures of its own benchmarks.
 void AddStempFigures(Figures &figures, const Medians &medians);
 void AddSearchFigures(Figures &figures, const Medians &medians);
+void AddSummaryWindowFigures(Figures &figures, const Medians &medians);

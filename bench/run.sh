@@ -40,6 +40,8 @@ measure() { # measure PLATFORM LIMIT: the limit is that of the start
     build/bench/bench/bench_work --benchmark_enable_random_interleaving=true "$work/$1" || over=yes
 }
 
+say ""
+build/bench/bench/bench_hours "$work/hours" 5 || over=yes
 start_display
 measure xcb 2.5
 measure offscreen 4 # where no screen is waited for, an empty window costs next to nothing
