@@ -1,6 +1,7 @@
 #include "bench/Figures.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 
 using namespace Qt::Literals::StringLiterals;
@@ -33,6 +34,10 @@ void Figures::AddValue(const QString &what, double floor, double measured, const
 void Figures::Print(const QString &what, double floor, double measured, const QString &unit, const QString &result,
                     bool holds)
 {
+    if (std::isnan(floor) || std::isnan(measured)) {
+        std::printf("%-44s not measured\n", what.toUtf8().constData());
+        return;
+    }
     if (!headed_) {
         headed_ = true;
         std::printf("%-44s %12s %12s\n", "", "floor", "measured");

@@ -6,7 +6,8 @@
 
 double Median(std::vector<double> values); // of at least one
 
-// The table of figures on standard output. A figure that is over its limit is marked, and counted.
+// The table of figures on standard output. A figure that is over its limit is marked, and counted; one
+// that is not a number was not measured.
 class Figures
 {
 public:

@@ -3,6 +3,7 @@
 #include "bench/Figures.h"
 
 #include <chrono>
+#include <limits>
 #include <map>
 #include <string>
 
@@ -24,7 +25,11 @@ class Medians
 {
 public:
     void Set(const std::string &name, double milliseconds) { medians_[name] = milliseconds; }
-    double Milliseconds(const std::string &name) const { return medians_.at(name); }
+    double Milliseconds(const std::string &name) const // not a number when it was not run
+    {
+        const auto found = medians_.find(name);
+        return found == medians_.end() ? std::numeric_limits<double>::quiet_NaN() : found->second;
+    }
 
 private:
     std::map<std::string, double> medians_;

@@ -13,9 +13,9 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-QString Tip(const QString &what, double hours)
+QString Tip(const QString &what, double hours, const QLocale &locale)
 {
-    return what + u": "_s + HoursText(hours) + u" hours"_s;
+    return what + u": "_s + locale.toString(HoursText(hours).toDouble(), 'f', 2) + u" hours"_s;
 }
 
 bool IsToBeSeen(double hours)
@@ -24,7 +24,7 @@ bool IsToBeSeen(double hours)
 }
 
 // A job that was renamed has several rows.
-QList<HoursBar> AllJobs(const QList<SummaryRow> &rows)
+QList<HoursBar> AllJobs(const QList<SummaryRow> &rows, const QLocale &locale)
 {
     QList<HoursBar> bars;
     QHash<QString, qsizetype> known; // the bar of each job
@@ -42,23 +42,24 @@ QList<HoursBar> AllJobs(const QList<SummaryRow> &rows)
     }
     bars.removeIf([](const HoursBar &bar) { return !IsToBeSeen(bar.hours); });
     for (HoursBar &bar : bars)
-        bar.tip = Tip(bar.tip, bar.hours);
+        bar.tip = Tip(bar.tip, bar.hours, locale);
     return bars;
 }
 
-QList<HoursBar> JobBars(const QList<SummaryRow> &rows, int most)
+QList<HoursBar> JobBars(const QList<SummaryRow> &rows, int most, const QLocale &locale)
 {
-    QList<HoursBar> bars = AllJobs(rows);
+    QList<HoursBar> bars = AllJobs(rows, locale);
     std::stable_sort(bars.begin(), bars.end(),
                      [](const HoursBar &one, const HoursBar &other) { return one.hours > other.hours; });
     if (bars.size() <= most)
         return bars;
 
     HoursBar others;
+    others.isRest = most > 1;
     for (auto bar = bars.cbegin() + most - 1; bar != bars.cend(); ++bar)
         others.hours += bar->hours;
     others.label = (most > 1 ? u"%1 others"_s : u"%1 jobs"_s).arg(bars.size() - most + 1);
-    others.tip = Tip(others.label, others.hours);
+    others.tip = Tip(others.label, others.hours, locale);
     bars.resize(most - 1);
     bars.append(others);
     return bars;
@@ -164,7 +165,7 @@ QList<HoursBar> DayBars(const Summary &summary, int most, const QLocale &locale)
         const DateRange one{std::max(periods.Begin(first + i), summary.from),
                             std::min(periods.Begin(first + i + 1).addDays(-1), summary.to)};
         bars[i].label = PeriodLabel(periods.unit, one, all, locale);
-        bars[i].tip = Tip(PeriodInFull(one, locale), bars[i].hours);
+        bars[i].tip = Tip(PeriodInFull(one, locale), bars[i].hours, locale);
     }
     return bars;
 }
@@ -177,7 +178,7 @@ QList<HoursBar> BarsOf(const Summary &summary, int most, const QLocale &locale)
         return {};
     switch (summary.kind) {
     case SummaryKind::PerJob:
-        return JobBars(summary.rows, most);
+        return JobBars(summary.rows, most, locale);
     case SummaryKind::PerDay:
         return DayBars(summary, most, locale);
     case SummaryKind::None:

@@ -12,6 +12,7 @@ struct HoursBar
     QString label; // a job's id, or a day, week or month
     QString tip;   // the same in full, with the hours
     double hours = 0;
+    bool isRest = false; // the smallest jobs together
 };
 
 // At most `most` bars. Per job: the jobs by their hours, the longest first, the smallest ones put together as one last bar; rows

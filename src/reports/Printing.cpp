@@ -1,8 +1,10 @@
 #include "reports/Printing.h"
 
 #include "platform/forms/Prompts.h"
+#include "reports/SaveFile.h"
 #include "reports/TimesheetPages.h"
 
+#include <QAction>
 #include <QBuffer>
 #include <QFile>
 #include <QGuiApplication>
@@ -13,7 +15,6 @@
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
-#include <QSaveFile>
 #include <QScreen>
 
 #include <algorithm>
@@ -26,13 +27,22 @@ Q_LOGGING_CATEGORY(log, "stemp.reports")
 
 const QMarginsF pageMargins(20, 10, 15, 15); // millimetres, with room for the holes of a folder
 
-// Whether the printing system leaves pages out that the person did not choose. CUPS does for a list of pages, not for a range;
-// its print engine alone knows.
+// Whether the printing system leaves pages out that the person did not choose. CUPS does for a list of pages, not for a range,
+// and its print engine alone knows: the key of its options is in no header of Qt, it was seen in Qt 6.4. A Qt without it says
+// nothing here; then the pages are picked here and, of a list, once more by CUPS, which misses some.
 bool PicksPagesItself(const QPrinter &printer)
 {
     constexpr auto cupsOptions = static_cast<QPrintEngine::PrintEnginePropertyKey>(0xfe00);
     return printer.outputFormat() == QPrinter::NativeFormat
            && printer.printEngine()->property(cupsOptions).toStringList().contains(u"page-ranges"_s);
+}
+
+// The preview's buttons can't be reached with the keys.
+void AddPrintKey(QPrintPreviewDialog &preview)
+{
+    for (QAction *action : preview.findChildren<QAction *>())
+        if (action->text() == QPrintPreviewDialog::tr("Print"))
+            action->setShortcut(QKeySequence::Print);
 }
 
 // Neither a printing system that has gone nor a full disk is reported: what is left tells.
@@ -49,13 +59,14 @@ bool IsWholePdf(const QString &path)
 }
 
 // For the preview, too.
-bool Print(const TimesheetPages &pages, QPrinter &printer)
+bool Print(const PrintedTimesheet &timesheet, QPrinter &printer)
 {
+    const TimesheetLayout layout = LayOut(timesheet, printer);
     if (printer.printRange() == QPrinter::PageRange)
-        return pages.PaintOn(printer, PicksPagesItself(printer) ? QPageRanges() : printer.pageRanges());
+        return PaintPages(layout, printer, PicksPagesItself(printer) ? QPageRanges() : printer.pageRanges());
     // the pages that the print dialog lets a person choose from
-    printer.setFromTo(1, static_cast<int>(pages.LayOut(printer).pages.size()));
-    return pages.PaintOn(printer);
+    printer.setFromTo(1, static_cast<int>(layout.pages.size()));
+    return PaintPages(layout, printer);
 }
 
 } // namespace
@@ -76,13 +87,13 @@ void SystemPrinting::Preview(QWidget *owner, const PrintedTimesheet &timesheet, 
     printer.setCreator(QGuiApplication::applicationDisplayName());
     printer.setPageMargins(pageMargins, QPageLayout::Millimeter);
 
-    const TimesheetPages pages(timesheet);
     bool isPrinted = true;
     QPrintPreviewDialog preview(&printer, owner);
     preview.setWindowModality(Qt::WindowModal);
     preview.resize(QSize(900, 1000).boundedTo(preview.screen()->availableSize() * 9 / 10));
+    AddPrintKey(preview);
     QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview,
-                     [&](QPrinter *target) { isPrinted = Print(pages, *target); });
+                     [&](QPrinter *target) { isPrinted = Print(timesheet, *target); });
     if (preview.exec() != QDialog::Accepted)
         return;
     // The dialog is accepted by printing, be it on a printer or to a file.
@@ -110,12 +121,8 @@ bool WriteTimesheetPdf(const QString &path, const PrintedTimesheet &timesheet, c
         writer.setPageMargins(pageMargins, QPageLayout::Millimeter);
         writer.setTitle(title);
         writer.setCreator(QGuiApplication::applicationDisplayName());
-        if (!TimesheetPages(timesheet).PaintOn(writer))
+        if (!PaintPages(LayOut(timesheet, writer), writer))
             return false;
     }
-    QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.commit())
-        return true;
-    qCWarning(log).noquote() << path << u"could not be written:"_s << file.errorString();
-    return false;
+    return SaveFile(path, content);
 }

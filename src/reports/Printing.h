@@ -35,6 +35,5 @@ private:
     Prompts &prompts_;
 };
 
-// Writes a PDF file in the locale's usual paper size, under a temporary name that is renamed; false when that failed, with
-// nothing left behind and an older file of that name untouched.
+// Writes a PDF file in the locale's usual paper size; false when that failed, as SaveFile.
 bool WriteTimesheetPdf(const QString &path, const PrintedTimesheet &timesheet, const QString &title);

@@ -3,6 +3,8 @@
 #include "platform/forms/ControlTypes.h"
 #include "platform/system/TimeSource.h"
 #include "reports/ChartBars.h"
+#include "reports/Csv.h"
+#include "reports/HoursQuery.h"
 #include "reports/TimeRows.h"
 #include "reports/Timesheet.h"
 #include "ui_RepGen.h"
@@ -20,11 +22,6 @@ Q_LOGGING_CATEGORY(log, "stemp.reports")
 constexpr std::chrono::milliseconds untilBusy = 500ms; // what takes longer is worth a word
 
 constexpr QSize leastSize(880, 360); // all buttons, and some lines of the grid
-constexpr double gridShare = 0.6;    // of the width; the chart has the rest
-constexpr int margin = 8;
-constexpr int bottomHeight = 60; // below grid and chart: the totals and a line of notes
-constexpr int totalsTop = 6;     // from there
-constexpr int notesTop = 30;
 
 enum Column { dayColumn, jobColumn, hoursColumn, roundedColumn, descriptionColumn, monthColumn };
 constexpr int dayWidth = 44; // as designed, pixels
@@ -82,6 +79,7 @@ RepGen::RepGen(FormServices &services, Prompts &prompts, Printing &printing, Rep
                   QLatin1String(QT_TRANSLATE_NOOP("RepGen", "Rounded")),
                   QLatin1String(QT_TRANSLATE_NOOP("RepGen", "Description")),
                   QLatin1String(QT_TRANSLATE_NOOP("RepGen", "Month"))}),
+      anchors_(*this),
       output_(*this, prompts, printing, parts_.userInitials),
       summing_(parts_.timeDbPath),
       reading_(parts_.timeDbPath)
@@ -92,6 +90,7 @@ RepGen::RepGen(FormServices &services, Prompts &prompts, Printing &printing, Rep
     ui_->MSChart->SetTitleText(QLatin1String(QT_TRANSLATE_NOOP("RepGen", "Hours")));
     RegisterControls();
     RegisterHidden();
+    SetUpAnchors();
     setMinimumSize(leastSize);
     SetDefaultButton(ui_->UpdateButton);
     busyTimer_.setSingleShot(true);
@@ -141,6 +140,16 @@ void RepGen::RegisterHidden()
                                   "timesheet; the printer that you print on is suggested the next time.")));
 }
 
+// The grid has three fifths of the width, the chart the rest; below them are the totals and a line of notes.
+void RepGen::SetUpAnchors()
+{
+    anchors_.Add({ui_->SummaryGrid}, {.width = 0.6, .height = 1});
+    anchors_.Add({ui_->MSChart}, {.x = 0.6, .width = 0.4, .height = 1});
+    anchors_.Add({ui_->TotalsLabel}, {.y = 1, .width = 1});
+    anchors_.Add({ui_->SummingLabel, ui_->SavingLabel, ui_->EmptyLabel, ui_->ErrorLabel}, {.y = 1, .width = 0.6});
+    anchors_.Add({ui_->UnsavedLabel}, {.x = 0.6, .y = 1, .width = 0.4});
+}
+
 void RepGen::Connect()
 {
     connect(ui_->UpdateButton, &QPushButton::clicked, this, &RepGen::UpdateButton_Click);
@@ -183,35 +192,21 @@ void RepGen::Form_Unload()
     ShowColumns(SummaryKind::PerDay); // a hidden column has no width to be stored
     ui_->TotalsLabel->setText(totalsPattern_);
     ui_->UnsavedLabel->setText(unsavedPattern_);
+    anchors_.PutBack();
     SaveTexts();
 }
 
-// What a person moved stays there, but for what has to move along with the lower and the right edge.
-void RepGen::Form_Resize()
+bool RepGen::QueryUnload()
 {
-    const int right = Surface()->width() - margin;
-    const int bottom = Surface()->height() - bottomHeight;
-    QTableView &grid = *ui_->SummaryGrid;
-    const int width = right - grid.x();
-    const int gridWidth = ui_->MSChart->isHidden() ? width : qRound(width * gridShare);
-    grid.resize(gridWidth, bottom - grid.y());
-    const int chartLeft = grid.x() + gridWidth + margin;
-    ui_->MSChart->setGeometry(chartLeft, ui_->MSChart->y(), right - chartLeft, bottom - ui_->MSChart->y());
-
-    const auto place = [](QWidget &label, int left, int top, int end) {
-        label.setGeometry(left, top, end - left, label.height());
-    };
-    place(*ui_->TotalsLabel, ui_->TotalsLabel->x(), bottom + totalsTop, right);
-    for (QLabel *note : {ui_->SummingLabel, ui_->EmptyLabel, ui_->ErrorLabel})
-        place(*note, note->x(), bottom + notesTop, chartLeft - margin);
-    place(*ui_->UnsavedLabel, chartLeft, bottom + notesTop, right);
+    if (reading_.IsRunning())
+        SetBusy(true); // which says why
+    return !reading_.IsRunning();
 }
 
 void RepGen::resizeEvent(QResizeEvent *event)
 {
     Form::resizeEvent(event);
-    if (IsLoaded() && isMaximized()) // the wider, the better for the chart
-        Form_Resize();
+    anchors_.Follow();
 }
 
 bool RepGen::Form_KeyDown(QKeyEvent &event)
@@ -228,7 +223,6 @@ void RepGen::SetRepDates()
         picker->interpretText(); // what is being typed
     fromDate_ = ui_->DTPickerFrom->date();
     toDate_ = ui_->DTPickerTo->date();
-    repDates_ = SplitDates(fromDate_, toDate_);
 }
 
 void RepGen::Ranges_Click(QuickRange range)
@@ -236,6 +230,9 @@ void RepGen::Ranges_Click(QuickRange range)
     const DateRange dates = RangeOf(range, parts_.time.Now().date(), QLocale().firstDayOfWeek());
     ui_->DTPickerFrom->setDate(dates.from);
     ui_->DTPickerTo->setDate(dates.to);
+    for (QDateEdit *picker : {ui_->DTPickerFrom, ui_->DTPickerTo})
+        if (picker->hasFocus()) // what was selected may be but a part of a number now
+            picker->setSelectedSection(picker->currentSection());
 }
 
 void RepGen::UpdateButton_Click()
@@ -252,8 +249,8 @@ void RepGen::BeginSum(SummaryKind kind)
 {
     SetRepDates();
     const bool perDay = kind == SummaryKind::PerDay;
-    sumData_->RecordSource =
-        perDay ? HoursPerDay(repDates_, roundingFragment_) : HoursPerJob(repDates_, roundingFragment_);
+    const RepDates dates = SplitDates(fromDate_, toDate_);
+    sumData_->RecordSource = perDay ? HoursPerDay(dates, roundingFragment_) : HoursPerJob(dates, roundingFragment_);
     ShowNote(nullptr);
     busyTimer_.start();
     const auto sum = std::make_shared<Summary>();
@@ -261,8 +258,10 @@ void RepGen::BeginSum(SummaryKind kind)
                        dao::Database &timeDb) { *sum = ReadSummary(timeDb, kind, from, to, fragment); },
                    [this, sum](const std::optional<dao::Error> &error) {
                        TaskEnded(error);
-                       if (error)
+                       if (error) {
+                           ShowNote(ui_->ErrorLabel);
                            return;
+                       }
                        summary_ = *sum;
                        ShowSummary();
                    });
@@ -274,10 +273,8 @@ void RepGen::TaskEnded(const std::optional<dao::Error> &error)
         busyTimer_.stop();
         SetBusy(false);
     }
-    if (error) {
+    if (error)
         qCWarning(log).noquote() << error->Text();
-        ShowNote(ui_->ErrorLabel);
-    }
 }
 
 void RepGen::SetBusy(bool busy)
@@ -291,7 +288,7 @@ void RepGen::SetBusy(bool busy)
         focusBeforeBusy_ =
             focus && !focus->isEnabled() ? focus : nullptr; // a button loses the focus when it is disabled
         setCursor(Qt::BusyCursor);
-        ShowNote(ui_->SummingLabel);
+        ShowNote(reading_.IsRunning() ? ui_->SavingLabel : ui_->SummingLabel);
     } else {
         if (focusBeforeBusy_)
             focusBeforeBusy_->setFocus();
@@ -359,7 +356,7 @@ void RepGen::ShowBars()
     const Layout layout = summary_.kind == SummaryKind::PerDay ? Layout::Columns : Layout::Rows;
     QList<ChartWidget::Bar> bars;
     for (const HoursBar &bar : BarsOf(summary_, ui_->MSChart->MostBars(layout), QLocale()))
-        bars.append({bar.label, bar.tip, bar.hours});
+        bars.append({bar.label, bar.tip, bar.hours, bar.isRest});
     ui_->MSChart->SetBars(std::move(bars), layout);
 }
 
@@ -372,7 +369,7 @@ void RepGen::ShowUnsaved()
 
 void RepGen::ShowNote(const QWidget *note)
 {
-    for (QLabel *label : {ui_->SummingLabel, ui_->EmptyLabel, ui_->ErrorLabel})
+    for (QLabel *label : {ui_->SummingLabel, ui_->SavingLabel, ui_->EmptyLabel, ui_->ErrorLabel})
         label->setVisible(label == note);
 }
 
@@ -398,22 +395,28 @@ void RepGen::mnuSaveCsv_Click()
 
 void RepGen::mnuSaveRows_Click()
 {
-    SetRepDates();
-    const bool summed = summary_.kind != SummaryKind::None;
-    const QDate from = summed ? summary_.from : fromDate_;
-    const QDate to = summed ? summary_.to : toDate_;
+    QDate from = summary_.from;
+    QDate to = summary_.to;
+    if (summary_.kind == SummaryKind::None) {
+        SetRepDates();
+        from = fromDate_;
+        to = toDate_;
+    }
     const QString path = output_.PickRowsFile(from, to);
     if (path.isEmpty())
         return;
     ShowNote(nullptr);
     busyTimer_.start();
-    const auto rows = std::make_shared<QList<RawTimeRow>>();
-    reading_.Begin([rows, from, to](dao::Database &timeDb) { *rows = ReadTimeRows(timeDb, from, to); },
-                   [this, rows, path](const std::optional<dao::Error> &error) {
-                       TaskEnded(error);
-                       EnableCommands();
-                       if (!error)
-                           output_.SaveRows(path, *rows);
-                   });
+    const auto content = std::make_shared<QByteArray>();
+    reading_.Begin(
+        [content, from, to](dao::Database &timeDb) { *content = TimeRowsCsv(ReadTimeRows(timeDb, from, to)); },
+        [this, content, path](const std::optional<dao::Error> &error) {
+            TaskEnded(error);
+            EnableCommands();
+            if (error)
+                output_.TellNotSaved(path);
+            else
+                output_.SaveRows(path, *content);
+        });
     EnableCommands(); // two reads for files would get into each other's way
 }

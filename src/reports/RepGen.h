@@ -1,12 +1,13 @@
 #pragma once
 
+#include "platform/forms/Anchors.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/RowsModel.h"
-#include "reports/HoursQuery.h"
 #include "reports/QuickRange.h"
 #include "reports/Summary.h"
 #include "reports/SummaryOutput.h"
 #include "reports/SummaryTask.h"
+#include "settings/Options.h"
 
 #include <QPointer>
 #include <QTimer>
@@ -41,15 +42,15 @@ class RepGen : public Form
 
 public:
     RepGen(FormServices &services, Prompts &prompts, Printing &printing, RepGenParts parts);
-    ~RepGen() override; // a sum that is still being made is dropped at once
+    ~RepGen() override; // a sum that is still being made is dropped
 
     void SetRepDates(); // takes the dates of the pickers for the next statement
 
 protected:
     void Form_Load() override;
     void Form_Unload() override;
-    void Form_Resize() override;
     bool Form_KeyDown(QKeyEvent &event) override;
+    bool QueryUnload() override; // not while rows are read for a file that the person has named
     void resizeEvent(QResizeEvent *event) override;
 
 private:
@@ -58,6 +59,7 @@ private:
     void SetUpPickers();
     void SetUpGrid();
     void RegisterHidden(); // the controls that have no widget
+    void SetUpAnchors();
     void Connect();
 
     void UpdateButton_Click();
@@ -86,12 +88,12 @@ private:
     DataControl *sumData_ = nullptr;         // owned by the list of controls
     PrinterDialog *printerDialog_ = nullptr; // likewise
     RowsModel gridModel_;
+    Anchors anchors_;
     QString totalsPattern_; // the captions as stored, which the labels show filled in
     QString unsavedPattern_;
 
     QDate fromDate_;
     QDate toDate_;
-    RepDates repDates_;
     QString roundingFragment_;
     Summary summary_; // what was computed last
     SummaryOutput output_;

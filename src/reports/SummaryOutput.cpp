@@ -4,13 +4,13 @@
 #include "platform/forms/Prompts.h"
 #include "reports/Csv.h"
 #include "reports/Printing.h"
+#include "reports/SaveFile.h"
 #include "reports/Timesheet.h"
 
 #include <QClipboard>
 #include <QDir>
 #include <QGuiApplication>
 #include <QLocale>
-#include <QSaveFile>
 #include <QStandardPaths>
 
 using namespace Qt::Literals::StringLiterals;
@@ -69,8 +69,8 @@ void SummaryOutput::SaveCsv(const Summary &summary)
         return;
     const QByteArray content = SummaryCsv(summary);
     const QString path = PickPath(u"Save the sums as CSV"_s, DocumentName(summary.from, summary.to), u"*.csv"_s);
-    if (!path.isEmpty())
-        Save(path, content);
+    if (!path.isEmpty() && !SaveFile(path, content))
+        TellNotSaved(path);
 }
 
 QString SummaryOutput::PickRowsFile(const QDate &from, const QDate &to)
@@ -78,9 +78,10 @@ QString SummaryOutput::PickRowsFile(const QDate &from, const QDate &to)
     return PickPath(u"Save the time rows as CSV"_s, DocumentName(from, to) + u" rows"_s, u"*.csv"_s);
 }
 
-void SummaryOutput::SaveRows(const QString &path, const QList<RawTimeRow> &rows)
+void SummaryOutput::SaveRows(const QString &path, const QByteArray &content)
 {
-    Save(path, TimeRowsCsv(rows));
+    if (!SaveFile(path, content))
+        TellNotSaved(path);
 }
 
 QString SummaryOutput::DocumentName(const QDate &from, const QDate &to) const
@@ -93,13 +94,6 @@ QString SummaryOutput::PickPath(const QString &title, const QString &name, const
     const QString path =
         prompts_.PickSaveFile(&window_, title, QDir(FolderToSaveIn()).filePath(name + filter.mid(1)), filter);
     return window_.IsLoaded() ? path : QString(); // the session may have ended meanwhile
-}
-
-void SummaryOutput::Save(const QString &path, const QByteArray &content)
-{
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.commit())
-        TellNotSaved(path);
 }
 
 void SummaryOutput::TellNotSaved(const QString &path)

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "reports/Summary.h"
-#include "reports/TimeRows.h"
 
+#include <QByteArray>
 #include <QString>
 
 class Form;
@@ -24,13 +24,12 @@ public:
     void SaveCsv(const Summary &summary);
 
     QString PickRowsFile(const QDate &from, const QDate &to); // for SaveRows; empty when the person cancelled
-    void SaveRows(const QString &path, const QList<RawTimeRow> &rows);
+    void SaveRows(const QString &path, const QByteArray &content);
+    void TellNotSaved(const QString &path); // also of rows that could not be read
 
 private:
     QString DocumentName(const QDate &from, const QDate &to) const;
     QString PickPath(const QString &title, const QString &name, const QString &filter);
-    void Save(const QString &path, const QByteArray &content);
-    void TellNotSaved(const QString &path);
 
     Form &window_;
     Prompts &prompts_;

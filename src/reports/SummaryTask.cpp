@@ -13,7 +13,7 @@
 
 namespace {
 
-// Many times what a read takes to stop, unless the file system hangs or the file is locked.
+// Many times what a read takes to stop, unless the file system hangs.
 constexpr std::chrono::milliseconds longestWait{500};
 
 } // namespace
@@ -100,8 +100,8 @@ std::optional<dao::Error> SummaryTask::Perform(const std::shared_ptr<Run> &run, 
 {
     const Read read = std::exchange(run->read, nullptr); // what it captured goes with this thread
     try {
-        dao::Database timeDb = dao::Database::OpenDatabase(timeDbPath);
-        timeDb.StopWhen({run, &run->stopped});
+        dao::Database timeDb =
+            dao::Database::OpenDatabase(timeDbPath, dao::Database::defaultBusyWait, {run, &run->stopped});
         timeDb.RegisterFunctions([] { return QDateTime(); });
         if (!run->stopped)
             read(timeDb);

@@ -15,14 +15,17 @@ class Database;
 }
 
 // Reads from the time database beside the windows, on a thread and a connection of its own, so that a long sum freezes none.
-// One read at a time: beginning another, or destroying the task, stops the one before at once and drops its result.
+// One read at a time: beginning another, or destroying the task, stops the one before and drops its result. It stops within
+// milliseconds, whether it computes or waits for a lock; only a file system that hangs can't be stopped.
 class SummaryTask : public QObject
 {
     Q_OBJECT
 
 public:
     explicit SummaryTask(const QString &timeDbPath);
-    ~SummaryTask() override; // waits for the thread, but not for a file system that hangs
+    // Waits for the thread. A file system that hangs costs half a second, and the thread is left behind: it ends when the
+    // drive answers, or with the process, which the drive may keep from going until then.
+    ~SummaryTask() override;
 
     using Read = std::function<void(dao::Database &)>;
     using Done = std::function<void(const std::optional<dao::Error> &)>;

@@ -8,8 +8,8 @@ namespace {
 
 constexpr qsizetype jobWidth = 20;
 
-// How many blanks follow a job's id before it is cut. Short ids are told apart by it: a job without an id fills 18 places of
-// the copy and 19 on paper.
+// How many blanks follow a job's id before it is cut: a job without an id fills 18 places of the copy and 19 of the cell for
+// paper. Only the copy shows them: a page leaves out the blanks at the end of a cell.
 constexpr qsizetype blanksInCopy = 18;
 constexpr qsizetype blanksOnPaper = 19;
 

@@ -37,6 +37,14 @@ QStringList Headings(qsizetype columns)
     return headings.mid(headings.size() - std::min(columns, headings.size()));
 }
 
+// Blanks inside a text tell ids apart; those at its end would make its column too wide.
+QString WithoutTrailingBlanks(QString text)
+{
+    while (!text.isEmpty() && text.back().isSpace())
+        text.chop(1);
+    return text;
+}
+
 double BodyTop(const TimesheetLayout &layout)
 {
     return topMargin + static_cast<double>(layout.header.size()) + emptyLine + headingsHeight;
@@ -53,7 +61,7 @@ QStringList Broken(const QString &text, const QFont &font, double width, const Q
     layout.beginLayout();
     for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
         line.setLineWidth(width);
-        lines.append(text.mid(line.textStart(), line.textLength()).trimmed());
+        lines.append(WithoutTrailingBlanks(text.mid(line.textStart(), line.textLength())));
     }
     layout.endLayout();
     return lines.isEmpty() ? QStringList(QString()) : lines;
@@ -66,6 +74,7 @@ QList<Column> Columns(const PrintedTimesheet &timesheet, const QFont &font, cons
     const QFontMetricsF metrics(font, &device);
     const QFontMetricsF boldMetrics(Bold(font), &device);
     const double gap = 2 * metrics.horizontalAdvance(u'n');
+    const double overhang = gap / 8; // lines are also broken for what the last letter reaches beyond its width
     const qsizetype count = timesheet.alignRight.size();
     const QStringList headings = Headings(count);
 
@@ -74,8 +83,10 @@ QList<Column> Columns(const PrintedTimesheet &timesheet, const QFont &font, cons
     for (qsizetype i = 0; i < count - 1; ++i) {
         double width = boldMetrics.horizontalAdvance(headings.value(i));
         for (const QStringList &row : timesheet.rows)
-            width = std::max(width, metrics.horizontalAdvance(row.value(i).trimmed()));
-        columns[i].width = std::max(width, boldMetrics.horizontalAdvance(timesheet.totals.value(i).trimmed()));
+            width = std::max(width, metrics.horizontalAdvance(WithoutTrailingBlanks(row.value(i))));
+        columns[i].width = std::max(width, boldMetrics.horizontalAdvance(timesheet.totals.value(i)));
+        if (!timesheet.alignRight[i])
+            columns[i].width += overhang;
         taken += columns[i].width + gap;
     }
     double missing = device.width() / 4.0 - (device.width() - taken);
@@ -103,7 +114,7 @@ QList<QStringList> Lines(const QStringList &row, const QList<Column> &columns, c
     QList<QStringList> cells;
     qsizetype height = 1;
     for (qsizetype i = 0; i < columns.size(); ++i) {
-        const QString text = row.value(i).simplified();
+        const QString text = WithoutTrailingBlanks(row.value(i));
         cells.append(columns[i].alignment == Qt::AlignRight ? QStringList(text)
                                                             : Broken(text, font, columns[i].width, device));
         height = std::max(height, cells.last().size());
@@ -222,30 +233,27 @@ private:
 
 } // namespace
 
-TimesheetPages::TimesheetPages(PrintedTimesheet timesheet) : timesheet_(std::move(timesheet)) {}
-
-TimesheetLayout TimesheetPages::LayOut(const QPagedPaintDevice &device) const
+TimesheetLayout LayOut(const PrintedTimesheet &timesheet, const QPagedPaintDevice &device)
 {
     TimesheetLayout layout;
     layout.font = QGuiApplication::font();
     layout.font.setPointSizeF(10);
     layout.lineHeight = std::ceil(QFontMetricsF(layout.font, &device).lineSpacing());
-    layout.header = Broken(timesheet_.header.join(u"    "_s), Bold(layout.font), device.width(), device);
-    layout.columns = Columns(timesheet_, layout.font, device);
+    layout.header = Broken(timesheet.header.join(u"    "_s), Bold(layout.font), device.width(), device);
+    layout.columns = Columns(timesheet, layout.font, device);
 
     PageFiller filler(BodyTop(layout), device.height() / layout.lineHeight - footHeight);
-    for (const QStringList &row : timesheet_.rows) {
-        const bool isLast = &row == &timesheet_.rows.last();
+    for (const QStringList &row : timesheet.rows) {
+        const bool isLast = &row == &timesheet.rows.last();
         filler.AddRow(Lines(row, layout.columns, layout.font, device), isLast ? rowGap + totalsGap + 1 : 0);
     }
-    filler.AddTotals(timesheet_.totals);
+    filler.AddTotals(timesheet.totals);
     layout.pages = filler.Pages();
     return layout;
 }
 
-bool TimesheetPages::PaintOn(QPagedPaintDevice &device, const QPageRanges &wanted) const
+bool PaintPages(const TimesheetLayout &layout, QPagedPaintDevice &device, const QPageRanges &wanted)
 {
-    const TimesheetLayout layout = LayOut(device);
     QPainter painter;
     if (!painter.begin(&device))
         return false;

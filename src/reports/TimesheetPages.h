@@ -33,16 +33,8 @@ struct TimesheetLayout
 // Lays a timesheet out on the pages of a printer, a preview or a PDF file: eight empty lines on top, the header on every page,
 // columns that line up, page numbers, and the totals never alone on a page. Descriptions too long for their column go on in
 // the next line of it.
-class TimesheetPages
-{
-public:
-    explicit TimesheetPages(PrintedTimesheet timesheet);
+TimesheetLayout LayOut(const PrintedTimesheet &timesheet, const QPagedPaintDevice &device);
 
-    TimesheetLayout LayOut(const QPagedPaintDevice &device) const;
-
-    // Paints the pages wanted, or all; begins a page with device.newPage() but the first. False when the device refuses a page.
-    bool PaintOn(QPagedPaintDevice &device, const QPageRanges &wanted = {}) const;
-
-private:
-    PrintedTimesheet timesheet_;
-};
+// Paints the pages wanted, or all, on the device that they were laid out for; begins a page with device.newPage() but the
+// first. False when the device refuses a page.
+bool PaintPages(const TimesheetLayout &layout, QPagedPaintDevice &device, const QPageRanges &wanted = {});

@@ -110,47 +110,11 @@ private slots:
             QCOMPARE(form.happened.join(u' '), previewed && consumes ? QString() : pressed);
             const bool typed = focus == u"NoteText"_s && !consumes; // what the preview keeps does not reach the control
             QCOMPARE(form.At(u"NoteText"_s)->Value()->isEmpty(), !typed);
+            form.happened.clear();
+            QKeyEvent held(QEvent::KeyPress, key, Qt::NoModifier, QString(), true);
+            QApplication::sendEvent(form.focusWidget() ? form.focusWidget() : &form, &held);
+            QCOMPARE(form.happened, QStringList());
         }
-    }
-
-    void AccessKeysAndHeldKeys()
-    {
-        RememberingServices services;
-        TestForm form(services);
-        ShowActive(form);
-        form.consumesKeys = true;
-        QTest::keyClick(form.windowHandle(), Qt::Key_O, Qt::AltModifier);
-        QTRY_VERIFY(form.happened.contains(u"ok"_s));
-        QVERIFY(form.keys.isEmpty());
-
-        form.happened.clear();
-        form.consumesKeys = false;
-        form.At(u"Texts(0)"_s)->Widget()->setFocus();
-        QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, u"\r"_s, true);
-        QApplication::sendEvent(form.focusWidget(), &held);
-        QVERIFY(!form.happened.contains(u"ok"_s));
-        form.WidgetAt<QPushButton>(u"OKButton"_s)->setEnabled(false);
-        QTest::keyClick(form.windowHandle(), Qt::Key_Return);
-        QVERIFY(!form.happened.contains(u"ok"_s));
-    }
-
-    void TheColourIsTheSurfaceOnly()
-    {
-        RememberingServices services;
-        TestForm form(services);
-        form.Load();
-        form.show();
-        const auto colours = [&form] { // of a button, a frame, a text box and a grid
-            const QImage image = form.Surface()->grab().toImage();
-            return QList<QColor>{image.pixelColor(480, 15), image.pixelColor(200, 100), image.pixelColor(130, 15),
-                                 image.pixelColor(350, 200)};
-        };
-        const auto before = colours();
-        const QColor green(0, 128, 0);
-        form.SetBackColor(green);
-        QCOMPARE(form.BackColor(), green);
-        QCOMPARE(form.Surface()->grab().toImage().pixelColor(2, 2), green);
-        QCOMPARE(colours(), before);
     }
 };
 

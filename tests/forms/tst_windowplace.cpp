@@ -1,10 +1,51 @@
 #include "forms/TestForm.h"
+#include "platform/forms/Anchors.h"
 
-#include <QSignalSpy>
 #include <QTest>
 #include <QWindow>
 
 using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+// A label moves with the lower edge; of what the window grows in width, a text box and a grid share three fifths and two.
+class AnchoredForm : public TestForm
+{
+public:
+    explicit AnchoredForm(FormServices &services) : TestForm(services)
+    {
+        anchors_.Add({At(u"Labels(0)"_s)->Widget()}, {.y = 1});
+        anchors_.Add({At(u"Texts(0)"_s)->Widget()}, {.width = 0.6});
+        anchors_.Add({At(u"Grid"_s)->Widget()}, {.x = 0.6, .width = 0.4, .height = 1});
+    }
+
+    QList<QRect> Places() const
+    {
+        QList<QRect> places;
+        for (const QString &key : {u"Labels(0)"_s, u"Texts(0)"_s, u"Grid"_s})
+            places.append(At(key)->Widget()->geometry());
+        return places;
+    }
+
+    QList<QRect> stored;
+
+protected:
+    void resizeEvent(QResizeEvent *event) override
+    {
+        TestForm::resizeEvent(event);
+        anchors_.Follow();
+    }
+    void Form_Unload() override
+    {
+        anchors_.PutBack();
+        stored = Places();
+    }
+
+private:
+    Anchors anchors_{*this};
+};
+
+} // namespace
 
 // Each case opens and closes new windows on the same stored numbers.
 class TestWindowPlace : public QObject
@@ -81,31 +122,34 @@ private slots:
         QCOMPARE(*services.stored, expected);
     }
 
-    void AResizedDesignKeepsItsInside()
+    void AnchoredControlsStayWhereAPersonPutThem()
     {
         RememberingServices services;
-        TestForm form(services);
+        AnchoredForm form(services);
+        const QList<QRect> designed = form.Places();
         form.Load();
         form.show();
+        form.resize(form.size() + QSize(90, 90)); // not by a person
         QTRY_VERIFY(form.IsSettled());
-        QCOMPARE(form.size(), QSize(540, 300));
-        form.resize(540, 340);
+        QCOMPARE(form.Places(), designed);
+
+        form.At(u"Grid"_s)->Widget()->move(200, 150);
+        const QList<QRect> moved = form.Places();
+        const QSize size = form.size();
+        for (int step = 1; step <= 101; ++step)
+            form.resize(size + QSize(step, step));
+        QCOMPARE(form.Places(), QList<QRect>({moved[0].translated(0, 101), moved[1].adjusted(0, 0, 61, 0),
+                                              moved[2].adjusted(61, 0, 101, 101)}));
+        form.resize(200, 150); // less than the grid and the text box can take
+        form.resize(size);
+        QCOMPARE(form.Places(), moved);
+
+        form.showMaximized();
+        QTRY_VERIFY(form.width() > size.width());
+        QVERIFY(form.Places()[2].width() > moved[2].width());
+        form.At(u"Labels(0)"_s)->Widget()->move(form.Places()[0].topLeft() + QPoint(5, 0));
         form.Unload();
-
-        TestForm again(services);
-        again.Load();
-        again.show();
-        QTRY_VERIFY(again.IsSettled());
-        QCOMPARE(again.size(), QSize(540, 340));
-    }
-
-    void KeptOnScreen()
-    {
-        const QMap<double, double> kept{{-1, 0}, {0, 0}, {11900, 11900}, {11900.5, 0}};
-        for (const double edge : kept.keys()) {
-            const Geometry window = ::KeptOnScreen({edge, edge, 99999, 99999}, {800, 800});
-            QCOMPARE(window, (Geometry{kept[edge], kept[edge], 99999, 99999}));
-        }
+        QCOMPARE(form.stored, QList<QRect>({moved[0].translated(5, 0), moved[1], moved[2]}));
     }
 
     void TheTitleBarStaysInReach()

@@ -1,8 +1,5 @@
 #include "platform/system/System.h"
-#include "platform/system/TimeSource.h"
 
-#include <QDir>
-#include <QTemporaryDir>
 #include <QTest>
 
 using namespace Qt::Literals::StringLiterals;
@@ -18,28 +15,6 @@ private slots:
             QVERIFY2(System::IsNetworkFileSystem(type), qPrintable(type));
         for (const QString &type : {u""_s, u"ext4"_s, u"NTFS"_s, u"fuse.ntfs-3g"_s, u"fuseblk"_s, u"9p"_s, u"nfsd"_s})
             QVERIFY2(!System::IsNetworkFileSystem(type), qPrintable(type));
-    }
-
-    void KnowsItsFolderAndName()
-    {
-        const QString before = QDir::currentPath();
-        const QTemporaryDir folder;
-        QVERIFY(QDir::setCurrent(folder.path()));
-        const QString current = System().CurrentFolder();
-        QVERIFY(QDir::setCurrent(before));
-        QCOMPARE(QDir(current).canonicalPath(), QDir(folder.path()).canonicalPath());
-        QVERIFY(!current.endsWith(QDir::separator()));
-        QCOMPARE(System().ExecutableName(), u"tst_system"_s);
-    }
-
-    void TimeIsOfTheWallAndOfWholeSeconds()
-    {
-        const QDateTime before = QDateTime::currentDateTime();
-        const QDateTime now = TimeSource().Now();
-        QCOMPARE(now.timeSpec(), Qt::UTC);
-        QCOMPARE(now.time().msec(), 0);
-        const QDateTime local(now.date(), now.time());
-        QVERIFY(std::abs(before.secsTo(local)) < 60);
     }
 };
 

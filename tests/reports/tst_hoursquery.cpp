@@ -10,8 +10,9 @@
 #include <QSemaphore>
 #include <QTest>
 
-#include <atomic>
+#include <chrono>
 #include <map>
+#include <memory>
 #include <tuple>
 
 using namespace Qt::Literals::StringLiterals;
@@ -19,6 +20,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 const QString file = u"Blank.mdb"_s;
+const QString endless = u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n) SELECT max(i) FROM n"_s;
 
 const std::map<Rounding, qint64> units{
     {Rounding::Quarters, 900}, {Rounding::HalfHours, 1800}, {Rounding::WholeHours, 3600}};
@@ -154,7 +156,8 @@ private slots:
         Store();
         SummaryTask task(folder_->File(file));
         bool staleDone = false;
-        task.Begin(Endless(std::make_shared<TaskState>()), [&](const auto &) { staleDone = true; });
+        task.Begin([](dao::Database &timeDb) { timeDb.Select(endless, {}, {}); },
+                   [&](const auto &) { staleDone = true; });
         const auto summary = std::make_shared<Summary>();
         std::optional<dao::Error> error;
         task.Begin(
@@ -175,48 +178,37 @@ private slots:
 
     void DestroyingATaskStopsIt()
     {
-        for (const bool hangs : {false, true}) { // not in the engine, which could be told to stop
-            const auto state = std::make_shared<TaskState>();
+        struct Sync
+        {
+            QSemaphore begun;
+            QSemaphore goOn;
+        };
+        const QString locked = u"SELECT count(*) FROM Stemp"_s;
+        for (const auto &[sql, hangs] : {std::pair(endless, false), {locked, false}, {locked, true}}) {
+            const auto sync = std::make_shared<Sync>(); // the thread has it until it has closed its connection
             {
                 SummaryTask task(folder_->File(file));
-                task.Begin(hangs ? [state](dao::Database &) { state->Hang(); } : Endless(state),
-                           [](const auto &) { QFAIL("a result of a task that is gone"); });
-                QVERIFY(state->begun.tryAcquire(1, 30'000));
+                task.Begin(
+                    [sync, sql = sql](dao::Database &timeDb) {
+                        timeDb.SetBusyWait(std::chrono::hours(1));
+                        sync->begun.release();
+                        sync->goOn.acquire();
+                        timeDb.Select(sql, {}, {});
+                    },
+                    [](const auto &) { QFAIL("a result of a task that is gone"); });
+                sync->begun.acquire();
+                timeDb_.Execute(u"BEGIN EXCLUSIVE"_s, {}, {});
+                if (!hangs) // else it does so outside of the engine, which could be told to stop
+                    sync->goOn.release();
             }
-            QCOMPARE(bool(state->ended), !hangs);
-            state->goOn.release();
-            QTRY_VERIFY(state->ended);
+            if (hangs)
+                sync->goOn.release();
+            QTRY_COMPARE(sync.use_count(), 1);
+            timeDb_.Execute(u"ROLLBACK"_s, {}, {});
         }
     }
 
 private:
-    struct TaskState
-    {
-        QSemaphore begun;
-        QSemaphore goOn;
-        std::atomic<bool> ended = false;
-
-        void Hang()
-        {
-            begun.release();
-            goOn.acquire();
-            ended = true;
-        }
-    };
-
-    static SummaryTask::Read Endless(const std::shared_ptr<TaskState> &state)
-    {
-        return [state](dao::Database &timeDb) {
-            state->begun.release();
-            try {
-                timeDb.Select(u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n) SELECT max(i) FROM n"_s,
-                              {}, u"counting forever"_s);
-            } catch (const dao::Error &) {
-                state->ended = true;
-            }
-        };
-    }
-
     // `in` in seconds of the day; an open row lasts nothing.
     void AddRow(const QString &job, const QDate &day, qint64 in, std::optional<qint64> lasts)
     {

@@ -268,6 +268,30 @@ private slots:
         summing.form.reset();
     }
 
+    void DropsNoFileThatWasNamed()
+    {
+        Summing summing;
+        QVERIFY(summing.opened);
+        summing.prompts.file = summing.folder.File(u"rows.csv"_s);
+        {
+            dao::Database other = dao::Database::OpenDatabase(summing.folder.File(timeFile));
+            other.Execute(u"BEGIN EXCLUSIVE"_s, {}, u"holding the file"_s);
+            summing.Choose("mnuSaveRows");
+            QVERIFY(!summing.form->close());
+            QVERIFY(summing.form->IsLoaded() && summing.Shows("SavingLabel"));
+        }
+        QTRY_VERIFY_WITH_TIMEOUT(Content(summing.prompts.file).contains("A1,Job A1,2026-03-02T08:00:00,"), 30000);
+        QTRY_VERIFY(!summing.Shows("SavingLabel"));
+
+        QFile damaged(summing.folder.File(timeFile));
+        QVERIFY(damaged.open(QIODevice::WriteOnly) && damaged.write(QByteArray(5000, 'x')) && damaged.flush());
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"ANNA\\.mdb"_s));
+        summing.Choose("mnuSaveRows");
+        QTRY_COMPARE(summing.prompts.messages.size(), 3); // two pickers, the failure
+        QVERIFY(summing.prompts.messages.last().contains(u"rows.csv"_s) && !summing.Shows("ErrorLabel"));
+        QVERIFY(summing.form->close());
+    }
+
     void EndsWithTheSession()
     {
         const ProgramFolder folder;
@@ -277,7 +301,9 @@ private slots:
         copy.prompts.whileAsking = [&] { copy.main.EndSession(); };
         WhenShown window(u"RepGen"_s, [](QWidget &form) { form.findChild<QAction *>(u"mnuSaveRows"_s)->trigger(); });
         copy.Find<QAction>(u"mnuSummary"_s)->trigger();
-        QVERIFY(window.done && copy.main.HasEnded() && !folder.Has(u"rows.csv"_s));
+        QVERIFY(window.done);
+        QVERIFY(copy.main.HasEnded());
+        QVERIFY(!folder.Has(u"rows.csv"_s));
     }
 };
 

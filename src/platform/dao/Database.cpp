@@ -21,6 +21,7 @@
 #include <atomic>
 #include <map>
 #include <optional>
+#include <thread>
 #include <utility>
 
 using namespace Qt::Literals::StringLiterals;
@@ -92,13 +93,27 @@ struct Database::Connection
     QSqlDatabase session;
     sqlite3 *handle = nullptr;
     std::map<QString, QSqlQuery> changes; // prepared
-    std::shared_ptr<const std::atomic<bool>> stop;
+    std::chrono::milliseconds busyWait{};
+    StopFlag stop; // none: the library waits for locks by itself
+    std::chrono::steady_clock::time_point waitBegun;
 
     ~Connection()
     {
         changes.clear();
         session = QSqlDatabase(); // the driver refuses to go while a copy is about
         QSqlDatabase::removeDatabase(name);
+    }
+
+    bool WaitsOn(int waited) // how many times for the same lock
+    {
+        constexpr std::chrono::milliseconds step{5};
+        const auto now = std::chrono::steady_clock::now();
+        if (waited == 0)
+            waitBegun = now;
+        if (*stop || now - waitBegun >= busyWait)
+            return false;
+        std::this_thread::sleep_for(step);
+        return true;
     }
 };
 
@@ -117,6 +132,7 @@ Database Database::Connect(const QString &path, std::chrono::milliseconds busyWa
     database.connection_ = std::make_unique<Connection>();
     Connection &connection = *database.connection_;
     connection.path = path;
+    connection.busyWait = busyWait;
     connection.name = u"dao-%1"_s.arg(++count);
     connection.session = QSqlDatabase::addDatabase(u"QSQLITE"_s, connection.name);
     connection.session.setDatabaseName(Uri(path));
@@ -153,11 +169,13 @@ void Database::SetUp()
                     u"journal mode is %1, synchronous is %2"_s.arg(mode).arg(synchronous));
 }
 
-Database Database::OpenDatabase(const QString &path, std::chrono::milliseconds busyWait)
+Database Database::OpenDatabase(const QString &path, std::chrono::milliseconds busyWait, const StopFlag &stop)
 {
     if (!QFileInfo(path).isFile())
         throw Error(ErrorKind::CannotOpen, u"opening a database"_s, path, u"no such file"_s);
     Database database = Connect(path, busyWait);
+    if (stop)
+        database.StopWhen(stop);
     database.SetUp();
     return database;
 }
@@ -179,18 +197,24 @@ void Database::Close()
 
 void Database::SetBusyWait(std::chrono::milliseconds wait)
 {
-    sqlite3_busy_timeout(Connected(u"setting the busy wait"_s).handle, static_cast<int>(wait.count()));
+    Connection &connection = Connected(u"setting the busy wait"_s);
+    connection.busyWait = wait;
+    if (!connection.stop)
+        sqlite3_busy_timeout(connection.handle, static_cast<int>(wait.count()));
 }
 
-void Database::StopWhen(std::shared_ptr<const std::atomic<bool>> stop)
+void Database::StopWhen(const StopFlag &stop)
 {
     constexpr int stepsBetweenLooks = 1000; // some microseconds
     Connection &connection = Connected(u"setting what stops a statement"_s);
-    connection.stop = std::move(stop);
+    connection.stop = stop;
     sqlite3_progress_handler(
         connection.handle, stepsBetweenLooks,
-        [](void *flag) { return static_cast<const std::atomic<bool> *>(flag)->load() ? 1 : 0; },
-        const_cast<std::atomic<bool> *>(connection.stop.get()));
+        [](void *stopped) { return static_cast<const Connection *>(stopped)->stop->load() ? 1 : 0; }, &connection);
+    sqlite3_busy_handler(
+        connection.handle,
+        [](void *waiting, int waited) { return static_cast<Connection *>(waiting)->WaitsOn(waited) ? 1 : 0; },
+        &connection); // instead of the library's wait
 }
 
 Database::Connection &Database::Connected(const QString &purpose) const

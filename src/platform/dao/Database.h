@@ -40,11 +40,15 @@ class Database
 {
 public:
     static constexpr std::chrono::milliseconds defaultBusyWait{2000};
+    using StopFlag = std::shared_ptr<const std::atomic<bool>>;
 
     // Opens an existing file, with rollback journal DELETE and synchronous FULL: fit for a file that several machines share.
     // Never creates a file. One that is no database gives ErrorKind::Corrupt; one that keeps a write-ahead log, as other
-    // programs' files may, ErrorKind::Other, and stays as it is.
-    static Database OpenDatabase(const QString &path, std::chrono::milliseconds busyWait = defaultBusyWait);
+    // programs' files may, ErrorKind::Other, and stays as it is. Opening and every statement fail soon after another thread has
+    // set `stop`: while they wait for a lock, with ErrorKind::Busy, else with Other. What waits for the file system can't be
+    // stopped.
+    static Database OpenDatabase(const QString &path, std::chrono::milliseconds busyWait = defaultBusyWait,
+                                 const StopFlag &stop = {});
     // Opens a file for this process alone, until it is closed or the process ends in whatever way: the per-login file. Tells
     // how that failed instead of throwing. The file must have all of `requiredTables`.
     static Held OpenHeld(const QString &path, const QStringList &requiredTables);
@@ -58,9 +62,6 @@ public:
     QString Path() const;
     void Close(); // closed already: nothing
     void SetBusyWait(std::chrono::milliseconds wait);
-    // From now on a statement fails soon after another thread has set `stop`, with ErrorKind::Other; it does not while it waits
-    // for a lock or for the file system.
-    void StopWhen(std::shared_ptr<const std::atomic<bool>> stop);
 
     // Runs a statement without a result; the number of rows it changed. Placeholders are "?". `purpose` says for the log
     // what the statement is for.
@@ -94,6 +95,7 @@ private:
     };
 
     static Database Connect(const QString &path, std::chrono::milliseconds busyWait);
+    void StopWhen(const StopFlag &stop);
     void SetUp();
     void Run(QSqlQuery &query, const QString &sql, const QVariantList &values, const QString &purpose);
     Change RunChange(const QString &sql, const QVariantList &values, const QString &purpose);

@@ -20,11 +20,21 @@ constexpr int leastColumn = 6;
 constexpr int mostMarks = 5;
 constexpr qsizetype mostDescribed = 30;
 
-// At most two decimals, halves of a hundredth away from zero.
+// Halves of a hundredth away from zero.
 QString ValueText(double value)
 {
     const double hundredths = std::round(std::round(value * 1e6) / 1e4);
-    return QString::number(hundredths / 100 + 0.0, 'f', QLocale::FloatingPointShortest); // never -0
+    return QLocale().toString(hundredths / 100 + 0.0, 'f', 2); // never -0
+}
+
+QString MarkText(double hours)
+{
+    return QLocale().toString(hours, 'f', QLocale::FloatingPointShortest);
+}
+
+QString LastMarkText(double hours)
+{
+    return MarkText(hours) + u" h"_s;
 }
 
 double StepOfMarks(double most, int marks)
@@ -102,6 +112,7 @@ struct ChartWidget::Plan
         return layout == Layout::Rows ? QRect(area.left(), plot.top() + at * pitch, area.width(), pitch)
                                       : QRect(plot.left() + at * pitch, area.top(), pitch, area.height());
     }
+    int Marks() const { return qRound(last / step); }
     void SetScale(double most, int marks)
     {
         step = StepOfMarks(most, std::clamp(marks, 1, mostMarks));
@@ -168,12 +179,21 @@ ChartWidget::Plan ChartWidget::RowsPlan() const
     for (const Bar &bar : bars_.first(plan.shown)) {
         labels = std::max(labels, metrics.horizontalAdvance(bar.label));
         values = std::max(values, metrics.horizontalAdvance(ValueText(bar.value)));
-        most = std::max(most, bar.value);
+        if (!bar.isRest)
+            most = std::max(most, bar.value);
     }
     const int left = std::min(labels + 1, area.width() * 2 / 5) + gap;
     plan.pitch = std::min((area.height() - metrics.height() - gap) / plan.shown, 2 * metrics.height());
     plan.plot = {area.left() + left, area.top(), area.width() - left - gap - values, plan.pitch * plan.shown};
-    plan.SetScale(most, plan.plot.width() / (2 * metrics.horizontalAdvance(ValueText(most) + u" h"_s)));
+    const auto fits = [&] {
+        const int text = std::max(metrics.horizontalAdvance(MarkText(plan.step)),
+                                  metrics.horizontalAdvance(LastMarkText(plan.last)));
+        return plan.Marks() * (text + 3 * gap) <= plan.plot.width();
+    };
+    int marks = mostMarks;
+    do
+        plan.SetScale(most, marks);
+    while (!fits() && --marks > 0);
     return plan;
 }
 
@@ -196,7 +216,7 @@ ChartWidget::Plan ChartWidget::ColumnsPlan() const
         most = std::max(most, bar.value);
     }
     plan.SetScale(most, area.height() / (2 * line));
-    area.setLeft(area.left() + metrics.horizontalAdvance(ValueText(plan.last) + u" h"_s) + gap);
+    area.setLeft(area.left() + metrics.horizontalAdvance(LastMarkText(plan.last)) + gap);
     plan.shown = std::min(plan.shown, std::max(area.width(), 1));
     plan.pitch = std::clamp(area.width() / plan.shown, 1, 4 * line);
     plan.plot = {area.left(), area.top(), plan.pitch * plan.shown, area.height()};
@@ -235,9 +255,9 @@ void ChartWidget::paintEvent(QPaintEvent *)
 void ChartWidget::PaintScale(QPainter &painter, const Plan &plan) const
 {
     const QFontMetrics metrics = fontMetrics();
-    const int marks = qRound(plan.last / plan.step);
+    const int marks = plan.Marks();
     for (int i = 0; i <= marks; ++i) {
-        const QString text = ValueText(i * plan.step) + (i == marks ? u" h"_s : QString());
+        const QString text = i == marks ? LastMarkText(plan.last) : MarkText(i * plan.step);
         const int along = plan.Along(i * plan.step);
         const QColor line = i == 0 ? ScaleTextColor(palette()) : LineColor(palette());
         painter.setPen(ScaleTextColor(palette()));
@@ -260,7 +280,7 @@ void ChartWidget::PaintRow(QPainter &painter, const Plan &plan, int at) const
 {
     const Bar &bar = bars_.at(at);
     const QRect band = plan.Band(at, Area());
-    const QRect drawn = plan.BarRect(at, bar.value);
+    const QRect drawn = plan.BarRect(at, bar.isRest ? 0 : bar.value);
     painter.fillRect(drawn, BarColor(palette()));
 
     const int labels = plan.plot.left() - gap - band.left();

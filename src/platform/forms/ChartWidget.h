@@ -23,6 +23,7 @@ public:
         QString label;
         QString tip;
         double value = 0;
+        bool isRest = false; // of rows: all that had no room, told by its value only, as its bar would dwarf the others
     };
     enum class Layout {
         Rows,   // bars lie under one another, labels on the left: for names

@@ -30,6 +30,8 @@ namespace {
 constexpr QPalette::ColorRole surfaceRole = QPalette::ToolTipBase;
 constexpr QPalette::ColorRole surfaceTextRole = QPalette::ToolTipText;
 
+constexpr const char *madeAtRunTime = "MadeAtRunTime"; // a property of the widget
+
 constexpr QMargins usualFrame(8, 31, 8, 8); // of a window whose frame is not known yet
 
 Geometry DesignOf(const QWidget &form)
@@ -83,6 +85,8 @@ void Form::ShowModal(QWidget *owner)
     setWindowModality(ownerWindow ? Qt::WindowModal : Qt::ApplicationModal);
     if (!parentWidget()) {
         winId(); // makes the window that the owner is set of
+        // Only of a dialog do all systems know the owner: that it lies above it, and blocks it alone.
+        windowHandle()->setFlags((windowFlags() & ~Qt::WindowType_Mask) | Qt::Dialog);
         windowHandle()->setTransientParent(ownerWindow ? ownerWindow->windowHandle() : nullptr);
     }
     show();
@@ -103,6 +107,42 @@ Control *Form::ControlOf(const QWidget &widget) const
     const auto found = std::find_if(controls_.begin(), controls_.end(),
                                     [&widget](const auto &control) { return control->Widget() == &widget; });
     return found == controls_.end() ? nullptr : found->get();
+}
+
+const Control *Form::ActiveControl() const
+{
+    const QWidget *popup = QApplication::activePopupWidget();
+    const QWidget *active = IsOwnPopup(popup) ? popup : focusWidget();
+    for (; active && active != this; active = active->parentWidget()) {
+        if (const auto *menu = qobject_cast<const QMenu *>(active)) {
+            if (const Control *entry = MenuOf(menu->activeAction() ? menu->activeAction() : menu->menuAction()))
+                return entry;
+        } else if (const auto *bar = qobject_cast<const QMenuBar *>(active)) {
+            return MenuOf(bar->activeAction());
+        } else if (const Control *control = ControlOf(*active)) {
+            return control;
+        }
+    }
+    return nullptr;
+}
+
+// A menu, a drop-down list or a calendar of this form.
+bool Form::IsOwnPopup(const QWidget *popup) const
+{
+    const QWidget *owner = popup;
+    while (owner && (owner == popup || owner->windowType() == Qt::Popup || !owner->isWindow()))
+        owner = owner->parentWidget();
+    return owner == this;
+}
+
+const Control *Form::MenuOf(const QAction *action) const
+{
+    for (const auto &control : controls_) {
+        const auto *menu = dynamic_cast<const MenuControl *>(control.get());
+        if (action && menu && &menu->Action() == action)
+            return menu;
+    }
+    return nullptr;
 }
 
 Control *Form::CreateMember(const QString &arrayName, int index)
@@ -126,6 +166,7 @@ Control *Form::CreateMember(const QString &arrayName, int index)
     widget->setObjectName(u"%1_%2"_s.arg(arrayName).arg(index));
     widget->setProperty("Index", index);
     widget->setProperty("ControlType", pattern->TypeName());
+    widget->setProperty(madeAtRunTime, true);
     RegisterControl(MakeControl(*widget));
     MemberCreated(*controls_.back());
     return controls_.back().get();
@@ -158,29 +199,73 @@ Geometry Form::StoredGeometry() const
     return place_->Stored();
 }
 
+QSize Form::NormalSize() const
+{
+    return place_->NormalSize();
+}
+
 bool Form::IsSettled() const
 {
     return place_->IsSettled();
 }
 
+void Form::ShowShippedLayout()
+{
+    for (const auto &control : controls_)
+        if (IsShipped(*control) && control->Place())
+            control->SetPlace(control->Design().geometry);
+    SetStoredGeometry(designGeometry_);
+    if (loaded_ && IsNormal())
+        Form_Resize();
+}
+
+bool Form::IsShipped(const Control &control) const
+{
+    return !control.Widget() || !control.Widget()->property(madeAtRunTime).toBool();
+}
+
 void Form::SetBackColor(const QColor &color)
+{
+    if (savedBackColor_)
+        savedBackColor_ = color;
+    else
+        ShowBackColor(color);
+}
+
+void Form::CoverBackColor(const QColor &color)
+{
+    if (!savedBackColor_)
+        savedBackColor_ = Surface()->autoFillBackground() ? BackColor() : QColor();
+    ShowBackColor(color);
+}
+
+void Form::UncoverBackColor()
+{
+    if (savedBackColor_)
+        ShowBackColor(*std::exchange(savedBackColor_, std::nullopt));
+}
+
+void Form::ShowBackColor(const QColor &color)
 {
     if (color == BackColor())
         return;
     QWidget *surface = Surface();
-    QPalette colors = surface->palette();
-    const bool isDark = qGray(color.rgb()) < 128;
-    colors.setColor(surfaceRole, color);
-    colors.setColor(surfaceTextRole, isDark ? QColor(Qt::white) : colors.color(QPalette::WindowText));
-    surface->setPalette(colors);
-    surface->setBackgroundRole(surfaceRole);
-    surface->setAutoFillBackground(true);
+    const bool isOwn = color.isValid();
+    if (isOwn) {
+        QPalette colors = surface->palette();
+        const bool isDark = qGray(color.rgb()) < 128;
+        colors.setColor(surfaceRole, color);
+        colors.setColor(surfaceTextRole, isDark ? QColor(Qt::white) : colors.color(QPalette::WindowText));
+        surface->setPalette(colors);
+    }
+    surface->setBackgroundRole(isOwn ? surfaceRole : QPalette::NoRole);
+    surface->setAutoFillBackground(isOwn);
     for (const auto &control : controls_) {
         QWidget *widget = control->Widget();
         const bool onSurface = widget && widget->parentWidget() == surface;
         if (onSurface && (IsFrame(*widget) || qobject_cast<QTabWidget *>(widget))) {
-            widget->setBackgroundRole(QPalette::Window);
-            widget->setAutoFillBackground(true);
+            widget->setBackgroundRole(isOwn ? QPalette::Window : QPalette::NoRole);
+            widget->setAutoFillBackground(isOwn);
         }
     }
 }
@@ -259,32 +344,50 @@ void Form::SaveTexts()
 
 bool Form::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() == QEvent::KeyPress) {
-        QWidget *focus = focusWidget();
-        if (watched == (focus ? focus : this)) {
-            auto &key = static_cast<QKeyEvent &>(*event);
-            const bool consumed = !BelongsToControl(key, focus) && Form_KeyDown(key);
-            return consumed || dialogKeys_.Press(key, focus);
-        }
-    } else if (event->type() == QEvent::ToolTip) {
+    switch (event->type()) {
+    case QEvent::KeyPress:
+        if (SeeKey(*watched, static_cast<QKeyEvent &>(*event)))
+            return true;
+        break;
+    case QEvent::MouseButtonPress:
+        if (watched == Surface())
+            services_.FormMouseDown(*this, static_cast<const QMouseEvent &>(*event));
+        break;
+    case QEvent::MouseMove:
+        if (watched == Surface())
+            services_.FormMouseMove(*this, static_cast<const QMouseEvent &>(*event));
+        break;
+    case QEvent::ToolTip:
         if (auto *bar = qobject_cast<QMenuBar *>(watched); bar && bar->parent() == this) {
-            const auto &help = static_cast<const QHelpEvent &>(*event);
-            ShowMenuTip(*bar, help);
+            ShowMenuTip(*bar, static_cast<const QHelpEvent &>(*event));
             return true;
         }
+        break;
+    default:
+        break;
     }
     return QMainWindow::eventFilter(watched, event);
+}
+
+// True: the key is not for the receiver.
+bool Form::SeeKey(QObject &receiver, QKeyEvent &key)
+{
+    if (QWidget *popup = QApplication::activePopupWidget(); IsOwnPopup(popup)) { // which keeps its keys but for help
+        const QWidget *inPopup = popup->focusWidget() ? popup->focusWidget() : popup;
+        return &receiver == inPopup && key.key() == Qt::Key_F1 && services_.FormKeyDown(*this, key);
+    }
+    QWidget *focus = focusWidget();
+    if (&receiver != (focus ? focus : this))
+        return false;
+    const bool consumed = !BelongsToControl(key, focus) && (services_.FormKeyDown(*this, key) || Form_KeyDown(key));
+    return consumed || dialogKeys_.Press(key, focus);
 }
 
 // A menu bar shows no tips of its own.
 void Form::ShowMenuTip(QMenuBar &bar, const QHelpEvent &help)
 {
-    const QAction *action = bar.actionAt(help.pos());
-    for (const auto &control : controls_) {
-        const auto *menu = dynamic_cast<const MenuControl *>(control.get());
-        if (action && menu && &menu->Action() == action)
-            QToolTip::showText(help.globalPos(), AsPlainToolTip(menu->ToolTip()), &bar);
-    }
+    if (const Control *menu = MenuOf(bar.actionAt(help.pos())))
+        QToolTip::showText(help.globalPos(), AsPlainToolTip(menu->ToolTip()), &bar);
 }
 
 bool Form::event(QEvent *event)

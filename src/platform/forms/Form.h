@@ -44,6 +44,8 @@ public:
     const std::vector<std::unique_ptr<Control>> &Controls() const { return controls_; }
     Control *ControlAt(int position) const { return controls_.at(static_cast<std::size_t>(position)).get(); }
     Control *ControlOf(const QWidget &widget) const; // nothing for a widget that is none
+    // The one that has the keys: that with the focus, that whose list or calendar is open, or the menu entry that is chosen.
+    const Control *ActiveControl() const;
     // Makes member `index` of the control array `arrayName` after the pattern of its first designed member, invisible, and tells
     // MemberCreated. The member itself if it is there already; nothing when the form has no such array.
     Control *CreateMember(const QString &arrayName, int index);
@@ -54,14 +56,26 @@ public:
     // a person; kept for the normal window state, also while minimised.
     void SetStoredGeometry(const Geometry &twips);
     Geometry StoredGeometry() const;
-    bool IsSettled() const; // half a second after it was shown: from then on a change of place or size is a person's
+    QSize NormalSize() const; // of the inside, in the state that StoredGeometry is kept for
+    bool IsSettled() const;   // half a second after it was shown: from then on a change of place or size is a person's
     Geometry DesignGeometry() const { return designGeometry_; } // amid the screen, unless moved before RegisterControls
     const QString &DesignCaption() const { return designCaption_; }
     const QString &DesignHelp() const { return designHelp_; }
 
+    // Puts every control that the design has, and the window, to the place and size of the design. What the controls hold stays.
+    void ShowShippedLayout();
+    bool IsShipped(const Control &control) const; // false for a member made at run time
+
     // Colours the surface alone: frames, buttons and boxes on it keep their own colours.
     void SetBackColor(const QColor &color);
     QColor BackColor() const;
+    // Shows another colour meanwhile. A colour that is set in the meantime is shown when it is over.
+    void CoverBackColor(const QColor &color);
+    void UncoverBackColor();
+
+    virtual bool CanBeDragged() const { return true; } // by its surface
+    // Shows anew the captions that the program writes at run time ("RunTimeTexts" in the design): people's edits are to go.
+    virtual void ShowRunTimeTexts() {}
 
     int FormValue = 0; // the "Value" of the form's own row
 
@@ -102,7 +116,11 @@ protected:
 private:
     void RegisterWidgetsIn(const QWidget &container);
     void RegisterMenus(const QList<QAction *> &actions);
+    bool SeeKey(QObject &receiver, QKeyEvent &key);
+    bool IsOwnPopup(const QWidget *popup) const;
+    const Control *MenuOf(const QAction *action) const;
     void ShowMenuTip(QMenuBar &bar, const QHelpEvent &help);
+    void ShowBackColor(const QColor &color); // an invalid one: that of any window
     bool IsNormal() const;
 
     QString name_;
@@ -113,6 +131,7 @@ private:
     QString designCaption_;
     QString designHelp_;
     Geometry designGeometry_;
+    std::optional<QColor> savedBackColor_; // while another colour covers it; invalid when the form has none of its own
     DialogKeys dialogKeys_;
     std::unique_ptr<WindowPlace> place_;
     QEventLoop *modalLoop_ = nullptr;

@@ -71,7 +71,17 @@ void WindowPlace::SetStored(const Geometry &twips)
 
 Geometry WindowPlace::Stored() const
 {
-    return StoredAt(IsNormal() ? window_.geometry() : seen_);
+    return StoredAt(NormalPlace());
+}
+
+QSize WindowPlace::NormalSize() const
+{
+    return NormalPlace().size();
+}
+
+QRect WindowPlace::NormalPlace() const
+{
+    return IsNormal() ? window_.geometry() : seen_;
 }
 
 Geometry WindowPlace::StoredAt(const QRect &inner) const

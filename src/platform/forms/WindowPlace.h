@@ -22,12 +22,14 @@ public:
     void SetDesign(const Geometry &outerTwips, QSize innerPixels);
     void SetStored(const Geometry &twips); // moves and resizes the window
     Geometry Stored() const;
+    QSize NormalSize() const; // of the inside, that Stored() stands for once it is settled
     bool IsSettled() const { return baseline_.has_value(); } // since it was last shown or set
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     Geometry StoredAt(const QRect &inner) const;
+    QRect NormalPlace() const;
     bool IsNormal() const;
     void Apply();
     void ResizeInside();

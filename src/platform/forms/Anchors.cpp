@@ -1,0 +1,51 @@
+#include "platform/forms/Anchors.h"
+
+#include "platform/forms/Form.h"
+
+namespace {
+
+// A function of the two sizes alone. Shares that are one together leave no pixel between two controls.
+int Growth(int from, int to, double share)
+{
+    return qRound(to * share) - qRound(from * share);
+}
+
+} // namespace
+
+Anchors::Anchors(Form &form) : form_(form) {}
+
+void Anchors::Add(std::initializer_list<QWidget *> controls, const Share &share)
+{
+    for (QWidget *control : controls)
+        anchors_.push_back({control, share, {}, {}});
+}
+
+void Anchors::Follow()
+{
+    if (form_.IsSettled())
+        FitTo(form_.size());
+    else
+        fitted_ = form_.size();
+}
+
+void Anchors::PutBack()
+{
+    if (form_.IsSettled())
+        FitTo(form_.NormalSize());
+}
+
+void Anchors::FitTo(QSize size)
+{
+    const auto wider = [&](double share) { return Growth(fitted_.width(), size.width(), share); };
+    const auto higher = [&](double share) { return Growth(fitted_.height(), size.height(), share); };
+    for (Anchor &anchor : anchors_) {
+        const Share &share = anchor.share;
+        if (anchor.control->geometry() != anchor.taken) // somebody moved it
+            anchor.wanted = anchor.control->geometry();
+        anchor.wanted.adjust(wider(share.x), higher(share.y), wider(share.x + share.width),
+                             higher(share.y + share.height));
+        anchor.control->setGeometry(anchor.wanted);
+        anchor.taken = anchor.control->geometry();
+    }
+    fitted_ = size;
+}

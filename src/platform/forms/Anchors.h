@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QRect>
+
+#include <initializer_list>
+#include <vector>
+
+class Form;
+class QWidget;
+
+// Lets controls move and grow with their window, each by its share of what the window grew: wherever a person put them, they
+// stay there. Shrinking undoes growing to the pixel, and so no place that is stored ever drifts.
+class Anchors
+{
+public:
+    // Of the growth in width what `x` and `width` take, of that in height what `y` and `height` take.
+    struct Share
+    {
+        double x = 0;
+        double y = 0;
+        double width = 0;
+        double height = 0;
+    };
+
+    explicit Anchors(Form &form); // outlives this
+    void Add(std::initializer_list<QWidget *> controls, const Share &share);
+
+    // To be called whenever the window was resized, in every state. A window that is not settled moves nothing: the controls
+    // stand where they were stored for its size.
+    void Follow();
+    // To be called before the texts are saved, for the places are stored together with the size in the normal state.
+    void PutBack();
+
+private:
+    struct Anchor
+    {
+        QWidget *control;
+        Share share;
+        QRect wanted; // what is exact: a control takes no size below its least one
+        QRect taken;  // what became of it
+    };
+
+    void FitTo(QSize size);
+
+    Form &form_;
+    std::vector<Anchor> anchors_;
+    QSize fitted_; // the window's size that the controls stand for
+};
