@@ -802,6 +802,18 @@ Ctrl+E lader dig ændre ethvert vindue: det bliver lysegråt, og et klik på et 
         <translation>Lægger sammen ...</translation>
     </message>
     <message>
+        <source>The time rows are being saved</source>
+        <translation>Tidsrækkerne er ved at blive gemt</translation>
+    </message>
+    <message>
+        <source>Shown while the time rows that you save as a file take longer than a moment. The window stays open until the file is written. Your time rows are only read.</source>
+        <translation>Vises, når det tager mere end et øjeblik at gemme tidsrækkerne som en fil. Vinduet bliver åbent, indtil filen er skrevet. Dine tidsrækker læses kun.</translation>
+    </message>
+    <message>
+        <source>Saving ...</source>
+        <translation>Gemmer ...</translation>
+    </message>
+    <message>
         <source>Nothing was found between the two dates</source>
         <translation>Intet blev fundet mellem de to datoer</translation>
     </message>

@@ -4,6 +4,7 @@
 #include "platform/forms/Form.h"
 #include "platform/forms/Prompts.h"
 #include "texts/ControlIndex.h"
+#include "texts/Help.h"
 #include "texts/TextApply.h"
 #include "texts/TextRow.h"
 
@@ -67,6 +68,7 @@ void Common::LoadProperties(Form &form)
 
 void Common::SaveProperties(Form &form)
 {
+    LeaveEditMode(form); // what is saved are the form's own colour and visibility
     auto opened = recordsets_.extract(&form);
     if (!opened || !Confirm(form, saveQuestion))
         return;
@@ -80,6 +82,12 @@ void Common::SaveProperties(Form &form)
     } catch (const dao::Error &error) {
         qCWarning(log).noquote() << form.Name() << error.Text();
     }
+}
+
+dao::Recordset *Common::RowsOf(const Form &form)
+{
+    const auto opened = recordsets_.find(&form);
+    return opened == recordsets_.end() ? nullptr : &opened->second.rows;
 }
 
 int Common::FindControlIndex(const Form &form, const QString &key)

@@ -114,6 +114,15 @@ void DropStored(TextRow &row, const dao::Recordset &table)
 
 } // namespace
 
+QList<TextRow> TextRows::Designed(const Form &form)
+{
+    QList<TextRow> rows{DesignRow(form)};
+    for (const std::unique_ptr<Control> &control : form.Controls())
+        if (form.IsShipped(*control))
+            rows.append(DesignRow(form, *control));
+    return rows;
+}
+
 QList<TextRow> TextRows::Missing(const Form &form, dao::Recordset &table)
 {
     QSet<QString> present;

@@ -23,6 +23,9 @@ namespace TextRows {
 // The key of the form's own row.
 inline constexpr QLatin1String me("Me");
 
+// A row for the form and for each control of its design, as it was shipped.
+QList<TextRow> Designed(const Form &form);
+
 // The rows that the table lacks, as the form was designed: texts in both languages, tips and help, geometry, tag, value.
 QList<TextRow> Missing(const Form &form, dao::Recordset &table);
 

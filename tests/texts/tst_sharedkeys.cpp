@@ -1,0 +1,291 @@
+#include "forms/TestForm.h"
+#include "platform/dao/Database.h"
+#include "support/AnsweredPrompts.h"
+#include "support/ProgramFolder.h"
+#include "texts/Common.h"
+#include "texts/GenEdit.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+#include <QWindow>
+
+#include <optional>
+#include <tuple>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+const QColor lightGrey(224, 224, 224);
+const QColor red(192, 0, 0);
+
+} // namespace
+
+// What keys and the mouse do in every window.
+class TestSharedKeys : public QObject
+{
+    Q_OBJECT
+
+private:
+    std::optional<ProgramFolder> folder_;
+    dao::Database db_;
+    AnsweredPrompts prompts_;
+    TextState state_;
+    std::unique_ptr<Common> common_;
+    std::unique_ptr<TestForm> form_;
+
+    void Store(const QString &key, const QString &field, const QString &text)
+    {
+        const QString update = u"UPDATE TestForm SET %1 = ? WHERE Name = ?"_s.arg(dao::Quoted(field));
+        QCOMPARE(db_.Execute(update, {text, key}, {}), 1);
+    }
+    void Open()
+    {
+        form_ = std::make_unique<TestForm>(*common_);
+        form_->Load();
+        form_->show();
+        form_->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(form_.get()));
+        form_->happened.clear();
+    }
+    void Press(int key, Qt::KeyboardModifiers held = {})
+    {
+        QTest::keyClick(form_->windowHandle(), static_cast<Qt::Key>(key), held);
+    }
+    QPoint Within(const QString &key) const // in the window
+    {
+        const QWidget *widget = form_->At(key)->Widget();
+        return widget->mapTo(form_.get(), widget->rect().center());
+    }
+    void Click(const QString &key, Qt::MouseButton button = Qt::LeftButton)
+    {
+        QTest::mouseClick(form_->windowHandle(), button, {}, Within(key));
+    }
+    // Clicks, and acts while the editor is open; an edit that is left open is cancelled.
+    void Edit(const QString &key, const std::function<void()> &act)
+    {
+        bool opened = false;
+        QTimer timer;
+        timer.callOnTimeout(this, [&] {
+            if (!Editor() || opened)
+                return;
+            opened = true;
+            act();
+            GenEdit::CancelOn(*form_);
+        });
+        timer.start(5);
+        Click(key);
+        QTRY_VERIFY(opened && !Editor());
+    }
+    GenEdit *Editor() const { return form_->Surface()->findChild<GenEdit *>(); }
+    bool InEditMode() const { return form_->BackColor() == lightGrey; }
+    static Form *HelpWindow()
+    {
+        for (QWidget *widget : QApplication::topLevelWidgets())
+            if (widget->objectName() == "Help"_L1 && widget->isVisible())
+                return qobject_cast<Form *>(widget);
+        return nullptr;
+    }
+    static QString ShownHelp()
+    {
+        return HelpWindow() ? HelpWindow()->findChild<QPlainTextEdit *>()->toPlainText() : QString();
+    }
+
+private slots:
+    void init()
+    {
+        folder_.emplace().Copy(u"blank Stemp.mdb"_s, u"A Stemp.mdb"_s);
+        db_ = dao::Database::OpenDatabase(folder_->File(u"A Stemp.mdb"_s));
+        state_ = {{}, true, false};
+        prompts_ = {};
+        common_ = std::make_unique<Common>(db_, state_, prompts_);
+        Open();
+    }
+    void cleanup()
+    {
+        common_->UnloadHelp();
+        form_.reset();
+        common_.reset();
+        db_.Close();
+    }
+
+    void F1ShowsTheHelpOfWhatHasTheKeys()
+    {
+        form_->Unload();
+        state_.language.LanguageName = u"Danish"_s;
+        db_.Insert(u"INSERT INTO TestForm (Name, HelpEnglish, HelpDanish) VALUES ('Texts(2)', 'Second', '')"_s, {}, {});
+        Store(u"NoteText"_s, u"HelpDanish"_s, u"Dansk"_s);
+        Store(u"mnuAdmin"_s, u"HelpEnglish"_s, u"Menu"_s);
+        Open();
+        const auto shown = [this](Qt::KeyboardModifiers held = {}) {
+            Press(Qt::Key_F1, held);
+            return ShownHelp();
+        };
+        const auto shownOf = [&](const QString &key) {
+            form_->At(key)->Widget()->setFocus();
+            return shown();
+        };
+        QCOMPARE(HelpWindow(), nullptr);
+        QCOMPARE(shownOf(u"Texts(0)"_s), u"The name that others see."_s);
+        QTRY_VERIFY(form_->isActiveWindow());
+        QCOMPARE(form_->focusWidget(), form_->At(u"Texts(0)"_s)->Widget());
+        const QString ofWindow = shown(Qt::ShiftModifier);
+        QVERIFY(ofWindow.startsWith(u"Help of the window."_s) && ofWindow.contains(u"Ctrl+Shift+Backspace"_s));
+        QCOMPARE(shownOf(u"Texts(2)"_s), u"Second"_s);
+        QCOMPARE(shownOf(u"OKButton"_s), ofWindow); // without help of its own
+        QCOMPARE(shownOf(u"NoteText"_s), u"Dansk"_s);
+        form_->focusWidget()->clearFocus();
+        QCOMPARE(shown(), ofWindow);
+        auto *bar = form_->findChild<QMenuBar *>();
+        bar->setFocus(Qt::MenuBarFocusReason);
+        bar->setActiveAction(bar->actions().first());
+        QCOMPARE(shown(), u"Menu"_s);
+    }
+
+    void TheHelpWindowTakesInputBesideAModalWindowAndKeepsItsSize()
+    {
+        TestForm dialog(*common_);
+        QTimer::singleShot(0, &dialog, [&] {
+            const auto end = qScopeGuard([&dialog] { dialog.Unload(); });
+            QTest::keyClick(dialog.windowHandle(), Qt::Key_F1);
+            Form *help = HelpWindow();
+            QVERIFY(help);
+            QTRY_VERIFY(help->IsSettled());
+            help->resize(500, 300);
+            help->activateWindow();
+            QTRY_VERIFY(help->isActiveWindow());
+            QTest::keyClick(help->windowHandle(), Qt::Key_F1);
+            QVERIFY(ShownHelp().startsWith(u"The help of the control"_s));
+        });
+        dialog.ShowModal(form_.get());
+        QVERIFY(HelpWindow());
+        QTest::keyClick(HelpWindow()->windowHandle(), Qt::Key_Escape);
+        QVERIFY(!common_->HelpShown());
+        Press(Qt::Key_F1);
+        QCOMPARE(HelpWindow()->width(), 500);
+    }
+
+    void EditModeTakesEverything()
+    {
+        QLabel *hidden = form_->WidgetAt<QLabel>(u"IconIn"_s);
+        hidden->hide();
+        auto *text = form_->WidgetAt<QLineEdit>(u"Texts(0)"_s);
+        text->setFocus();
+        Press(Qt::Key_E, Qt::ControlModifier | Qt::AltModifier); // types a sign on some keyboards
+        QVERIFY(!InEditMode());
+        text->clear();
+        Press(Qt::Key_E, Qt::ControlModifier);
+        QVERIFY(InEditMode());
+        form_->keys.clear();
+        for (const int key : {Qt::Key_A, Qt::Key_Return, Qt::Key_Tab, Qt::Key_Space})
+            Press(key);
+        Press(Qt::Key_O, Qt::AltModifier);
+        Click(u"OtherButton"_s, Qt::RightButton);
+        QTest::mouseClick(form_->menuBar(), Qt::LeftButton, {}, QPoint(10, 5));
+        QVERIFY(!Editor() && !QApplication::activePopupWidget());
+        QCOMPARE(text->text(), QString());
+        QCOMPARE(form_->focusWidget(), text);
+        form_->SetBackColor(red); // the program goes on
+        hidden->show();
+        QVERIFY(InEditMode());
+        Press(Qt::Key_Escape);
+        QVERIFY(hidden->isHidden());
+        QCOMPARE(form_->BackColor(), red);
+        QVERIFY(form_->keys.isEmpty() && form_->happened.isEmpty());
+        Click(u"OtherButton"_s);
+        QCOMPARE(form_->happened, QStringList(u"other"_s));
+    }
+
+    void AClickEditsUntilEscape()
+    {
+        Press(Qt::Key_E, Qt::ControlModifier);
+        for (const Qt::Key end : {Qt::Key_Tab, Qt::Key_Escape}) {
+            QVERIFY(InEditMode());
+            Edit(u"OtherButton"_s, [this, end] {
+                Click(u"OKButton"_s); // beside the editor
+                QVERIFY(Editor()->isAncestorOf(form_->focusWidget()));
+                Press(Qt::Key_A, Qt::ControlModifier);
+                QTest::keyClicks(form_->focusWidget(), end == Qt::Key_Tab ? u"Go"_s : u"no"_s);
+                Press(end);
+            });
+            QCOMPARE(form_->At(u"OtherButton"_s)->Caption(), u"Go"_s);
+        }
+        QVERIFY(!InEditMode());
+        QVERIFY(form_->happened.isEmpty());
+    }
+
+    void AnEditModeEndsWithItsWindowOrWithAnother()
+    {
+        TestForm other(*common_);
+        other.Load();
+        other.show();
+        Press(Qt::Key_E, Qt::ControlModifier);
+        QTest::keyClick(other.windowHandle(), Qt::Key_E, Qt::ControlModifier);
+        QVERIFY(!InEditMode());
+        Press(Qt::Key_Escape);
+        QCOMPARE(other.BackColor(), lightGrey);
+        other.hide();
+        QVERIFY(other.BackColor() != lightGrey);
+        Press(Qt::Key_E, Qt::ControlModifier);
+        Edit(u"OtherButton"_s, [this] { QVERIFY(form_->close()); });
+        QVERIFY(!InEditMode());
+        QVERIFY(!form_->At(u"OtherButton"_s)->Widget()->isHidden());
+    }
+
+    void TheSurfaceDragsTheWindow()
+    {
+        const QString surface;
+        for (const auto &[at, button, moves] : {std::tuple(surface, Qt::LeftButton, true),
+                                                {surface, Qt::RightButton, false},
+                                                {u"Labels(0)"_s, Qt::LeftButton, true},
+                                                {u"Frames(1)"_s, Qt::LeftButton, true},
+                                                {u"OtherButton"_s, Qt::LeftButton, false},
+                                                {u"Texts(0)"_s, Qt::LeftButton, false}}) {
+            const QPoint before = form_->pos();
+            const QPoint grabbed = at.isEmpty() ? QPoint(3, form_->height() - 20) : Within(at);
+            const QPoint pressed = form_->mapToGlobal(grabbed);
+            QTest::mousePress(form_->windowHandle(), button, {}, grabbed);
+            for (const QPoint step : {QPoint(7, 4), QPoint(30, -9)}) {
+                QTest::mouseMove(form_->windowHandle(), form_->mapFromGlobal(pressed + step));
+                QTRY_COMPARE(form_->pos(), moves ? before + step : before);
+            }
+            QTest::mouseRelease(form_->windowHandle(), button, {}, grabbed);
+            QTest::mouseMove(form_->windowHandle(), QPoint(5, form_->height() - 5));
+            QTRY_COMPARE(form_->pos(), moves ? before + QPoint(30, -9) : before);
+        }
+    }
+
+    void TheWayBackWorksWithEveryButtonGone()
+    {
+        const Geometry shipped = *form_->At(u"OKButton"_s)->Place();
+        form_->At(u"OKButton"_s)->SetPlace({-9000, -9000, 120, 120});
+        form_->At(u"OKButton"_s)->SetCaption(u"Gone"_s);
+        Store(u"OKButton"_s, u"HelpEnglish"_s, u"Our own help"_s);
+        Store(u"OKButton"_s, u"CapDanish"_s, u"Dansk"_s);
+        form_->WidgetAt<QLineEdit>(u"Texts(0)"_s)->setText(u"Jane"_s);
+        form_->WidgetAt<QLabel>(u"Labels(0)"_s)->setProperty("RunTimeTexts", true);
+        form_->At(u"Labels(0)"_s)->SetCaption(u"Of the program"_s);
+        Press(Qt::Key_E, Qt::ControlModifier);
+        for (const bool yes : {false, true}) {
+            prompts_.yes = yes;
+            Press(Qt::Key_Backspace, Qt::ControlModifier | Qt::ShiftModifier);
+            QVERIFY(!InEditMode());
+            QVERIFY(prompts_.messages.last().endsWith(u"\"Gone\"\n\"Our own help\""_s));
+            QCOMPARE(form_->At(u"OKButton"_s)->Place() == shipped, yes);
+        }
+        QCOMPARE(form_->At(u"OKButton"_s)->Caption(), u"&OK"_s);
+        QCOMPARE(form_->At(u"Labels(0)"_s)->Caption(), u"Of the program"_s);
+        QCOMPARE(form_->At(u"Texts(0)"_s)->Value(), u"Jane"_s);
+        form_->Unload();
+        const QString stored = u"SELECT CapEnglish, \"Left\", CapDanish FROM TestForm WHERE Name = 'OKButton'"_s;
+        QCOMPARE(db_.Select(stored, {}, {})[0], QVariantList({u"&OK"_s, shipped.left, u"Dansk"_s}));
+    }
+};
+
+QTEST_MAIN(TestSharedKeys)
+#include "tst_sharedkeys.moc"
