@@ -37,7 +37,9 @@ void BoardDesk::Refresh_Enterprise()
 
 void BoardDesk::SetRefreshInterval()
 {
-    refreshTimer_.setInterval(PollPeriod(options_.PollDelay));
+    const std::chrono::milliseconds period = PollPeriod(options_.PollDelay);
+    if (period != refreshTimer_.intervalAsDuration()) // else the next look would be put off
+        refreshTimer_.setInterval(period);
 }
 
 void BoardDesk::EnableTimer(bool on)

@@ -15,9 +15,6 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 constexpr std::chrono::milliseconds patience{700}; // before a person is told that there is no answer yet
-constexpr int margin = 16;                         // between the controls and the window's edges
-constexpr int gap = 8;                             // between two controls
-constexpr int columnGap = 12;                      // between the boxes and the buttons
 
 // Two lists of one line a job stay in step.
 void MoveTogether(QListWidget *a, QListWidget *b)
@@ -33,7 +30,8 @@ CreateJob::CreateJob(FormServices &services, Prompts &prompts, JobDatabase &jobD
       ui_(std::make_unique<Ui::CreateJob>()),
       prompts_(prompts),
       jobDatabase_(jobDatabase),
-      lists_(lists)
+      lists_(lists),
+      anchors_(*this)
 {
     ui_->setupUi(this);
     RegisterControls();
@@ -45,6 +43,11 @@ CreateJob::CreateJob(FormServices &services, Prompts &prompts, JobDatabase &jobD
     connect(ui_->ExitButton, &QPushButton::clicked, this, &CreateJob::ExitButton_Click);
     MoveTogether(ui_->List1, ui_->List2);
     MoveTogether(ui_->List2, ui_->List1);
+    anchors_.Add({ui_->ApplyButton, ui_->OKButton, ui_->ExitButton}, {.x = 1});
+    anchors_.Add({ui_->JobNameText}, {.width = 1});
+    anchors_.Add({ui_->List1}, {.height = 1});
+    anchors_.Add({ui_->List2}, {.width = 1, .height = 1});
+    anchors_.Add({ui_->StatusLabel}, {.y = 1, .width = 1});
 }
 
 CreateJob::~CreateJob() = default;
@@ -58,41 +61,35 @@ void CreateJob::Form_Load()
 void CreateJob::Form_Unload()
 {
     ui_->StatusLabel->clear(); // what went wrong today is no caption to keep
+    anchors_.PutBack();
     SaveTexts();
 }
 
-void CreateJob::Form_Resize()
+void CreateJob::resizeEvent(QResizeEvent *event)
 {
+    Form::resizeEvent(event);
     const QScrollBar *bar = ui_->List1->verticalScrollBar();
     const bool newestShown = bar->value() == bar->maximum();
-    for (QPushButton *button : {ui_->ApplyButton, ui_->OKButton, ui_->ExitButton})
-        button->move(Surface()->width() - margin - button->width(), button->y());
-    const int right = ui_->OKButton->x() - columnGap;
-    ui_->JobNameText->resize(right - ui_->JobNameText->x(), ui_->JobNameText->height());
-    ui_->StatusLabel->setGeometry(margin, Surface()->height() - gap - ui_->StatusLabel->height(),
-                                  Surface()->width() - 2 * margin, ui_->StatusLabel->height());
-    const int bottom = ui_->StatusLabel->y() - gap;
-    ui_->List1->resize(ui_->List1->width(), bottom - ui_->List1->y());
-    ui_->List2->resize(right - ui_->List2->x(), bottom - ui_->List2->y());
+    anchors_.Follow();
     if (newestShown)
         ShowNewest();
 }
 
 void CreateJob::Save(bool thenClose)
 {
-    JobItem job{CompanyJobs::CleanID(ui_->JobIDText->text()), ui_->JobNameText->text().trimmed()};
+    JobItem job{Projects::CleanID(ui_->JobIDText->text()), ui_->JobNameText->text().trimmed()};
     ui_->JobIDText->setText(job.id);
     ui_->StatusLabel->clear();
     if (job.id.isEmpty())
         return Refuse(u"Job ID must be filled in"_s);
-    if (CompanyJobs::IsListed(lists_.CompanyList, job.id))
+    if (Projects::IsListed(lists_.CompanyList, job.id))
         return Refuse(u"This Job ID is already used"_s);
     if (job.name.isEmpty())
         job.name = job.id;
 
     SetWaiting(true);
     jobDatabase_.CreateJob(
-        this, job, [this, job, thenClose](CompanyJobs::Creation creation) { Answered(creation, job, thenClose); });
+        this, job, [this, job, thenClose](Projects::Creation creation) { Answered(creation, job, thenClose); });
     QTimer::singleShot(patience, this, [this] {
         if (waiting_)
             ui_->StatusLabel->setText(
@@ -100,22 +97,22 @@ void CreateJob::Save(bool thenClose)
     });
 }
 
-void CreateJob::Answered(CompanyJobs::Creation creation, const JobItem &job, bool thenClose)
+void CreateJob::Answered(Projects::Creation creation, const JobItem &job, bool thenClose)
 {
     SetWaiting(false);
     ui_->StatusLabel->clear();
     if (!IsLoaded()) // the person did not wait
         return;
     switch (creation) {
-    case CompanyJobs::Creation::Stored:
+    case Projects::Creation::Stored:
         ShowStored(job);
         if (thenClose)
             Unload();
         break;
-    case CompanyJobs::Creation::AlreadyUsed: // another copy was faster than the list
+    case Projects::Creation::AlreadyUsed: // another copy was faster than the list
         Refuse(u"This Job ID is already used"_s);
         break;
-    case CompanyJobs::Creation::Failed:
+    case Projects::Creation::Failed:
         ui_->StatusLabel->setText(
             u"The job was not stored, because the job list could not be written. Please try again."_s);
         FocusJobID();
@@ -128,7 +125,7 @@ void CreateJob::ShowStored(const JobItem &job)
     ui_->List1->addItem(job.id);
     ui_->List2->addItem(job.name);
     ShowNewest();
-    ui_->JobIDText->setText(CompanyJobs::NextID(job.id));
+    ui_->JobIDText->setText(Projects::NextID(job.id));
     ui_->JobNameText->clear();
     FocusJobID();
 }

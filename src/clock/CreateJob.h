@@ -1,6 +1,7 @@
 #pragma once
 
-#include "clock/CompanyJobs.h"
+#include "clock/Projects.h"
+#include "platform/forms/Anchors.h"
 #include "platform/forms/Form.h"
 
 #include <memory>
@@ -27,7 +28,7 @@ public:
 protected:
     void Form_Load() override;
     void Form_Unload() override;
-    void Form_Resize() override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
     void ApplyButton_Click() { Save(false); }
@@ -35,7 +36,7 @@ private:
     void ExitButton_Click() { Unload(); }
 
     void Save(bool thenClose);
-    void Answered(CompanyJobs::Creation creation, const JobItem &job, bool thenClose);
+    void Answered(Projects::Creation creation, const JobItem &job, bool thenClose);
     void ShowStored(const JobItem &job);
     void ShowNewest();
     void Refuse(const QString &message);
@@ -46,5 +47,6 @@ private:
     Prompts &prompts_;
     JobDatabase &jobDatabase_;
     const JobLists &lists_;
+    Anchors anchors_;
     bool waiting_ = false; // for an answer
 };

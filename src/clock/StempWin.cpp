@@ -4,6 +4,7 @@
 #include "clock/CreateJob.h"
 #include "clock/DateText.h"
 #include "clock/IOQuery.h"
+#include "clock/Notes.h"
 #include "platform/forms/ControlTypes.h"
 #include "platform/forms/Prompts.h"
 #include "platform/system/TimeSource.h"
@@ -105,7 +106,6 @@ StempWin::StempWin(FormServices &services, Prompts &prompts, StempWinParts parts
     ui_->UnsavedLabel->setPalette(note);
     ui_->UnsavedLabel->setBackgroundRole(QPalette::Window); // not the surface's colour
     Connect();
-    ui_->mnuNotes->setEnabled(false); // its window is not built yet
     ui_->mnuCreateJob->setEnabled(false);
 }
 
@@ -131,7 +131,11 @@ void StempWin::Connect()
     connect(
         ui_->mnuPersonal, &QAction::triggered, this, [this] { pickList_->ChooseList(ListMode::Personal); });
     connect(ui_->mnuFull, &QAction::triggered, this, [this] { pickList_->ChooseList(ListMode::Company); });
+    // The menu bar would show the entry as pressed for as long as its window is up.
+    for (const QAction *entry : {ui_->mnuSummary, ui_->mnuNotes, ui_->mnuCreateJob, ui_->mnuAdmin})
+        connect(entry, &QAction::triggered, ui_->MenuBar, [this] { ui_->MenuBar->setActiveAction(nullptr); });
     connect(ui_->mnuSummary, &QAction::triggered, this, &StempWin::SummaryChosen);
+    connect(ui_->mnuNotes, &QAction::triggered, this, &StempWin::mnuNotes_Click);
     connect(ui_->mnuCreateJob, &QAction::triggered, this, &StempWin::mnuCreateJob_Click);
     connect(ui_->mnuAdmin, &QAction::triggered, this, &StempWin::AdminChosen);
     connect(&parts_.jobDatabase, &JobDatabase::JobListFilled, this, &StempWin::JobListFilled);
@@ -177,6 +181,8 @@ void StempWin::EndSession()
         outQuery_->Abandon();
     if (createJob_)
         createJob_->Unload();
+    if (notes_)
+        notes_->Unload();
     Unload();
 }
 
@@ -219,6 +225,11 @@ void StempWin::StempOutLook()
     SetBackColor(red);
     setWindowIcon(iconOut_);
     setWindowTitle(parts_.identity.UserInitials + QStringLiteral(" Out"));
+}
+
+void StempWin::ShowRunTimeTexts()
+{
+    parts_.clock.state.IsStempedIn ? StempInLook() : StempOutLook();
 }
 
 void StempWin::StempIn(const QString &item)
@@ -293,6 +304,16 @@ void StempWin::ShowOutQuery()
     outQuery_.reset();
 }
 
+void StempWin::mnuNotes_Click()
+{
+    notes_ = std::make_unique<Notes>(services_, prompts_, parts_.localDB, parts_.time, parts_.clock.state.CurrentJobID);
+    notes_->setWindowIcon(windowIcon());
+    notes_->Load();
+    notes_->ShowModal(this);
+    notes_->Unload();
+    notes_.reset();
+}
+
 void StempWin::mnuCreateJob_Click()
 {
     createJob_ = std::make_unique<CreateJob>(services_, prompts_, parts_.jobDatabase, parts_.lists);
@@ -356,7 +377,7 @@ void StempWin::Enterprise_Init()
 {
     const JobDatabase &jobs = parts_.jobDatabase;
     FillJobList();
-    parts_.clock.state.IsStempedIn ? StempInLook() : StempOutLook();
+    ShowRunTimeTexts();
     if (jobs.CompanyJobs) {
         ui_->mnuFull->setEnabled(true);
         if (parts_.options.AdminMode) // taken back only by a restart

@@ -14,12 +14,17 @@ class CreateJob;
 class DataControl;
 class IOQuery;
 class JobDatabase;
+class Notes;
 class Prompts;
 class TimeSource;
 class TimeTable;
 struct Identity;
 struct JobLists;
 struct Options;
+
+namespace dao {
+class Database;
+}
 
 namespace Ui {
 class StempWin;
@@ -35,6 +40,7 @@ struct StempWinParts
     const Identity &identity;
     const Options &options;
     const TimeSource &time;
+    dao::Database &localDB; // the per-login database
 };
 
 // The main window: the clock's face, the search box with its pick list, and the roll-back grid.
@@ -76,6 +82,7 @@ protected:
     void Form_Resize() override;
     bool QueryUnload() override;
     bool Form_KeyDown(QKeyEvent &event) override;
+    void ShowRunTimeTexts() override;
     void showEvent(QShowEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override; // working in the grid closes the pick list
 
@@ -83,6 +90,7 @@ private:
     void SetUpGrid();
     void Connect();
     void InOutButton_Click();
+    void mnuNotes_Click();
     void mnuCreateJob_Click();
     void DeleteJob(const QString &item);
     void JobListFilled();
@@ -104,6 +112,7 @@ private:
     std::unique_ptr<PickList> pickList_;
     std::unique_ptr<IOQuery> outQuery_;    // while it is shown
     std::unique_ptr<CreateJob> createJob_; // while it is shown
+    std::unique_ptr<Notes> notes_;         // while it is shown
     QTimer saveTimer_;                     // runs while rows are unsaved
     bool sessionEnds_ = false;
 };

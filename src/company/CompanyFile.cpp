@@ -17,6 +17,7 @@ dao::Database &CompanyFile::Connection()
     const FileId file = Identify();
     if (database_.IsOpen() && file == opened_)
         return database_;
+    const bool replaced = database_.IsOpen();
     Close(); // what was written to a file that is gone would be lost
     dao::Database database = dao::Database::OpenDatabase(path_);
     for (const QString &table : {u"Projects"_s, u"Users"_s})
@@ -24,6 +25,7 @@ dao::Database &CompanyFile::Connection()
             throw dao::Error(dao::ErrorKind::Other, u"opening the job database"_s, path_, u"no table "_s + table);
     database_ = std::move(database);
     opened_ = file;
+    replaced_ = replaced_ || replaced;
     return database_;
 }
 

@@ -17,6 +17,9 @@ public:
     dao::Database &Connection();
     void Close();
 
+    // Whether another file has taken the place of an open one since this was last asked.
+    bool TakeReplaced() { return std::exchange(replaced_, false); }
+
 private:
     using FileId = std::pair<quint64, quint64>;
     FileId Identify() const; // which file stands at the path, zeros for none; asked without a handle
@@ -24,4 +27,5 @@ private:
     const QString path_;
     dao::Database database_;
     FileId opened_;
+    bool replaced_ = false;
 };

@@ -70,6 +70,7 @@ void CompanyLink::Enqueue(const QString &path, Job job, Deliver deliver)
         return;
     const auto run = [inUse = path == path_](CompanyFile &file, Job &work) {
         Result result = Run(file, work);
+        result.replaced = file.TakeReplaced();
         if (!inUse)
             file.Close();
         return result;
@@ -78,6 +79,8 @@ void CompanyLink::Enqueue(const QString &path, Job job, Deliver deliver)
     if (mode_ == Mode::Inline) {
         Result result;
         worker.Post([&](CompanyFile &file) { result = run(file, job); });
+        if (result.replaced)
+            emit Replaced();
         deliver(result);
         return;
     }
@@ -119,10 +122,11 @@ std::optional<CompanyLink::Result> CompanyLink::EnqueueAndWait(Job job, std::chr
 void CompanyLink::Take(quint64 request, const Result &result)
 {
     auto asked = waiting_.extract(request); // before it is called, as it may ask again
-    if (asked)
-        asked.mapped()(result);
-    else
-        LogError(result);
+    if (!asked)
+        return LogError(result);
+    if (result.replaced)
+        emit Replaced();
+    asked.mapped()(result);
 }
 
 CompanyLink::Result CompanyLink::Run(CompanyFile &file, Job &job)

@@ -100,11 +100,17 @@ public:
     // answer comes after this, and what is asked is dropped.
     bool Stop(std::chrono::milliseconds limit);
 
+signals:
+    // Another file has taken the place of the one in use, which did not fail meanwhile: it may lack what was written. Comes
+    // before the answer of the request that noticed.
+    void Replaced();
+
 private:
     struct Result
     {
         std::any value;
         std::optional<dao::Error> error;
+        bool replaced = false;
     };
     using Job = std::function<Result(dao::Database &)>;
     using Deliver = std::function<void(const Result &)>;

@@ -6,6 +6,7 @@
 
 #include <QDir>
 #include <QLoggingCategory>
+#include <QPointer>
 
 #include <algorithm>
 #include <atomic>
@@ -20,6 +21,7 @@ Q_LOGGING_CATEGORY(log, "stemp.startup")
 
 constexpr std::chrono::milliseconds waitLimit = 2s;     // what a file that does not answer may cost
 constexpr std::chrono::milliseconds leastLimit = 250ms; // what is waited for in any case
+constexpr std::chrono::seconds retryPeriod{10};         // between two tries to read the local copy's list
 constexpr std::chrono::minutes searchPeriod{1};         // between two looks for a configured file that did not serve
 
 std::chrono::steady_clock::time_point In(std::chrono::milliseconds limit)
@@ -35,17 +37,60 @@ std::chrono::milliseconds Left(std::chrono::steady_clock::time_point deadline)
 } // namespace
 
 JobDatabase::JobDatabase(CompanyLink::Mode mode, const Identity &identity, JobLists &lists)
-    : identity_(identity), lists_(lists), link_(mode), listSeen_(std::make_shared<ListMark>()), startLimit_(waitLimit)
+    : identity_(identity), lists_(lists), link_(mode), listSeen_(std::make_shared<ListMark>()), nextLimit_(waitLimit)
 {
     searchTimer_.setInterval(searchPeriod);
     connect(&searchTimer_, &QTimer::timeout, this, &JobDatabase::LookForConfigured);
+    connect(&link_, &CompanyLink::Replaced, this, [this] { missed_ = true; });
 }
 
 void JobDatabase::Choose(const QString &configured)
 {
-    const Deadline deadline = In(std::exchange(startLimit_, waitLimit));
+    const Deadline deadline = In(std::exchange(nextLimit_, waitLimit));
+    Take(configured, configured.isEmpty() ? Look() : Open(configured, deadline), deadline);
+}
+
+void JobDatabase::LookAt(const QString &configured)
+{
+    looked_.reset();
+    link_.AskOf(
+        configured, this,
+        [configured, own = OwnJobsFile()](dao::Database &) { return DataFiles::SameFile(configured, own); },
+        [this, configured](const Answer<bool> &answer) {
+            looked_.emplace(configured, LookOf(configured, OwnJobsFile(), answer));
+            emit Looked(configured);
+        });
+}
+
+void JobDatabase::LookForConfigured()
+{
+    if (std::exchange(looking_, true))
+        return;
+    const QString path = configured_;
+    link_.AskOf(
+        path, this, [path, own = OwnJobsFile()](dao::Database &) { return DataFiles::SameFile(path, own); },
+        [this, path](const Answer<bool> &answer) {
+            looking_ = false;
+            if (answer.error) // it was told of when it was first looked for
+                return;
+            looked_.emplace(path, LookOf(path, OwnJobsFile(), answer));
+            emit Looked(path);
+        });
+}
+
+void JobDatabase::ChooseLooked()
+{
+    if (!looked_)
+        return;
+    const auto [configured, look] = *std::exchange(looked_, std::nullopt);
+    if (look.serves)
+        link_.Open(configured);
+    Take(configured, look, In(waitLimit));
+}
+
+void JobDatabase::Take(const QString &configured, Look look, Deadline deadline)
+{
     QString path = configured;
-    Look look = configured.isEmpty() ? Look() : Open(configured, deadline);
     EnterpriseOn = look.serves;
     if (!look.serves) {
         path = OwnJobsFile();
@@ -67,13 +112,15 @@ void JobDatabase::Choose(const QString &configured)
         EnterpriseOn = true;
 
     missed_ = !look.answers;
-    polling_ = searching_ = false; // what was under way is not answered any more
+    polling_ = looking_ = false; // what was under way is not answered any more
     listSeen_ = std::make_shared<ListMark>();
     configured_ = configured;
     if (configured.isEmpty() || path == configured)
         searchTimer_.stop();
     else
         searchTimer_.start();
+    if (const auto done = std::exchange(creating_, nullptr))
+        done(Projects::Creation::Failed);
 }
 
 QString JobDatabase::OwnJobsFile() const
@@ -81,13 +128,10 @@ QString JobDatabase::OwnJobsFile() const
     return identity_.InAppFolder(QStringLiteral("Jobs.mdb"));
 }
 
-// Makes the file the one in use and waits for its answer.
-JobDatabase::Look JobDatabase::Open(const QString &path, Deadline deadline)
+// What to make of the answer, or of none: whether the file is the own one.
+JobDatabase::Look JobDatabase::LookOf(const QString &path, const QString &own,
+                                      const std::optional<Answer<bool>> &answer)
 {
-    link_.Open(path);
-    const QString own = OwnJobsFile();
-    const auto answer =
-        link_.AskWithin(Left(deadline), [path, own](dao::Database &) { return DataFiles::SameFile(path, own); });
     if (!answer || (answer->error && answer->error->Kind() == dao::ErrorKind::Busy)) {
         qCWarning(log) << path << "does not answer";
         return {false, true, QDir::cleanPath(path) == QDir::cleanPath(own)};
@@ -99,26 +143,23 @@ JobDatabase::Look JobDatabase::Open(const QString &path, Deadline deadline)
     return {true, true, *answer->value};
 }
 
-void JobDatabase::LookForConfigured()
+// Makes the file the one in use and waits for its answer.
+JobDatabase::Look JobDatabase::Open(const QString &path, Deadline deadline)
 {
-    if (std::exchange(searching_, true))
-        return;
-    link_.AskOf(
-        configured_, this, [](dao::Database &) {},
-        [this](const Answer<void> &answer) {
-            searching_ = false;
-            if (!answer.error) // else it was told of when it was first looked for
-                emit ConfiguredFound(configured_);
-        });
+    link_.Open(path);
+    const QString own = OwnJobsFile();
+    return LookOf(path, own, link_.AskWithin(Left(deadline), [path, own](dao::Database &) {
+        return DataFiles::SameFile(path, own);
+    }));
 }
 
 std::optional<QString> JobDatabase::MatchLoginToUser(const QString &path, const QString &login)
 {
-    const Deadline deadline = In(startLimit_);
+    const Deadline deadline = In(nextLimit_);
     link_.Open(path);
-    const auto answer = link_.AskWithin(
-        startLimit_, [login](dao::Database &database) { return Presence::MatchLogin(database, login); });
-    startLimit_ = std::max(leastLimit, Left(deadline));
+    const auto answer =
+        link_.AskWithin(nextLimit_, [login](dao::Database &database) { return Presence::MatchLogin(database, login); });
+    nextLimit_ = std::max(leastLimit, Left(deadline));
     if (!answer)
         return std::nullopt;
     if (answer->error) {
@@ -137,10 +178,7 @@ void JobDatabase::AddSelfToUsers()
         [user = identity_.UserInitials, fullName = identity_.UserFullName](dao::Database &database) {
             Presence::AddSelfToUsers(database, user, fullName);
         },
-        [this](const Answer<void> &answer) {
-            if (answer.error)
-                Missed(*answer.error);
-        });
+        [this](const Answer<void> &answer) { MissedIfFailed(answer); });
 }
 
 void JobDatabase::WriteState(Presence::State state)
@@ -152,10 +190,7 @@ void JobDatabase::WriteState(Presence::State state)
         [user = identity_.UserInitials, state](dao::Database &database) {
             Presence::WriteState(database, user, state);
         },
-        [this](const Answer<void> &answer) {
-            if (answer.error)
-                Missed(*answer.error);
-        });
+        [this](const Answer<void> &answer) { MissedIfFailed(answer); });
 }
 
 // The file goes out of use: no answer will be heard.
@@ -165,6 +200,12 @@ void JobDatabase::Set_OFF()
         link_.Tell([user = identity_.UserInitials](dao::Database &database) {
             Presence::WriteState(database, user, Presence::State::Off);
         });
+}
+
+void JobDatabase::MissedIfFailed(const Answer<void> &answer)
+{
+    if (answer.error)
+        Missed(*answer.error);
 }
 
 void JobDatabase::Missed(const dao::Error &error)
@@ -197,6 +238,11 @@ void JobDatabase::FillJobList()
             }
             Missed(*answer.error);
             FillFromLocalCopy();
+            if (!EnterpriseOn) // no poll tries again
+                QTimer::singleShot(retryPeriod, this, [this] {
+                    if (!listRead_ && !EnterpriseOn)
+                        FillJobList();
+                });
         });
 }
 
@@ -227,7 +273,7 @@ std::optional<JobList> JobDatabase::ReadChangedJobList(dao::Database &database, 
     mark.dataVersion =
         database.Select(QStringLiteral("PRAGMA data_version"), {}, purpose).value(0).value(0).toLongLong();
     const QVariantList rows =
-        database.Select(QStringLiteral("SELECT count(*), max(rowid) FROM Projects"), {}, purpose).value(0);
+        database.Select(QStringLiteral("SELECT count(*), max(Id) FROM Projects"), {}, purpose).value(0);
     mark.jobs = rows.value(0).toLongLong();
     mark.lastId = rows.value(1).toLongLong();
     if (mark == seen)
@@ -274,18 +320,23 @@ void JobDatabase::Poll()
 
 void JobDatabase::DeleteJob(const QString &item)
 {
-    link_.Tell([item](dao::Database &database) { CompanyJobs::DeleteJob(database, item); });
+    link_.Tell([item](dao::Database &database) { Projects::DeleteJob(database, item); });
     FillJobList();
 }
 
-void JobDatabase::CreateJob(QObject *context, const JobItem &job, std::function<void(::CompanyJobs::Creation)> done)
+void JobDatabase::CreateJob(QObject *context, const JobItem &job, std::function<void(Projects::Creation)> done)
 {
+    creating_ = [context = QPointer(context), done = std::move(done)](Projects::Creation creation) {
+        if (context)
+            done(creation);
+    };
     link_.Ask(
-        context, [job](dao::Database &database) { return ::CompanyJobs::AddJob(database, job); },
-        [done = std::move(done)](const Answer<::CompanyJobs::Creation> &answer) {
+        this, [job](dao::Database &database) { return Projects::AddJob(database, job); },
+        [this](const Answer<Projects::Creation> &answer) {
             if (answer.error)
                 qCWarning(log).noquote() << answer.error->Text();
-            done(answer.value.value_or(::CompanyJobs::Creation::Failed));
+            if (const auto waiting = std::exchange(creating_, nullptr))
+                waiting(answer.value.value_or(Projects::Creation::Failed));
         });
     FillJobList();
 }
@@ -310,7 +361,7 @@ bool JobDatabase::IsOwnJobsFile(const QString &path)
 
 std::optional<LocalJobCopy::Snapshot> JobDatabase::RowsForLocalCopy(std::chrono::milliseconds limit)
 {
-    if (!CompanyJobs)
+    if (!CompanyJobs || identity_.OnNetworkDrive) // there the own file is everybody's
         return std::nullopt;
     const auto answer = link_.AskWithin(
         limit,

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "board/Presence.h"
-#include "clock/CompanyJobs.h"
 #include "clock/JobList.h"
+#include "clock/Projects.h"
 #include "company/CompanyLink.h"
 #include "startup/LocalJobCopy.h"
 
@@ -14,13 +14,14 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <utility>
 
 struct Identity;
 struct JobLists;
 
 // The job database in use: which file it is, and all that is asked of it. Choose, MatchLoginToUser, FileExists, IsOwnJobsFile,
 // RowsForLocalCopy and Close wait for the file system, each in all at most for its limit; a file that was waited for in vain is
-// not waited for again until it has answered. Nothing else here blocks.
+// not waited for again until it has answered. UpdateLocalJobCopy writes in the program folder. Nothing else here blocks.
 class JobDatabase : public QObject
 {
     Q_OBJECT
@@ -38,6 +39,10 @@ public:
     // that is locked or does not answer in time is not a missing one: it stays the one in use. The list of another file than
     // before is empty until it is filled.
     void Choose(const QString &configured);
+    // The same without waiting: Looked() comes when the file at `configured` has answered, and ChooseLooked takes that answer.
+    // The file in use stays so until then.
+    void LookAt(const QString &configured);
+    void ChooseLooked();
 
     // Opens the company database at `path` and matches the login name; the identity it stands for, or nothing. Before the first
     // Choose only; the two share what they may wait.
@@ -52,9 +57,9 @@ public:
     // copy.
     void FillJobList();
     void DeleteJob(const QString &item); // and fills the list anew
-    // Adds a job and fills the list anew. `done` comes when the file has answered, unless `context` is gone or another file in
-    // use by then.
-    void CreateJob(QObject *context, const JobItem &job, std::function<void(::CompanyJobs::Creation)> done);
+    // Adds a job and fills the list anew. `done` comes when the file has answered, or as Failed when another one is chosen
+    // before, unless `context` is gone by then. One at a time.
+    void CreateJob(QObject *context, const JobItem &job, std::function<void(Projects::Creation)> done);
 
     // Looks what others have changed; nothing when EnterpriseOn is off, or while the poll before is not answered.
     void Poll();
@@ -63,19 +68,23 @@ public:
     bool IsOwnJobsFile(const QString &path); // the program folder's own "Jobs.mdb", under any spelling
 
     // What the local copy is rebuilt from; nothing unless the job database in use is a shared one, another file than the copy,
-    // and answers in time.
+    // and answers in time. Nothing in a program folder on a network drive, where "Jobs.mdb" is everybody's file.
     std::optional<LocalJobCopy::Snapshot> RowsForLocalCopy(std::chrono::milliseconds limit);
     bool Close(std::chrono::milliseconds limit);                 // false when the file does not answer
     void UpdateLocalJobCopy(const LocalJobCopy::Snapshot &rows); // after Close
 
+    // The configured file that does not serve and is being looked for; empty when there is none.
+    QString SoughtPath() const { return searchTimer_.isActive() ? configured_ : QString(); }
+
 public slots:
-    void LookForConfigured(); // the timer's: quietly, for a configured file that did not serve
+    void LookForConfigured(); // the timer's: quietly; Looked() comes only if it serves now
 
 signals:
     void JobListFilled();
-    // A poll was answered after a request had failed, or after a start without an answer: states and lists may have been missed.
+    // A poll was answered after a request had failed, after a start without an answer, or after another file took the place of
+    // the one in use: states and lists may have been missed.
     void CameBack();
-    void ConfiguredFound(const QString &path); // the configured file serves now; it is not in use yet
+    void Looked(const QString &path); // for ChooseLooked
 
 private:
     using Deadline = std::chrono::steady_clock::time_point;
@@ -98,22 +107,27 @@ private:
     static std::optional<JobList> ReadChangedJobList(dao::Database &database, ListMark &seen);
 
     QString OwnJobsFile() const;
+    static Look LookOf(const QString &path, const QString &own, const std::optional<Answer<bool>> &answer);
     Look Open(const QString &path, Deadline deadline);
+    void Take(const QString &configured, Look look, Deadline deadline);
     void WriteState(Presence::State state);
     void FillFromLocalCopy();
     void TakeJobList(const JobList &list);
     void ShowJobList(const JobList &list);
+    void MissedIfFailed(const Answer<void> &answer);
     void Missed(const dao::Error &error);
 
     const Identity &identity_;
     JobLists &lists_;
     CompanyLink link_;
     QTimer searchTimer_;
-    QString configured_;     // the file that is looked for
-    bool searching_ = false; // a look is under way
-    bool polling_ = false;   // a poll is under way
-    bool missed_ = false;    // a request failed, or the file did not answer at first; since then it was not heard of
-    bool listRead_ = false;  // the list in memory is that of the file in use
-    std::shared_ptr<ListMark> listSeen_;   // at the last reading; the requests, which run in order, keep it
-    std::chrono::milliseconds startLimit_; // what is left of it
+    QString configured_;
+    std::optional<std::pair<QString, Look>> looked_;   // at which file, with what answer
+    bool looking_ = false;                             // quietly, for the configured file
+    std::function<void(Projects::Creation)> creating_; // what waits for the answer of a creation
+    bool polling_ = false;                             // a poll is under way
+    bool missed_ = false;   // a request failed, the file did not answer at first, or it was replaced; no poll since
+    bool listRead_ = false; // the list in memory is that of the file in use
+    std::shared_ptr<ListMark> listSeen_;  // at the last reading; the requests, which run in order, keep it
+    std::chrono::milliseconds nextLimit_; // of the next Choose: what was waited for at start before counts, too
 };

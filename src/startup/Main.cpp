@@ -17,6 +17,8 @@
 
 #include <QLoggingCategory>
 
+#include <utility>
+
 namespace {
 
 Q_LOGGING_CATEGORY(log, "stemp.startup")
@@ -139,14 +141,14 @@ void Main::LoadWindows()
     stempWin_ = std::make_unique<StempWin>(*common_, prompts_,
                                            StempWinParts{program_.clock, program_.timeTable, program_.lists,
                                                          program_.jobDatabase, program_.identity, program_.options,
-                                                         program_.time});
+                                                         program_.time, program_.LocalDB});
     connect(stempWin_.get(), &StempWin::AdminChosen, this, &Main::mnuAdmin_Click);
     connect(stempWin_.get(), &StempWin::SummaryChosen, this, &Main::mnuSummary_Click);
     connect(stempWin_.get(), &StempWin::Stemped, boardDesk_.get(), &BoardDesk::Refresh_Enterprise);
     connect(stempWin_.get(), &StempWin::EnterpriseReady, this, &Main::EnterpriseReady);
     connect(stempWin_.get(), &StempWin::Leaving, boardDesk_.get(), [this] { boardDesk_->EnableTimer(false); });
     connect(&program_.jobDatabase, &JobDatabase::CameBack, this, &Main::TakeUpJobDatabase);
-    connect(&program_.jobDatabase, &JobDatabase::ConfiguredFound, this, &Main::SwitchOver);
+    connect(&program_.jobDatabase, &JobDatabase::Looked, this, &Main::SwitchOver);
     connect(stempWin_.get(), &StempWin::UnloadOthers, this, &Main::UnloadOthers);
     connect(stempWin_.get(), &Form::Unloaded, this, &Main::MainWindowUnloaded);
     stempWin_->Load();
@@ -180,7 +182,7 @@ void Main::ApplySettings()
     }
     if (!identity.UserInitials.isEmpty())
         adminForm_->SetUserName(identity.UserInitials, true);
-    adminForm_->SetSharedListPossible(jobs.CompanyJobs);
+    adminForm_->SetSharedListPossible(HasSharedList());
     program_.options = adminForm_->CurrentOptions();
     jobs.AddSelfToUsers();
     if (identity.UserInitials.isEmpty())
@@ -252,30 +254,37 @@ void Main::SettingsAccepted()
 {
     const QString pathBefore = program_.options.EnterpriseMDBText;
     program_.options = adminForm_->CurrentOptions();
-    const QString path = program_.options.EnterpriseMDBText;
-    if (path == pathBefore) {
+    if (program_.options.EnterpriseMDBText == pathBefore) {
         stempWin_->Enterprise_Init();
         return;
     }
-    SwitchOver(path);
-    if (program_.jobDatabase.CompanyPath != path)
-        prompts_.MsgBox(
-            adminForm_.get(),
-            QStringLiteral("The file\n%1\nis no company database of this program and is not used.").arg(path));
+    pickedPath_ = program_.options.EnterpriseMDBText;
+    program_.jobDatabase.LookAt(pickedPath_); // SwitchOver follows
 }
 
-void Main::SwitchOver(const QString &configured)
+// To a file that was picked in the settings, or that was missing at first.
+void Main::SwitchOver(const QString &path)
 {
     if (program_.StartingUp) // it is looked for again
         return;
     JobDatabase &jobs = program_.jobDatabase;
     jobs.Set_OFF();
-    jobs.Choose(configured);
+    jobs.ChooseLooked();
     if (jobs.CompanyJobs)
         adminForm_->ShowPathInEffect(jobs.CompanyPath);
-    adminForm_->SetSharedListPossible(jobs.CompanyJobs);
+    adminForm_->SetSharedListPossible(HasSharedList());
     program_.options = adminForm_->CurrentOptions();
     TakeUpJobDatabase();
+    if (path == std::exchange(pickedPath_, QString()) && jobs.CompanyPath != path)
+        prompts_.MsgBox(
+            stempWin_.get(),
+            QStringLiteral("The file\n%1\nis no company database of this program and is not used.").arg(path));
+}
+
+// Of which a local copy can be kept. In a program folder on a network drive, "Jobs.mdb" is everybody's file and no copy.
+bool Main::HasSharedList() const
+{
+    return program_.jobDatabase.CompanyJobs && !program_.identity.OnNetworkDrive;
 }
 
 // Says who is here, and shows what is there.
@@ -305,7 +314,11 @@ void Main::UnloadOthers()
     if (repGen_)
         repGen_->Unload();
     boardDesk_->Unload();
+    // The box shows what stands in for a file that is away; the next start looks for that file again.
+    if (const QString sought = program_.jobDatabase.SoughtPath(); !sought.isEmpty())
+        adminForm_->ShowPathInEffect(sought);
     adminForm_->Unload();
+    common_->UnloadHelp();
 }
 
 void Main::MainWindowUnloaded()

@@ -49,7 +49,8 @@ private:
     void mnuAdmin_Click();
     void mnuSummary_Click();
     void SettingsAccepted();
-    void SwitchOver(const QString &configured);
+    void SwitchOver(const QString &path);
+    bool HasSharedList() const;
     void TakeUpJobDatabase();
     void PublishState();
     void EnterpriseReady();
@@ -65,6 +66,7 @@ private:
     std::unique_ptr<BoardDesk> boardDesk_;
     std::unique_ptr<StempWin> stempWin_;
     std::unique_ptr<RepGen> repGen_;            // while it is shown
+    QString pickedPath_;                        // in the settings, not yet in use
     std::future<Module1::TimeDbChoice> timeDb_; // while it is being prepared
     bool ended_ = false;                        // by closing the main window, or with the session
 };

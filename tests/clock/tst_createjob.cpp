@@ -109,7 +109,7 @@ private slots:
         creator.Type(id, u"Roof"_s);
         creator.Press("OKButton");
         QTEST(creator.prompts.messages.join(u'|'), "message");
-        QCOMPARE(creator.Typed(), CompanyJobs::CleanID(id) + u"|Roof"_s);
+        QCOMPARE(creator.Typed(), Projects::CleanID(id) + u"|Roof"_s);
         QVERIFY(creator.form.isVisible() && creator.IsReady());
         QCOMPARE(creator.Stored(), QString());
         QCOMPARE(creator.lists.CompanyList.Contains(u"ØB : "_s), id == u"øb"_s); // loaded again
@@ -147,6 +147,19 @@ private slots:
             QCOMPARE(creator.form.IsLoaded(), !leaves);
             QTRY_VERIFY(!creator.form.IsLoaded() && creator.lists.CompanyList.Contains(u"7 : Roof"_s));
         }
+    }
+
+    void AnotherFileEndsTheWait()
+    {
+        Creator creator(CompanyLink::Mode::Thread);
+        creator.folder.Copy(u"Blank Jobs.mdb"_s, u"other.mdb"_s);
+        dao::Database holder = dao::Database::OpenDatabase(creator.folder.File(jobsFile));
+        holder.Execute(u"BEGIN EXCLUSIVE"_s, {}, {});
+        creator.Type(u"7"_s, u"Roof"_s);
+        creator.Press("OKButton");
+        creator.jobs.Choose(creator.folder.File(u"other.mdb"_s));
+        QVERIFY(creator.IsReady() && !creator.Find<QLabel>("StatusLabel")->text().isEmpty());
+        QCOMPARE(creator.Typed(), u"7|Roof"_s);
     }
 };
 

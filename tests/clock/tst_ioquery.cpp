@@ -105,20 +105,6 @@ private slots:
             }
     }
 
-    void ArrowsOnlySelect()
-    {
-        Query query;
-        query.Show();
-        for (const int expected : {2, 3, 1}) {
-            QTest::keyClick(query.form.focusWidget(), Qt::Key_Down);
-            QCOMPARE(query.form.focusWidget(), query.Option(expected));
-            QVERIFY(query.Option(expected)->isChecked());
-        }
-        QTest::mouseClick(query.Option(2), Qt::LeftButton, {}, QPoint(10, 10));
-        QVERIFY(query.Option(2)->isChecked());
-        QVERIFY(query.Undecided());
-    }
-
     void TypedTime()
     {
         const QString future = u"You are stemping out in the FUTURE! (but that's ok)"_s;

@@ -4,7 +4,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
-#include <QTimer>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -51,21 +50,6 @@ private slots:
         QVERIFY(!user.isVisible() && user.HasInitials());
         QCOMPARE(user.Initials(), u"ÆØ"_s);
         QCOMPARE(user.FullName(), QString()); // the placeholder is no name
-    }
-
-    void TakesOverWhatWasTyped()
-    {
-        AnsweredPrompts prompts;
-        QString initials = u"ROOT"_s;
-        QString fullName = u"root"_s;
-        QTimer::singleShot(0, this, [] {
-            QWidget *window = QApplication::activeModalWidget();
-            QTest::keyClicks(window->focusWidget(), u"aj"_s); // replaces the suggestion, which is selected
-            QTest::keyClick(window->focusWidget(), Qt::Key_Enter);
-        });
-        QVERIFY(AskInitials(initials, fullName, RefuseCon, prompts));
-        QCOMPARE(initials, u"AJ"_s);
-        QCOMPARE(fullName, u"root"_s);
     }
 };
 

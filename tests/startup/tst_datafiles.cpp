@@ -36,10 +36,6 @@ private slots:
         QCOMPARE(Module1::PrepareTimeDb(Anna(folder), now).path, folder.File(u"ANNA.mdb"_s));
         QVERIFY(folder.Sql(u"ANNA.mdb"_s, u"SELECT * FROM Stemp"_s).isEmpty());
         QCOMPARE(folder.Sql(u"Blank.mdb"_s, u"SELECT * FROM Stemp"_s).size(), 1);
-        // Made once: rows that came since are still there at the next start.
-        folder.Sql(u"ANNA.mdb"_s, u"INSERT INTO Stemp (JobID) VALUES ('Y')"_s);
-        QVERIFY(Module1::PrepareTimeDb(Anna(folder), now).message.isEmpty());
-        QCOMPARE(folder.Sql(u"ANNA.mdb"_s, u"SELECT * FROM Stemp"_s).size(), 1);
     }
 
     void ACopyThatWasFasterWins()
@@ -86,16 +82,6 @@ private slots:
         QCOMPARE(kept.readAll(), content);
         for (const char *table : {"Projects", "NotesList", "MessageBuffer", "PersonalStatus"})
             folder.Sql(u"ANNA Stemp.mdb"_s, u"SELECT * FROM "_s + QLatin1String(table));
-    }
-
-    void SetsASecondDamagedFileOfTheSameSecondAside()
-    {
-        const ProgramFolder folder;
-        for (const QByteArray content : {"first", "second"}) {
-            folder.Write(u"x.mdb"_s, content);
-            QVERIFY(DataFiles::SetAside(folder.File(u"x.mdb"_s), now));
-        }
-        QCOMPARE(folder.Names().filter(u"x.mdb.damaged"_s).size(), 2);
     }
 };
 

@@ -3,10 +3,8 @@
 #include "startup/LocalJobCopy.h"
 #include "support/ProgramFolder.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
-#include <QProcess>
 #include <QTest>
 
 using namespace Qt::Literals::StringLiterals;
@@ -122,36 +120,7 @@ private slots:
             QCOMPARE(folder.Names().filter(u"Jobs.mdb"_s), QStringList({blank, local}));
         }
     }
-
-    void OutlivesAKill()
-    {
-        const ProgramFolder folder;
-        LeaveOldCopy(folder, false);
-        Write(folder);
-        for (int round = 0; round < 8; ++round) {
-            QProcess writer;
-            writer.start(QCoreApplication::applicationFilePath(), {u"--write"_s, folder.Path()});
-            QVERIFY(writer.waitForReadyRead());
-            QTest::qWait(round * 3); // into another step each time
-            writer.kill();
-            QVERIFY(writer.waitForFinished());
-            QCOMPARE(Copied(folder), Text(snapshot));
-        }
-    }
 };
 
-// With "--write FOLDER" it makes the copy over and over, until it is killed.
-int main(int argc, char *argv[])
-{
-    const QCoreApplication application(argc, argv);
-    const QDir folder(application.arguments().value(2));
-    if (application.arguments().value(1) == u"--write"_s) {
-        puts("ready");
-        fflush(stdout);
-        for (;;)
-            LocalJobCopy::Write(folder.filePath(blank), folder.filePath(local), snapshot);
-    }
-    TestLocalJobCopy test;
-    return QTest::qExec(&test, argc, argv);
-}
+QTEST_GUILESS_MAIN(TestLocalJobCopy)
 #include "tst_localjobcopy.moc"

@@ -1,4 +1,6 @@
+#include "platform/forms/Form.h"
 #include "support/RunningCopy.h"
+#include "texts/Danish.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -301,6 +303,39 @@ private slots:
         copy.Close();
         QCOMPARE(copy.prompts.messages.size(), 1);
         QCOMPARE(folder.Sql(timeFile, allRows), QList<QVariantList>({{u"A"_s, u"a"_s, 0}}));
+    }
+
+    // What a design can't hold, such as timers; the windows that the menu opens as well.
+    void EveryControlWithoutAWidgetHasHelp()
+    {
+        const ProgramFolder folder;
+        RunningCopy copy(folder);
+        QVERIFY(copy.Start());
+        QSet<QString> windows;
+        QSet<QString> wanting;
+        const auto check = [&] {
+            for (const QWidget *window : QApplication::topLevelWidgets()) {
+                const auto *form = qobject_cast<const Form *>(window);
+                if (!form)
+                    continue;
+                windows.insert(form->Name());
+                for (const auto &control : form->Controls())
+                    if (!control->Widget() && DanishText(form->Name(), control->Design().help).isEmpty())
+                        wanting.insert(form->Name() + u'.' + control->Key());
+            }
+        };
+        QTimer timer;
+        timer.callOnTimeout(this, [&] {
+            check();
+            if (auto *opened = qobject_cast<Form *>(QApplication::activeModalWidget()))
+                opened->Unload();
+        });
+        timer.start(5);
+        for (QAction *entry : copy.main.Window()->findChildren<QAction *>(QRegularExpression(u"^mnu"_s)))
+            entry->trigger();
+        check();
+        QVERIFY(windows.contains({u"StempWin"_s, u"AdminForm"_s, u"MessageBoard"_s, u"RepGen"_s}));
+        QCOMPARE(wanting, QSet<QString>());
     }
 };
 

@@ -1,4 +1,4 @@
-#include "clock/CompanyJobs.h"
+#include "clock/Projects.h"
 
 #include "clock/JobList.h"
 #include "platform/dao/Database.h"
@@ -11,20 +11,20 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-QString CompanyJobs::CleanID(const QString &typed)
+QString Projects::CleanID(const QString &typed)
 {
     QString id = typed;
     return id.replace(u':', u' ').trimmed();
 }
 
-bool CompanyJobs::IsListed(const JobList &list, const QString &id)
+bool Projects::IsListed(const JobList &list, const QString &id)
 {
     const QString begin = id % u" :"_s;
     return std::any_of(list.Items().cbegin(), list.Items().cend(),
                        [&](const QString &item) { return item.startsWith(begin, Qt::CaseInsensitive); });
 }
 
-QString CompanyJobs::NextID(const QString &id)
+QString Projects::NextID(const QString &id)
 {
     bool isNumber = false;
     const qint64 number = id.toLongLong(&isNumber);
@@ -33,7 +33,7 @@ QString CompanyJobs::NextID(const QString &id)
     return QString::number(number + 1);
 }
 
-CompanyJobs::Creation CompanyJobs::AddJob(dao::Database &database, const JobItem &job)
+Projects::Creation Projects::AddJob(dao::Database &database, const JobItem &job)
 {
     const QString purpose = u"creating a company job"_s;
     try {
@@ -52,7 +52,7 @@ CompanyJobs::Creation CompanyJobs::AddJob(dao::Database &database, const JobItem
     }
 }
 
-bool CompanyJobs::DeleteJob(dao::Database &database, const QString &item)
+bool Projects::DeleteJob(dao::Database &database, const QString &item)
 {
     const qsizetype end = item.indexOf(QStringLiteral(" :"));
     if (end < 1)

@@ -11,7 +11,7 @@ class Database;
 }
 
 // The company job list in the job database. What takes a database throws dao::Error.
-namespace CompanyJobs {
+namespace Projects {
 
 enum class Creation {
     Stored,
@@ -34,4 +34,4 @@ Creation AddJob(dao::Database &database, const JobItem &job);
 // Deletes the job of a job item; false when there is none, or when the item names no id.
 bool DeleteJob(dao::Database &database, const QString &item);
 
-} // namespace CompanyJobs
+} // namespace Projects

@@ -1,0 +1,33 @@
+#include "clock/NoteText.h"
+
+#include "platform/dao/Database.h"
+
+#include <QDate>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr qsizetype ownLineFrom = 51; // characters
+
+}
+
+QString DatedNote(const QString &text, const QDate &day)
+{
+    const bool ownLine = text.toUcs4().size() >= ownLineFrom;
+    return day.toString(u"yyyy.MM.dd") + (ownLine ? "\r\n"_L1 : " - "_L1) + text;
+}
+
+std::vector<Note> ReadNotes(dao::Database &localDB)
+{
+    std::vector<Note> notes;
+    for (const QVariantList &row :
+         localDB.Select(u"SELECT JobID, Note FROM NotesList ORDER BY Id"_s, {}, u"reading the notes"_s))
+        notes.push_back({row[0].toString(), row[1].toString()});
+    return notes;
+}
+
+void AddNote(dao::Database &localDB, const Note &note)
+{
+    localDB.Insert(u"INSERT INTO NotesList (JobID, Note) VALUES (?, ?)"_s, {note.jobID, note.text}, u"adding a note"_s);
+}

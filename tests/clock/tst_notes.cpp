@@ -1,0 +1,213 @@
+#include "clock/NoteText.h"
+#include "clock/Notes.h"
+#include "platform/dao/Database.h"
+#include "support/AnsweredPrompts.h"
+#include "support/NoTexts.h"
+#include "support/ProgramFolder.h"
+#include "support/SettableTime.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTableView>
+#include <QTest>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+const QString notesFile = u"ANNA Stemp.mdb"_s;
+
+// The window on the screen, while the clock stands at job "O'B" and at 2 March 2026.
+struct Notebook
+{
+    explicit Notebook(const std::vector<Note> &notes = {})
+    {
+        folder.Copy(u"blank Stemp.mdb"_s, notesFile);
+        localDB = dao::Database::OpenDatabase(folder.File(notesFile), std::chrono::milliseconds(1));
+        dao::Transaction adding(localDB, {});
+        for (const Note &note : notes)
+            AddNote(localDB, note);
+        adding.Commit();
+        form.Load();
+        form.show();
+    }
+
+    template <class T> T *Find(const char *name) const { return form.findChild<T *>(QLatin1String(name)); }
+    QPlainTextEdit *NewNote() const { return Find<QPlainTextEdit>("NoteText"); }
+    QString Status() const { return Find<QLabel>("StatusLabel")->text(); }
+    void Press(const char *button) const { QTest::mouseClick(Find<QPushButton>(button), Qt::LeftButton); }
+    void Save(const QString &text) const
+    {
+        NewNote()->setPlainText(text);
+        Press("SaveButton");
+    }
+    QString Whole() const { return Find<QPlainTextEdit>("WholeNote")->toPlainText(); }
+    QString Current() const // the chosen row, which must be in view, with the whole note beneath
+    {
+        const auto *grid = Find<QTableView>("NotesGrid");
+        const QModelIndex current = grid->currentIndex();
+        const bool inView = grid->viewport()->rect().contains(grid->visualRect(current));
+        const QString text = current.siblingAtColumn(1).data().toString();
+        return inView && Whole() == QString(text).replace(u"\r\n"_s, u"\n"_s) ? text : u"?"_s;
+    }
+    QStringList Stored()
+    {
+        QStringList stored;
+        for (const Note &note : ReadNotes(localDB))
+            stored.append(note.jobID + u'|' + note.text);
+        return stored;
+    }
+
+    ProgramFolder folder;
+    dao::Database localDB;
+    SettableTime time;
+    AnsweredPrompts prompts;
+    NoTexts texts;
+    Notes form{texts, prompts, localDB, time, u"O'B"_s};
+};
+
+std::vector<Note> Many()
+{
+    std::vector<Note> notes(30, Note{u"A"_s, u"2026.01.01 - often"_s});
+    notes[12] = {u"o'b"_s, u"2026.01.02 - first of the job"_s};
+    notes[13] = {u"O'B"_s, u"2026.01.03 - second\r\nRØDGRØD 50% off_"_s};
+    notes[29].text = u"2026.02.01 - newest"_s;
+    return notes;
+}
+
+} // namespace
+
+class TestNotes : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void StoresNotes_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("stored");
+        const QString x(50, u'x');
+        const QString smiles = u"😀"_s.repeated(50);
+        const QString tall = u"Line one, 100% \"done\"\n\n'; DROP TABLE NotesList; --\n😀 æøå"_s;
+        const QString huge = u"long and longer "_s.repeated(6250) + u'.';
+        QTest::newRow("50") << u"\n  "_s + x + u"  "_s << u"2026.03.02 - "_s + x;
+        QTest::newRow("51") << x + u'y' << u"2026.03.02\r\n"_s + x + u'y';
+        QTest::newRow("50 emoji") << smiles << u"2026.03.02 - "_s + smiles;
+        QTest::newRow("51 emoji") << smiles + u'.' << u"2026.03.02\r\n"_s + smiles + u'.';
+        QTest::newRow("lines, quotes, percent") << tall << u"2026.03.02\r\n"_s + tall;
+        QTest::newRow("100,000") << huge << u"2026.03.02\r\n"_s + huge;
+    }
+    void StoresNotes()
+    {
+        QFETCH(QString, typed);
+        QFETCH(QString, stored);
+        Notebook book(Many());
+        book.Find<QLineEdit>("FindText")->setText(u"second"_s);
+        book.Find<QLineEdit>("JobText")->setText(u" D'A \" 7 "_s);
+        book.Save(typed);
+        QCOMPARE(book.Stored().last(), u"D'A \" 7|"_s + stored);
+        QCOMPARE(book.Current(), stored);
+        QCOMPARE(book.NewNote()->toPlainText(), QString());
+        QCOMPARE(book.form.focusWidget(), book.NewNote());
+        book.Save(u" \n\t "_s); // nothing
+        QTest::keyClick(book.NewNote(), Qt::Key_Return, Qt::ControlModifier);
+        QCOMPARE(book.Stored().size(), 31);
+        QVERIFY(book.form.close() && book.prompts.messages.isEmpty());
+    }
+
+    void FindsNotes()
+    {
+        const Notebook book(Many());
+        auto *job = book.Find<QLineEdit>("JobText");
+        auto *find = book.Find<QLineEdit>("FindText");
+        const auto *grid = book.Find<QTableView>("NotesGrid");
+        QCOMPARE(job->text(), u"O'B"_s);
+        QCOMPARE(book.Current(), u"2026.01.02 - first of the job"_s);
+        QCOMPARE(grid->rowHeight(5), book.NewNote()->height());
+        find->setText(u"rødgrød 50% off_"_s);
+        QCOMPARE(grid->model()->rowCount(), 1);
+        QVERIFY(book.Current().startsWith(u"2026.01.03"));
+        find->setText(u"nowhere"_s);
+        QVERIFY(!book.Status().isEmpty() && book.Whole().isEmpty());
+        find->setFocus();
+        QTest::keyClick(find, Qt::Key_Escape);
+        QVERIFY(book.form.IsLoaded() && book.Status().isEmpty());
+        QCOMPARE(grid->model()->rowCount(), 30);
+        job->setFocus();
+        job->setText(u"Z"_s);
+        QTest::keyClick(job, Qt::Key_Return);
+        QCOMPARE(book.Current(), u"2026.02.01 - newest"_s);
+        QVERIFY(!book.Status().isEmpty());
+        QTest::keyClick(job, Qt::Key_Escape);
+        QVERIFY(!book.form.IsLoaded());
+        const Notebook empty;
+        QVERIFY(!empty.Status().isEmpty());
+    }
+
+    void LosesNothing()
+    {
+        Notebook book;
+        dao::Database other = dao::Database::OpenDatabase(book.folder.File(notesFile));
+        other.Execute(u"BEGIN EXCLUSIVE"_s, {}, {});
+        book.Save(u"kept"_s);
+        QVERIFY(!book.Status().isEmpty());
+        QTest::keyClick(book.NewNote(), Qt::Key_Escape); // and back
+        QCOMPARE(book.NewNote()->toPlainText(), u"kept"_s);
+        QCOMPARE(book.prompts.messages.size(), 1);
+        QVERIFY(book.form.IsLoaded());
+        other.Close();
+        book.Press("SaveButton");
+        QCOMPARE(book.Status(), QString());
+        QCOMPARE(book.Current(), u"2026.03.02 - kept"_s);
+        book.NewNote()->setPlainText(u"unfinished"_s);
+        QString boxes; // what would be kept with the texts of the window
+        book.texts.saved = [&](const Form &) { boxes = book.NewNote()->toPlainText() + book.Whole() + book.Status(); };
+        book.form.Unload(); // the session ends
+        QCOMPARE(book.Stored(), QStringList({u"O'B|2026.03.02 - kept"_s, u"O'B|2026.03.02 - unfinished"_s}));
+        QCOMPARE(boxes, QString());
+    }
+
+    void DiscardsWhatIsToBeDiscarded()
+    {
+        Notebook book;
+        book.NewNote()->setPlainText(u"nonsense"_s);
+        book.prompts.firstChoice = false;
+        book.Press("OKButton");
+        QVERIFY(!book.form.IsLoaded() && book.Stored().isEmpty());
+    }
+
+    void FollowsTheWindow()
+    {
+        Notebook book;
+        QTRY_VERIFY(book.form.IsSettled());
+        const auto place = [&](const char *name) { return book.Find<QWidget>(name)->geometry(); };
+        const auto places = [&] {
+            QString text;
+            for (const auto &control : book.form.Controls())
+                if (const QWidget *widget = control->Widget())
+                    QDebug(&text) << widget->geometry();
+            return text;
+        };
+        const QString before = places();
+        const QRect grid = place("NotesGrid");
+        const QRect whole = place("WholeNote");
+        const QSize size = book.form.size();
+        for (int step = 1; step <= 90; ++step)
+            book.form.resize(size + QSize(step, step));
+        QCOMPARE(place("NotesGrid"), grid.adjusted(0, 0, 90, 60));
+        QCOMPARE(place("WholeNote"), whole.adjusted(0, 60, 90, 90));
+        book.form.resize(size);
+        QCOMPARE(places(), before);
+        book.form.showMaximized();
+        QTRY_VERIFY(places() != before);
+        QString stored;
+        book.texts.saved = [&](const Form &) { stored = places(); };
+        book.form.Unload();
+        QCOMPARE(stored, before);
+    }
+};
+
+QTEST_MAIN(TestNotes)
+#include "tst_notes.moc"
