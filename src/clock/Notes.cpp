@@ -223,9 +223,7 @@ bool Notes::Save()
     ui_->NoteText->clear();
     ui_->FindText->clear();
     ui_->StatusLabel->clear();
-    std::vector<RowsModel::Row> rows = notes_.Rows();
-    rows.push_back(RowOf(note));
-    notes_.SetRows(std::move(rows));
+    ReadAll();
     return true;
 }
 
@@ -241,6 +239,7 @@ void Notes::ShowJob()
 void Notes::FindText_Change()
 {
     found_.setFilterFixedString(ui_->FindText->text());
+    ui_->NotesGrid->doItemsLayout(); // else it can't be scrolled yet to a row that has come back
     if (const QModelIndex current = ui_->NotesGrid->currentIndex(); current.isValid())
         ui_->NotesGrid->scrollTo(current);
     else

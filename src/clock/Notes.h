@@ -21,7 +21,8 @@ class Notes;
 }
 
 // The dated notes of all jobs, the oldest first, with the current one in full below the grid. A note that was typed and not
-// saved is never lost: a person who closes the window is asked about it, and unloading without a question saves it.
+// saved is never lost: a person who closes the window is asked about it, and unloading without a question saves it, if the
+// database can be written.
 class Notes : public Form
 {
     Q_OBJECT

@@ -230,6 +230,7 @@ void StempWin::StempOutLook()
 void StempWin::ShowRunTimeTexts()
 {
     parts_.clock.state.IsStempedIn ? StempInLook() : StempOutLook();
+    ShowUnsaved();
 }
 
 void StempWin::StempIn(const QString &item)

@@ -52,28 +52,28 @@ void JobDatabase::Choose(const QString &configured)
 
 void JobDatabase::LookAt(const QString &configured)
 {
-    looked_.reset();
-    link_.AskOf(
-        configured, this,
-        [configured, own = OwnJobsFile()](dao::Database &) { return DataFiles::SameFile(configured, own); },
-        [this, configured](const Answer<bool> &answer) {
-            looked_.emplace(configured, LookOf(configured, OwnJobsFile(), answer));
-            emit Looked(configured);
-        });
+    searchTimer_.stop(); // what it looked for is not wanted any more
+    TryOut(configured, false);
 }
 
 void JobDatabase::LookForConfigured()
 {
-    if (std::exchange(looking_, true))
-        return;
-    const QString path = configured_;
+    if (!std::exchange(searching_, true))
+        TryOut(configured_, true);
+}
+
+// Quietly: nothing comes of a file that does not serve, as it was told of when it was first looked for.
+void JobDatabase::TryOut(const QString &path, bool quietly)
+{
+    wanted_ = path;
     link_.AskOf(
         path, this, [path, own = OwnJobsFile()](dao::Database &) { return DataFiles::SameFile(path, own); },
-        [this, path](const Answer<bool> &answer) {
-            looking_ = false;
-            if (answer.error) // it was told of when it was first looked for
+        [this, path, quietly](const Answer<bool> &answer) {
+            if (quietly)
+                searching_ = false;
+            if (path != wanted_ || (quietly && answer.error))
                 return;
-            looked_.emplace(path, LookOf(path, OwnJobsFile(), answer));
+            looked_ = LookOf(path, OwnJobsFile(), answer);
             emit Looked(path);
         });
 }
@@ -82,10 +82,11 @@ void JobDatabase::ChooseLooked()
 {
     if (!looked_)
         return;
-    const auto [configured, look] = *std::exchange(looked_, std::nullopt);
+    const Look look = *std::exchange(looked_, std::nullopt);
+    const QString path = wanted_;
     if (look.serves)
-        link_.Open(configured);
-    Take(configured, look, In(waitLimit));
+        link_.Open(path);
+    Take(path, look, In(waitLimit));
 }
 
 void JobDatabase::Take(const QString &configured, Look look, Deadline deadline)
@@ -112,7 +113,8 @@ void JobDatabase::Take(const QString &configured, Look look, Deadline deadline)
         EnterpriseOn = true;
 
     missed_ = !look.answers;
-    polling_ = looking_ = false; // what was under way is not answered any more
+    polling_ = searching_ = false; // what was under way is not heard any more
+    wanted_.clear();
     listSeen_ = std::make_shared<ListMark>();
     configured_ = configured;
     if (configured.isEmpty() || path == configured)

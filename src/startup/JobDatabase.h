@@ -14,13 +14,12 @@
 #include <functional>
 #include <memory>
 #include <optional>
-#include <utility>
 
 struct Identity;
 struct JobLists;
 
-// The job database in use: which file it is, and all that is asked of it. Choose, MatchLoginToUser, FileExists, IsOwnJobsFile,
-// RowsForLocalCopy and Close wait for the file system, each in all at most for its limit; a file that was waited for in vain is
+// The job database in use: which file it is, and all that is asked of it. Choose, ChooseLooked, MatchLoginToUser, FileExists,
+// IsOwnJobsFile, RowsForLocalCopy and Close wait for the file system, each in all at most for its limit; a file that was waited for in vain is
 // not waited for again until it has answered. UpdateLocalJobCopy writes in the program folder. Nothing else here blocks.
 class JobDatabase : public QObject
 {
@@ -39,8 +38,9 @@ public:
     // that is locked or does not answer in time is not a missing one: it stays the one in use. The list of another file than
     // before is empty until it is filled.
     void Choose(const QString &configured);
-    // The same without waiting: Looked() comes when the file at `configured` has answered, and ChooseLooked takes that answer.
-    // The file in use stays so until then.
+    // The same without waiting for that file: Looked() comes when the one at `configured` has answered, unless another was
+    // looked at since, and ChooseLooked takes that answer. The file in use stays so until then. ChooseLooked waits as Choose
+    // does for the program folder's own file when the other one does not serve.
     void LookAt(const QString &configured);
     void ChooseLooked();
 
@@ -109,6 +109,7 @@ private:
     QString OwnJobsFile() const;
     static Look LookOf(const QString &path, const QString &own, const std::optional<Answer<bool>> &answer);
     Look Open(const QString &path, Deadline deadline);
+    void TryOut(const QString &path, bool quietly);
     void Take(const QString &configured, Look look, Deadline deadline);
     void WriteState(Presence::State state);
     void FillFromLocalCopy();
@@ -122,8 +123,9 @@ private:
     CompanyLink link_;
     QTimer searchTimer_;
     QString configured_;
-    std::optional<std::pair<QString, Look>> looked_;   // at which file, with what answer
-    bool looking_ = false;                             // quietly, for the configured file
+    QString wanted_;             // the file that was last asked to come into use; answers of others are not heard
+    std::optional<Look> looked_; // its answer
+    bool searching_ = false;     // a look for the configured file is under way
     std::function<void(Projects::Creation)> creating_; // what waits for the answer of a creation
     bool polling_ = false;                             // a poll is under way
     bool missed_ = false;   // a request failed, the file did not answer at first, or it was replaced; no poll since

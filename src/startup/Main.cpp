@@ -17,8 +17,6 @@
 
 #include <QLoggingCategory>
 
-#include <utility>
-
 namespace {
 
 Q_LOGGING_CATEGORY(log, "stemp.startup")
@@ -275,10 +273,14 @@ void Main::SwitchOver(const QString &path)
     adminForm_->SetSharedListPossible(HasSharedList());
     program_.options = adminForm_->CurrentOptions();
     TakeUpJobDatabase();
-    if (path == std::exchange(pickedPath_, QString()) && jobs.CompanyPath != path)
-        prompts_.MsgBox(
-            stempWin_.get(),
-            QStringLiteral("The file\n%1\nis no company database of this program and is not used.").arg(path));
+    if (path != pickedPath_)
+        return;
+    pickedPath_.clear();
+    if (jobs.CompanyPath != path)
+        prompts_.MsgBox(stempWin_.get(),
+                        QStringLiteral("The file\n%1\nis no company database of this program and is not used. The job "
+                                       "list is now the one in the program folder.")
+                            .arg(path));
 }
 
 // Of which a local copy can be kept. In a program folder on a network drive, "Jobs.mdb" is everybody's file and no copy.

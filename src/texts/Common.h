@@ -41,7 +41,6 @@ public:
     void FormMouseDown(Form &form, const QMouseEvent &mouse) override;
     void FormMouseMove(Form &form, const QMouseEvent &mouse) override;
 
-    bool IsInEditMode(const Form &form) const { return editMode_.IsOn(form); }
     void LeaveEditMode(const Form &form); // of another form: goes on
 
     // Shows the help in the row `key` of the form's table; "Me" is that of the form itself, which also stands in for a control

@@ -24,13 +24,19 @@ Q_LOGGING_CATEGORY(log, "stemp.texts")
 
 constexpr qsizetype longestList = 8; // of changed texts in a question
 
+QString InLanguage(const QString &context, const QString &english, const TextLanguage &language)
+{
+    const QString danish = language.LanguageName == "Danish"_L1 ? DanishText(context, english) : QString();
+    return danish.isEmpty() ? english : danish;
+}
+
 // Stands under the help of every form, where a person in need of it looks.
 QString WayBackHint(const TextLanguage &language)
 {
     const QString english =
         QLatin1String(QT_TRANSLATE_NOOP("Help", "Ctrl+E changes texts and places in this window (Escape ends it), and "
                                                 "Ctrl+Shift+Backspace puts the shipped ones back."));
-    return language.LanguageName == "Danish"_L1 ? DanishText(u"Help"_s, english) : english;
+    return InLanguage(u"Help"_s, english, language);
 }
 
 QString ResetQuestion(const QStringList &changedTexts)
@@ -152,7 +158,7 @@ QString Common::HelpOf(const Form &form, const QString &key)
         qCWarning(log).noquote() << form.Name() << error.Text();
     }
     const Control *control = ControlIndex(form).FindControl(key);
-    return control ? control->Design().help : form.DesignHelp();
+    return InLanguage(form.Name(), control ? control->Design().help : form.DesignHelp(), state_.language);
 }
 
 void Common::PutShippedBack(Form &form)

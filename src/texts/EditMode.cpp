@@ -35,7 +35,7 @@ void EditMode::Leave()
     qApp->removeEventFilter(this);
     if (!form_)
         return;
-    const Form &form = *form_;
+    Form &form = *form_;
     GenEdit::CancelOn(form);
     form_->UncoverBackColor();
     form_ = nullptr;
@@ -45,6 +45,7 @@ void EditMode::Leave()
         if (control.Visible().value_or(SavedVisible[position]) != SavedVisible[position])
             control.SetVisible(SavedVisible[position]);
     }
+    form.ShowRunTimeTexts(); // what the program wanted to show or hide meanwhile
 }
 
 bool EditMode::eventFilter(QObject *watched, QEvent *event)
@@ -92,7 +93,7 @@ bool EditMode::eventFilter(QObject *watched, QEvent *event)
         MeetPress(*event);
     else if (event->type() == QEvent::ShortcutOverride) // what is accepted here becomes no shortcut
         event->accept();
-    else if (event->type() == QEvent::KeyPress && !editing_)
+    else if (event->type() == QEvent::KeyPress && !GenEdit::IsOn(*form_))
         services_.FormKeyDown(*form_, static_cast<QKeyEvent &>(*event));
     return true;
 }
@@ -110,12 +111,10 @@ void EditMode::MeetPress(QEvent &event)
 
 void EditMode::OpenEditor(QPoint surfacePoint)
 {
-    if (!form_ || editing_)
+    if (!form_)
         return;
     const QPointer<Form> form = form_;
-    editing_ = true;
     const GenEdit::Outcome outcome = GenEdit::Run(*form, surfacePoint);
-    editing_ = false;
     if (outcome == GenEdit::Outcome::Cancelled && form == form_)
         Leave();
 }

@@ -31,5 +31,4 @@ private:
     FormServices &services_;
     QPointer<Form> form_;
     std::array<bool, 201> SavedVisible{}; // by position in Controls; controls beyond are not recorded
-    bool editing_ = false;
 };

@@ -3,6 +3,7 @@
 #include "platform/forms/ChartWidget.h"
 #include "platform/forms/ControlFactory.h"
 #include "platform/forms/LineWidget.h"
+#include "platform/forms/TextEdits.h"
 #include "texts/EditedPlace.h"
 
 #include <QAbstractButton>
@@ -10,12 +11,10 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QStyleOptionButton>
 #include <QStyleOptionGroupBox>
-#include <QTextEdit>
 
 #include <cmath>
 
@@ -152,7 +151,7 @@ void EditView::MakeText(const QString &caption)
     if (qobject_cast<const ChartWidget *>(look_)) // which writes its title so
         font.setBold(true);
     if (wraps || caption.contains(u'\n')) {
-        lines_ = new QTextEdit(&editor_);
+        lines_ = new TextEdit(&editor_);
         lines_->setAcceptRichText(false);
         lines_->setFrameShape(QFrame::NoFrame);
         lines_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

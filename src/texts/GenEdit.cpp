@@ -71,6 +71,11 @@ GenEdit::Outcome GenEdit::Run(Form &form, QPoint surfacePoint)
     return outcome;
 }
 
+bool GenEdit::IsOn(const Form &form)
+{
+    return EditorOn(form) != nullptr;
+}
+
 void GenEdit::CancelOn(const Form &form)
 {
     if (GenEdit *editor = EditorOn(form))

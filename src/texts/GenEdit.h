@@ -28,6 +28,7 @@ public:
     // hidden, unloaded or destroyed meanwhile, or its window lose activation: that cancels. One editor at a time on a
     // form: while one is open, nothing is picked.
     static Outcome Run(Form &form, QPoint surfacePoint);
+    static bool IsOn(const Form &form); // one is open on it
 
     // Cancels the editing on a form, if there is any; the control is visible again at once, before its visibility is
     // read.

@@ -54,8 +54,8 @@ void Help::ComeUp(Form &asker)
     }
     setWindowState(windowState() & ~Qt::WindowMinimized);
     show();
-    raise();
     asker.activateWindow();
+    raise(); // last, or an asker as large as that would cover it
 }
 
 void Help::Form_Load()
@@ -66,6 +66,7 @@ void Help::Form_Load()
 
 void Help::Form_Unload()
 {
+    ui_->HelpText->clear(); // what was asked about last is nothing to keep
     SaveTexts();
 }
 

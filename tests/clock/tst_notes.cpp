@@ -6,8 +6,10 @@
 #include "support/ProgramFolder.h"
 #include "support/SettableTime.h"
 
+#include <QClipboard>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTableView>
@@ -129,6 +131,8 @@ private slots:
         find->setText(u"rødgrød 50% off_"_s);
         QCOMPARE(grid->model()->rowCount(), 1);
         QVERIFY(book.Current().startsWith(u"2026.01.03"));
+        find->clear();
+        QVERIFY(book.Current().startsWith(u"2026.01.03"));
         find->setText(u"nowhere"_s);
         QVERIFY(!book.Status().isEmpty() && book.Whole().isEmpty());
         find->setFocus();
@@ -162,6 +166,8 @@ private slots:
         QCOMPARE(book.Status(), QString());
         QCOMPARE(book.Current(), u"2026.03.02 - kept"_s);
         book.NewNote()->setPlainText(u"unfinished"_s);
+        QGuiApplication::clipboard()->setMimeData(new QMimeData);
+        QTest::keyClick(book.NewNote(), Qt::Key_V, Qt::ControlModifier);
         QString boxes; // what would be kept with the texts of the window
         book.texts.saved = [&](const Form &) { boxes = book.NewNote()->toPlainText() + book.Whole() + book.Status(); };
         book.form.Unload(); // the session ends

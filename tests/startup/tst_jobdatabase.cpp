@@ -162,6 +162,25 @@ private slots:
         QCOMPARE(copy.cameBack.size(), 1);
     }
 
+    void TakesTheFileThatWasPickedLast()
+    {
+        const WithCompany folder;
+        folder.Copy(u"Blank Jobs.mdb"_s, u"other.mdb"_s);
+        Copy copy(folder, false, CompanyLink::Mode::Thread);
+        copy.jobs.Choose(folder.File(u"missing.mdb"_s));
+        connect(&copy.jobs, &JobDatabase::Looked, &copy.jobs, &JobDatabase::ChooseLooked);
+        dao::Database holder = dao::Database::OpenDatabase(folder.Company());
+        holder.Execute(u"BEGIN EXCLUSIVE"_s, {}, {});
+        copy.jobs.LookAt(folder.Company());
+        QVERIFY(copy.jobs.LocalJobs && copy.jobs.SoughtPath().isEmpty());
+        copy.jobs.LookAt(folder.File(u"other.mdb"_s));
+        holder.Close();
+        QTRY_COMPARE(copy.jobs.CompanyPath, folder.File(u"other.mdb"_s));
+        copy.jobs.LookAt(folder.Company());
+        QTRY_COMPARE(copy.jobs.CompanyPath, folder.Company());
+        QCOMPARE(copy.found.size(), 2);
+    }
+
     void GoesOnWithoutAFileThatIsLockedAtStart()
     {
         const WithCompany folder;

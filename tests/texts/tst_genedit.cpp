@@ -4,9 +4,11 @@
 #include "texts/ControlPicker.h"
 #include "texts/GenEdit.h"
 
+#include <QClipboard>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTableView>
@@ -255,6 +257,8 @@ private slots:
             form_->Press(Qt::Key_F1);
             form_->Press(Qt::Key_O, Qt::AltModifier);
             form_->Press(Qt::Key_Backtab, Qt::ShiftModifier);
+            QGuiApplication::clipboard()->setMimeData(new QMimeData);
+            form_->Press(Qt::Key_V, Qt::ControlModifier); // nothing to paste
             form_->Press(Qt::Key_Home, Qt::ControlModifier);
             form_->Press(Qt::Key_Return);
             form_->Press(Qt::Key_Tab);

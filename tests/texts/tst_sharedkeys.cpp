@@ -201,6 +201,19 @@ private slots:
         QCOMPARE(form_->happened, QStringList(u"other"_s));
     }
 
+    void VisibilityComesBackUpToPosition200()
+    {
+        while (form_->Controls().size() <= 201)
+            form_->CreateMember(u"Labels"_s, static_cast<int>(form_->Controls().size()));
+        Press(Qt::Key_E, Qt::ControlModifier);
+        for (const int position : {199, 200, 201})
+            form_->ControlAt(position)->SetVisible(true);
+        Press(Qt::Key_Escape);
+        QCOMPARE(form_->ControlAt(199)->Visible(), false);
+        QCOMPARE(form_->ControlAt(200)->Visible(), false);
+        QCOMPARE(form_->ControlAt(201)->Visible(), true);
+    }
+
     void AClickEditsUntilEscape()
     {
         Press(Qt::Key_E, Qt::ControlModifier);
@@ -250,13 +263,13 @@ private slots:
             const QPoint grabbed = at.isEmpty() ? QPoint(3, form_->height() - 20) : Within(at);
             const QPoint pressed = form_->mapToGlobal(grabbed);
             QTest::mousePress(form_->windowHandle(), button, {}, grabbed);
-            for (const QPoint step : {QPoint(7, 4), QPoint(30, -9)}) {
+            for (const QPoint step : {QPoint(7, 4), QPoint(90, -60)}) {
                 QTest::mouseMove(form_->windowHandle(), form_->mapFromGlobal(pressed + step));
                 QTRY_COMPARE(form_->pos(), moves ? before + step : before);
             }
             QTest::mouseRelease(form_->windowHandle(), button, {}, grabbed);
             QTest::mouseMove(form_->windowHandle(), QPoint(5, form_->height() - 5));
-            QTRY_COMPARE(form_->pos(), moves ? before + QPoint(30, -9) : before);
+            QTRY_COMPARE(form_->pos(), moves ? before + QPoint(90, -60) : before);
         }
     }
 

@@ -3,6 +3,7 @@
 #include "platform/forms/ChartWidget.h"
 #include "platform/forms/GridControl.h"
 #include "platform/forms/LineWidget.h"
+#include "platform/forms/TextEdits.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -11,7 +12,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
@@ -79,9 +79,9 @@ bool ShowsItsName(const QWidget &widget)
                     : qobject_cast<const QGroupBox *>(&widget) != nullptr;
 }
 
-template <class Widget> Widget *NewOf(const QWidget &pattern, QWidget *parent)
+template <class Widget, class Made = Widget> Made *NewOf(const QWidget &pattern, QWidget *parent)
 {
-    return qobject_cast<const Widget *>(&pattern) ? new Widget(parent) : nullptr;
+    return qobject_cast<const Widget *>(&pattern) ? new Made(parent) : nullptr;
 }
 
 } // namespace
@@ -135,7 +135,7 @@ QWidget *NewWidgetLike(const QWidget &pattern, QWidget *parent)
     } else if (auto *box = NewOf<QGroupBox>(pattern, parent)) {
         box->setAlignment(static_cast<int>(static_cast<const QGroupBox &>(pattern).alignment().toInt()));
         made = box;
-    } else if (auto *text = NewOf<QPlainTextEdit>(pattern, parent)) {
+    } else if (auto *text = NewOf<QPlainTextEdit, PlainTextEdit>(pattern, parent)) {
         made = text;
     } else if (auto *command = NewOf<QPushButton>(pattern, parent)) {
         made = command;

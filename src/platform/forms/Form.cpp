@@ -52,6 +52,7 @@ Form::Form(QString name, FormServices &services, QWidget *parent)
 
 Form::~Form()
 {
+    hide(); // while it is still a form to those who watch it
     if (modalLoop_)
         modalLoop_->quit();
 }
@@ -350,11 +351,15 @@ bool Form::eventFilter(QObject *watched, QEvent *event)
             return true;
         break;
     case QEvent::MouseButtonPress:
-        if (watched == Surface())
+        if (watched == windowHandle()) { // which sees each press first
+            surfaceIsPressed_ = false;
+        } else if (watched == Surface()) {
+            surfaceIsPressed_ = true;
             services_.FormMouseDown(*this, static_cast<const QMouseEvent &>(*event));
+        }
         break;
-    case QEvent::MouseMove:
-        if (watched == Surface())
+    case QEvent::MouseMove: // a button passes it on, too, while the mouse is held beside it
+        if (watched == Surface() && surfaceIsPressed_)
             services_.FormMouseMove(*this, static_cast<const QMouseEvent &>(*event));
         break;
     case QEvent::ToolTip:

@@ -21,8 +21,8 @@ class WindowPlace;
 // The base of every window. Its central widget is the surface: control coordinates and mouse points refer to it.
 //
 // The life of a form: constructed (setupUi, then RegisterControls) → Load() → Show or ShowModal, any number of times →
-// Unload(). Load runs Form_Load, Unload runs Form_Unload, each once; a subclass calls LoadTexts() first in the one and
-// SaveTexts() in the other. A form that is closed by its frame is asked through QueryUnload() and then unloads.
+// Unload(), and so on again. Load runs Form_Load, Unload runs Form_Unload, once each; a subclass calls LoadTexts() first in the
+// one and SaveTexts() in the other. A form that is closed by its frame is asked through QueryUnload() and then unloads.
 class Form : public QMainWindow
 {
     Q_OBJECT
@@ -127,6 +127,7 @@ private:
     FormServices &services_;
     bool loaded_ = false;
     bool unloading_ = false;
+    bool surfaceIsPressed_ = false; // by the last press of the mouse
     std::vector<std::unique_ptr<Control>> controls_;
     QString designCaption_;
     QString designHelp_;

@@ -22,7 +22,6 @@ public:
     void SetFormatter(int column, Formatter formatter);
     // Views keep selection and scroll place while the number of rows stays the same, and see nothing when nothing changed.
     void SetRows(std::vector<Row> rows);
-    const std::vector<Row> &Rows() const { return rows_; }
 
     int rowCount(const QModelIndex &parent = {}) const override;
     int columnCount(const QModelIndex &parent = {}) const override;
