@@ -370,7 +370,7 @@ void RepGen::ShowUnsaved()
 void RepGen::ShowNote(const QWidget *note)
 {
     for (QLabel *label : {ui_->SummingLabel, ui_->SavingLabel, ui_->EmptyLabel, ui_->ErrorLabel})
-        label->setVisible(label == note);
+        label->setVisible(note && label == note);
 }
 
 void RepGen::PrintCommand_Click()

@@ -248,6 +248,11 @@ private slots:
         Edit(u"OtherButton"_s, [this] { QVERIFY(form_->close()); });
         QVERIFY(!InEditMode());
         QVERIFY(!form_->At(u"OtherButton"_s)->Widget()->isHidden());
+        Open();
+        Press(Qt::Key_E, Qt::ControlModifier);
+        form_.reset(); // destroyed while it is shown
+        Open();
+        QVERIFY(!InEditMode());
     }
 
     void TheSurfaceDragsTheWindow()
