@@ -12,6 +12,19 @@ CREATE TABLE Users ( -- the presence board
   User     TEXT NOT NULL COLLATE NOCASE,
   FullName TEXT,
   State    INTEGER NOT NULL DEFAULT 0, -- -1 stemped in, 0 stemped out, 1 program closed
-  Comment  TEXT
+  Comment  TEXT,
+  LastSign REAL -- of life, in days since 30 December 1899, by the clock of the person's machine
 );
 CREATE UNIQUE INDEX User ON Users (User);
+
+-- The names of these can't be those of users. Files that lack them get them as they are used.
+CREATE TABLE ":Receipts" ( -- the messages that were put into a user's table, until their senders know it
+  Id        INTEGER PRIMARY KEY,
+  MessageId TEXT NOT NULL
+);
+CREATE UNIQUE INDEX ":Receipts.MessageId" ON ":Receipts" (MessageId);
+
+CREATE TABLE ":File" ( -- one row: a random id, given with the first write
+  Id     INTEGER PRIMARY KEY,
+  FileId TEXT NOT NULL
+);

@@ -13,9 +13,28 @@ CREATE TABLE NotesList (
 );
 
 CREATE TABLE MessageBuffer ( -- the outbox
-  Id      INTEGER PRIMARY KEY,
-  "To"    TEXT COLLATE NOCASE,
-  Message TEXT
+  Id        INTEGER PRIMARY KEY,
+  "To"      TEXT COLLATE NOCASE,
+  Message   TEXT,
+  MessageId TEXT -- random; null until a poll asks for it
+);
+
+CREATE TABLE MessageHistory ( -- what was received and sent
+  Id        INTEGER PRIMARY KEY,
+  MessageId TEXT NOT NULL,
+  Received  INTEGER NOT NULL, -- -1 received, 0 sent
+  Unread    INTEGER NOT NULL, -- -1 until it is clicked away
+  Person    TEXT,             -- the sender, or the recipient
+  Message   TEXT,
+  Time      REAL              -- when it was taken in, or left
+);
+CREATE UNIQUE INDEX "MessageHistory.MessageId" ON MessageHistory (MessageId, Received); -- one can write to oneself
+
+CREATE TABLE MessageAcknowledgements ( -- what is to be deleted in the company database FileId
+  Id        INTEGER PRIMARY KEY,
+  FileId    TEXT NOT NULL,
+  MessageId TEXT NOT NULL,
+  Kind      INTEGER NOT NULL -- 0 a receipt, 1 a message
 );
 
 CREATE TABLE PersonalStatus (

@@ -1,34 +1,21 @@
 #include "board/Presence.h"
 
+#include "board/Mail.h"
+#include "board/MessageTables.h"
 #include "platform/dao/Database.h"
+#include "platform/dao/DateValue.h"
+
+#include <QSqlQuery>
+#include <QSqlRecord>
+#include <QStringBuilder>
 
 #include <algorithm>
 
 using namespace Qt::Literals::StringLiterals;
 
+namespace Presence {
+
 namespace {
-
-struct UserRow
-{
-    QString user; // as the table spells it
-    QString fullName;
-    QVariant state;
-};
-
-// The file's own comparison knows only the letters A to Z, so people are compared here.
-bool SameName(const QString &a, const QString &b)
-{
-    return a.toUpper() == b.toUpper();
-}
-
-QList<UserRow> ReadUsers(dao::Database &database)
-{
-    QList<UserRow> rows;
-    for (const QVariantList &row : database.Select(u"SELECT \"User\", FullName, State FROM Users ORDER BY \"User\""_s,
-                                                   {}, u"reading the users"_s))
-        rows.append({row[0].toString(), row[1].toString(), row[2]});
-    return rows;
-}
 
 std::optional<UserRow> FindRow(const QList<UserRow> &rows, QString UserRow::*field, const QString &name)
 {
@@ -39,9 +26,53 @@ std::optional<UserRow> FindRow(const QList<UserRow> &rows, QString UserRow::*fie
     return *found;
 }
 
+// Reads from `source`, which has the fields of "Users" and may have one named "JobsMark".
+UsersAndJobs ReadFrom(dao::Database &database, const QString &source)
+{
+    struct Columns
+    {
+        int user, fullName, state, comment, lastSign, jobsMark;
+    };
+    UsersAndJobs read;
+    std::optional<Columns> columns;
+    database.ForEach(
+        u"SELECT * FROM "_s % source % u" ORDER BY \"User\""_s, {}, u"reading the users"_s,
+        [&](const QSqlQuery &query) {
+            const auto field = [&query](int column) { return column < 0 ? QVariant() : query.value(column); };
+            if (!columns) {
+                const QSqlRecord record = query.record();
+                columns = {record.indexOf(u"User"_s),    record.indexOf(u"FullName"_s), record.indexOf(u"State"_s),
+                           record.indexOf(u"Comment"_s), record.indexOf(u"LastSign"_s), record.indexOf(u"JobsMark"_s)};
+                read.jobsMark = field(columns->jobsMark).toString();
+            }
+            const QVariant user = field(columns->user);
+            if (!user.isNull())
+                read.users.append({user.toString(), field(columns->fullName).toString(), field(columns->state).toInt(),
+                                   field(columns->comment).toString(), dao::ReadDateField(field(columns->lastSign))});
+        });
+    return read;
+}
+
 } // namespace
 
-std::optional<QString> Presence::MatchLogin(dao::Database &database, const QString &login)
+bool SameName(const QString &a, const QString &b)
+{
+    return a.toUpper() == b.toUpper();
+}
+
+QList<UserRow> ReadUsers(dao::Database &database)
+{
+    return ReadFrom(database, u"Users"_s).users;
+}
+
+UsersAndJobs ReadUsersAndJobs(dao::Database &database)
+{
+    // A mark comes without users, too.
+    return ReadFrom(database, u"(SELECT count(*) || ' ' || coalesce(max(rowid), 0) AS JobsMark FROM Projects) "
+                              "LEFT JOIN Users"_s);
+}
+
+std::optional<QString> MatchLogin(dao::Database &database, const QString &login)
 {
     const QList<UserRow> rows = ReadUsers(database);
     std::optional<UserRow> row = FindRow(rows, &UserRow::user, login);
@@ -50,25 +81,54 @@ std::optional<QString> Presence::MatchLogin(dao::Database &database, const QStri
     return row ? std::optional(row->user.toUpper()) : std::nullopt;
 }
 
-void Presence::AddSelfToUsers(dao::Database &database, const QString &user, const QString &fullName)
+void AddSelfToUsers(dao::Database &database, const QString &user, const QString &fullName)
 {
-    const std::optional<UserRow> row = FindRow(ReadUsers(database), &UserRow::user, user);
-    if (!row) {
-        // Another copy for the same person may have been faster meanwhile.
-        database.Insert(u"INSERT INTO Users (\"User\", FullName) VALUES (?, ?) ON CONFLICT DO NOTHING"_s,
+    const auto find = [&] { return FindRow(ReadUsers(database), &UserRow::user, user); };
+    const auto lacksName = [&](const UserRow &row) { return row.fullName.isEmpty() && !fullName.isEmpty(); };
+    std::optional<UserRow> row = find();
+    if (row && !lacksName(*row) && MessageTables(database).Find(user))
+        return;
+    dao::Transaction transaction(database, u"adding a user"_s);
+    row = find(); // another copy for the same person may have been faster
+    if (!row)
+        database.Insert(u"INSERT INTO Users (\"User\", FullName) VALUES (?, ?)"_s,
                         {user, fullName.isEmpty() ? QVariant() : fullName}, u"adding a user"_s);
-    } else if (row->fullName.isEmpty() && !fullName.isEmpty()) {
-        database.Execute(u"UPDATE Users SET FullName = ? WHERE \"User\" = ? AND coalesce(FullName, '') = ''"_s,
-                         {fullName, row->user}, u"storing a user's full name"_s);
-    }
+    else if (lacksName(*row))
+        database.Execute(u"UPDATE Users SET FullName = ? WHERE \"User\" = ?"_s, {fullName, row->user},
+                         u"storing a user's full name"_s);
+    MessageTables(database).Make(row ? row->user : user);
+    transaction.Commit();
 }
 
-void Presence::WriteState(dao::Database &database, const QString &user, State state)
+void WriteState(dao::Database &database, const QString &user, State state)
 {
     const int value = static_cast<int>(state);
     const std::optional<UserRow> row = FindRow(ReadUsers(database), &UserRow::user, user);
-    if (!row || (!row->state.isNull() && row->state.toInt() == value))
-        return;
-    database.Execute(u"UPDATE Users SET State = ? WHERE \"User\" = ?"_s, {value, row->user},
-                     u"writing a user's state"_s);
+    if (row && row->state != value)
+        database.Execute(u"UPDATE Users SET State = ? WHERE \"User\" = ?"_s, {value, row->user},
+                         u"writing a user's state"_s);
 }
+
+void WriteComment(dao::Database &database, const QString &user, const QString &comment)
+{
+    const QString value = FirstCharacters(comment, longestComment);
+    const std::optional<UserRow> row = FindRow(ReadUsers(database), &UserRow::user, user);
+    if (row && row->comment != value)
+        database.Execute(u"UPDATE Users SET Comment = ? WHERE \"User\" = ?"_s, {value, row->user},
+                         u"writing a user's status"_s);
+}
+
+void DeleteUser(dao::Database &database, const QString &user)
+{
+    dao::Transaction transaction(database, u"deleting a user"_s);
+    int deleted = 0;
+    for (const UserRow &row : ReadUsers(database))
+        if (SameName(row.user, user))
+            deleted += database.Execute(u"DELETE FROM Users WHERE \"User\" = ?"_s, {row.user}, u"deleting a user"_s);
+    if (deleted == 0)
+        return;
+    MessageTables(database).DropEmpty(user);
+    transaction.Commit();
+}
+
+} // namespace Presence

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QDateTime>
+#include <QList>
 #include <QString>
 
 #include <optional>
@@ -8,19 +10,52 @@ namespace dao {
 class Database;
 }
 
-// The rows of "Users" in the job database. All of these throw dao::Error. Names that differ in case only are one person,
-// Danish letters included; a name is bound or compared in the program, never pasted into a statement.
+// The rows of "Users" in the job database. All of these throw dao::Error. Names that differ in case only are one
+// person, Danish letters included; a name is bound or compared in the program, never pasted into a statement.
 namespace Presence {
 
 enum class State { In = -1, Out = 0, Off = 1 };
 
-// The identity that a login name stands for: the row whose User is `login`, else the first whose FullName is. Upper-cased.
+constexpr qsizetype longestComment = 80; // characters
+
+struct UserRow
+{
+    QString user; // as the table spells it
+    QString fullName;
+    int state = 0; // below 0: stemped in, above 0: off; a null counts as out
+    QString comment;
+    std::optional<QDateTime>
+        lastSign; // of life, by the clock of that person's machine; nothing when that copy writes none
+};
+
+// The file's own comparison knows only the letters A to Z, so people are compared here.
+bool SameName(const QString &a, const QString &b);
+
+// All users, in the order of the index "User". The table may lack all fields but "User".
+QList<UserRow> ReadUsers(dao::Database &database);
+
+struct UsersAndJobs
+{
+    QList<UserRow> users;
+    QString jobsMark; // another one: jobs were added or deleted
+};
+// The same with a mark of the job list, by one statement.
+UsersAndJobs ReadUsersAndJobs(dao::Database &database);
+
+// The identity that a login name stands for: the row whose User is `login`, else the first whose FullName is.
+// Upper-cased.
 std::optional<QString> MatchLogin(dao::Database &database, const QString &login);
 
-// Adds a row for `user` unless there is one. A full name that is known is stored in a row that has none.
+// Adds a row for `user`, and a message table with it, unless there is one. A full name that is known is stored in a row
+// that has none.
 void AddSelfToUsers(dao::Database &database, const QString &user, const QString &fullName);
 
-// Nothing when the row is missing, or holds that state already.
+// Nothing when the row is missing, or holds that already. Of a comment the first `longestComment` characters are
+// written.
 void WriteState(dao::Database &database, const QString &user, State state);
+void WriteComment(dao::Database &database, const QString &user, const QString &comment);
+
+// Deletes the user's row, and the message table too if no message waits in it. Nothing when the row is missing.
+void DeleteUser(dao::Database &database, const QString &user);
 
 } // namespace Presence

@@ -18,14 +18,14 @@ bool IsDeviceName(const QString &upperName)
 
 bool IsOwnName(const QString &upperName)
 {
-    // The program's own files, its tables and indexes in the company database, and the recipients that mean everybody.
+    // The program's own files, its tables and indexes in the company database, what belongs to the engine there, and the recipients that mean everybody.
     static const QStringList own{
         QStringLiteral("BLANK"),    QStringLiteral("JOBS"),  QStringLiteral("STEMP"), QStringLiteral("BLANK JOBS"),
         QStringLiteral("USERS"),    QStringLiteral("ALL"),   QStringLiteral("USER"),  QStringLiteral("BLANK STEMP"),
         QStringLiteral("PROJECTS"), QStringLiteral("JOBID"),
     };
     return own.contains(upperName) || upperName.endsWith(QStringLiteral(" STEMP"))
-           || upperName.startsWith(QStringLiteral("SQLITE_"));
+           || upperName.startsWith(QStringLiteral("SQLITE_")) || upperName.startsWith(QStringLiteral("PRAGMA_"));
 }
 
 } // namespace

@@ -30,6 +30,8 @@ namespace dao {
 
 namespace {
 
+void (*statementHook)() = nullptr;
+
 ErrorKind KindOf(int nativeCode)
 {
     switch (nativeCode & 0xff) { // the rest is detail: "busy while recovering", "constraint of a unique index"
@@ -79,6 +81,11 @@ QVariant Stored(const QVariant &value)
 
 } // namespace
 
+void SetStatementHook(void (*hook)())
+{
+    statementHook = hook;
+}
+
 QString Quoted(const QString &identifier)
 {
     QString doubled = identifier;
@@ -89,6 +96,7 @@ QString Quoted(const QString &identifier)
 struct Database::Connection
 {
     QString path;
+    quint64 number = 0;
     QString name;
     QSqlDatabase session;
     sqlite3 *handle = nullptr;
@@ -127,13 +135,14 @@ Database Database::Connect(const QString &path, std::chrono::milliseconds busyWa
     // Its sums of memory in use take a lock at each allocation, for which threads that read long lists at the same time would
     // queue. Refused, and not needed, where something else has used the library before.
     [[maybe_unused]] static const int config = sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
-    static std::atomic<int> count = 0;
+    static std::atomic<quint64> count = 0;
     Database database;
     database.connection_ = std::make_unique<Connection>();
     Connection &connection = *database.connection_;
     connection.path = path;
     connection.busyWait = busyWait;
-    connection.name = u"dao-%1"_s.arg(++count);
+    connection.number = ++count;
+    connection.name = u"dao-%1"_s.arg(connection.number);
     connection.session = QSqlDatabase::addDatabase(u"QSQLITE"_s, connection.name);
     connection.session.setDatabaseName(Uri(path));
     connection.session.setConnectOptions(u"QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=%1"_s.arg(busyWait.count()));
@@ -188,6 +197,11 @@ bool Database::IsOpen() const
 QString Database::Path() const
 {
     return connection_ ? connection_->path : QString();
+}
+
+quint64 Database::Number() const
+{
+    return connection_ ? connection_->number : 0;
 }
 
 void Database::Close()
@@ -266,6 +280,8 @@ void Database::Prepare(QSqlQuery &query, const QString &sql, const QString &purp
 
 void Database::RunPrepared(QSqlQuery &query, const QVariantList &values, const QString &purpose)
 {
+    if (statementHook)
+        statementHook();
     for (const QVariant &value : values)
         query.addBindValue(Stored(value));
     if (!query.exec())

@@ -27,6 +27,10 @@ enum class HeldFailure {
 };
 struct Held;
 
+// Runs before every statement of every connection in this process, COMMIT included. For tests that end the process in
+// between; to be set before the first connection is opened.
+void SetStatementHook(void (*hook)());
+
 // A name as an SQL identifier: in double quotes, inner ones doubled. The only way in which a name that comes from people
 // (a user's table, a form's table) enters a statement.
 QString Quoted(const QString &identifier);
@@ -60,7 +64,8 @@ public:
 
     bool IsOpen() const;
     QString Path() const;
-    void Close(); // closed already: nothing
+    quint64 Number() const; // of the connection, which no other of this process ever has; 0 when closed
+    void Close();           // closed already: nothing
     void SetBusyWait(std::chrono::milliseconds wait);
 
     // Runs a statement without a result; the number of rows it changed. Placeholders are "?". `purpose` says for the log

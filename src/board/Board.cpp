@@ -1,0 +1,125 @@
+#include "board/Board.h"
+
+#include <algorithm>
+#include <utility>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+QStringList UpperCaseNames(const QList<Presence::UserRow> &users)
+{
+    QStringList names;
+    names.reserve(users.size());
+    for (const Presence::UserRow &user : users)
+        names.append(user.user.toUpper());
+    return names;
+}
+
+Board::Row RowOfNoUser(const QString &name)
+{
+    Board::Row row;
+    row.name = name.isEmpty() ? u"(unknown)"_s : name;
+    row.isUser = false;
+    return row;
+}
+
+} // namespace
+
+bool Board::IsOwn(const QString &name) const
+{
+    return Presence::SameName(name, OwnName);
+}
+
+void Board::TakeUsers(const QList<Presence::UserRow> &users, const QString &identity)
+{
+    if (UpperCaseNames(users) != UserNames)
+        Users_Init(users, identity);
+    else
+        FillRows(users, identity);
+}
+
+void Board::Users_Init(const QList<Presence::UserRow> &users, const QString &identity)
+{
+    UserNames = UpperCaseNames(users);
+    rows_.assign(static_cast<std::size_t>(users.size()), Row());
+    Alert = false;
+    FillRows(users, identity);
+}
+
+void Board::FillRows(const QList<Presence::UserRow> &users, const QString &identity)
+{
+    clearedComments_.clear();
+    OwnName = identity;
+    for (std::size_t i = 0; const Presence::UserRow &user : users) {
+        Row &row = rows_[i++];
+        row.name = user.user;
+        row.state = user.state;
+        row.comment = user.comment;
+        row.lastSign = user.lastSign;
+        if (Presence::SameName(user.user, identity))
+            OwnName = user.user;
+    }
+}
+
+bool Board::ShowMessages(const QList<UnreadMessage> &unread)
+{
+    for (const auto &[row, comment] : clearedComments_)
+        rows_[row].comment = comment;
+    clearedComments_.clear();
+
+    const QHash<QString, UnreadMessage> shown = TakeShownMessages(unread);
+    // Senders who are no users come back below if they have to.
+    rows_.resize(static_cast<std::size_t>(UserCount()));
+    // By the name in upper case. Where several users have the same, as a file from elsewhere may hold, it is the first.
+    QHash<QString, std::size_t> rowOfSender;
+    for (std::size_t i = rows_.size(); i-- > 0;)
+        if (!rows_[i].name.isEmpty())
+            rowOfSender.insert(UserNames[static_cast<qsizetype>(i)], i);
+
+    bool isNew = false;
+    for (const UnreadMessage &message : unread) {
+        const QString sender = message.from.toUpper();
+        auto row = rowOfSender.constFind(sender);
+        if (row == rowOfSender.cend()) {
+            row = rowOfSender.insert(sender, rows_.size());
+            rows_.push_back(RowOfNoUser(message.from));
+        }
+        std::optional<UnreadMessage> &place = rows_[*row].message;
+        if (place)
+            continue;
+        place = shown.value(sender, message);
+        isNew = isNew || !shownBefore_.contains(place->id);
+        shownBefore_.insert(place->id);
+    }
+    Alert = !unread.isEmpty();
+    return isNew;
+}
+
+// Those that are still unread, by their senders in upper case.
+QHash<QString, UnreadMessage> Board::TakeShownMessages(const QList<UnreadMessage> &unread)
+{
+    QSet<QString> unreadIds;
+    for (const UnreadMessage &message : unread)
+        unreadIds.insert(message.id);
+    QHash<QString, UnreadMessage> shown;
+    for (Row &row : rows_) {
+        if (row.message && unreadIds.contains(row.message->id))
+            shown.insert(row.message->from.toUpper(), *row.message);
+        row.message.reset();
+    }
+    return shown;
+}
+
+QString Board::ClearMessage(int row)
+{
+    const auto index = static_cast<std::size_t>(row);
+    Row &cleared = rows_.at(index);
+    if (!cleared.message)
+        return {};
+    const QString id = cleared.message->id;
+    cleared.message.reset();
+    clearedComments_[index] = std::exchange(cleared.comment, {});
+    Alert = std::any_of(rows_.cbegin(), rows_.cend(), [](const Row &other) { return other.message.has_value(); });
+    return id;
+}

@@ -1,0 +1,242 @@
+#include "board/Mail.h"
+
+#include "platform/dao/Database.h"
+#include "platform/dao/DateValue.h"
+
+#include <QLocale>
+#include <QStringBuilder>
+#include <QUuid>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr int keptInHistory = 200; // rows, beside those that are unread
+
+using Of = Poll::Acknowledgement::Of;
+
+QString NewId()
+{
+    return QUuid::createUuid().toString(QUuid::WithoutBraces);
+}
+
+bool IsBlank(const QString &text)
+{
+    return text.trimmed().isEmpty();
+}
+
+// What it takes to go through a stop at any moment: whatever was taken in or delivered is also in the list of what to
+// acknowledge, from the same transaction on, until the company database has got rid of it.
+void RememberAcknowledgement(dao::Database &localDB, const QString &fileId, const QString &messageId, Of of)
+{
+    const int kind = static_cast<int>(of);
+    localDB.Insert(u"INSERT INTO MessageAcknowledgements (FileId, MessageId, Kind) SELECT ?, ?, ? WHERE NOT EXISTS "
+                   "(SELECT 1 FROM MessageAcknowledgements WHERE FileId = ? AND MessageId = ? AND Kind = ?)"_s,
+                   {fileId, messageId, kind, fileId, messageId, kind}, u"remembering what to acknowledge"_s);
+}
+
+void ForgetAcknowledgement(dao::Database &localDB, const Poll::Acknowledgement &acknowledged)
+{
+    localDB.Execute(u"DELETE FROM MessageAcknowledgements WHERE FileId = ? AND MessageId = ? AND Kind = ?"_s,
+                    {acknowledged.fileId, acknowledged.messageId, static_cast<int>(acknowledged.of)},
+                    u"forgetting what was acknowledged"_s);
+}
+
+// A message may have left the history, and still be read again in the company database: then it waits to be acknowledged. Its
+// file may be another one by now, so the id decides.
+void TakeIn(dao::Database &localDB, const Poll::IncomingMessage &message, const QDateTime &now)
+{
+    localDB.Insert(u"INSERT INTO MessageHistory (MessageId, Received, Unread, Person, Message, Time) "
+                   "SELECT ?, -1, -1, ?, ?, ? WHERE NOT EXISTS "
+                   "(SELECT 1 FROM MessageAcknowledgements WHERE MessageId = ? AND Kind = ?) "
+                   "ON CONFLICT (MessageId, Received) DO NOTHING"_s,
+                   {message.id, message.from, message.message, now, message.id, static_cast<int>(Of::Message)},
+                   u"taking a message in"_s);
+}
+
+// A row that was changed or deleted while its message was on the way no longer has this id.
+void MoveToHistory(dao::Database &localDB, const QString &messageId, const QDateTime &now)
+{
+    const QString purpose = u"taking a message out of the outbox"_s;
+    localDB.Insert(u"INSERT INTO MessageHistory (MessageId, Received, Unread, Person, Message, Time) "
+                   "SELECT MessageId, 0, 0, \"To\", Message, ? FROM MessageBuffer WHERE MessageId = ? "
+                   "ON CONFLICT (MessageId, Received) DO NOTHING"_s,
+                   {now, messageId}, purpose);
+    localDB.Execute(u"DELETE FROM MessageBuffer WHERE MessageId = ?"_s, {messageId}, purpose);
+}
+
+void Trim(dao::Database &localDB)
+{
+    localDB.Execute(u"DELETE FROM MessageHistory WHERE Unread = 0 AND Id <= "
+                    "(SELECT Id FROM MessageHistory WHERE Unread = 0 ORDER BY Id DESC LIMIT 1 OFFSET ?)"_s,
+                    {keptInHistory}, u"trimming the messages' history"_s);
+}
+
+QList<Poll::Acknowledgement> ReadAcknowledgements(dao::Database &localDB)
+{
+    QList<Poll::Acknowledgement> acknowledgements;
+    for (const QVariantList &row :
+         localDB.Select(u"SELECT FileId, MessageId, Kind FROM MessageAcknowledgements ORDER BY Id"_s, {},
+                        u"reading what to acknowledge"_s))
+        acknowledgements.append({row[0].toString(), row[1].toString(), static_cast<Of>(row[2].toInt())});
+    return acknowledgements;
+}
+
+// A message whose id is not in the file could be delivered twice.
+void GiveIds(dao::Database &localDB, const QList<qint64> &rows)
+{
+    const QString purpose = u"giving messages their ids"_s;
+    dao::Transaction transaction(localDB, purpose);
+    for (const qint64 row : rows)
+        localDB.Execute(u"UPDATE MessageBuffer SET MessageId = ? WHERE Id = ?"_s, {NewId(), row}, purpose);
+    transaction.Commit();
+}
+
+} // namespace
+
+QString FirstCharacters(const QString &text, qsizetype count)
+{
+    const bool splits = text.size() > count && count > 0 && text[count - 1].isHighSurrogate();
+    return text.left(splits ? count - 1 : count);
+}
+
+QString ComposedMessage(const QString &text, const QDateTime &now)
+{
+    return FirstCharacters(QLocale().toString(now, u"ddd hh:mm") % u" - " % text, longestMessage);
+}
+
+void Mail::Prepare()
+{
+    const QString purpose = u"preparing the tables of the messages"_s;
+    const QVariantList has =
+        localDB_
+            .Select(u"SELECT EXISTS (SELECT 1 FROM pragma_table_info('MessageBuffer') WHERE name = 'MessageId'), "
+                    "EXISTS (SELECT 1 FROM sqlite_master WHERE type = 'table' AND name = 'MessageHistory'), "
+                    "EXISTS (SELECT 1 FROM sqlite_master WHERE type = 'table' AND name = 'MessageAcknowledgements')"_s,
+                    {}, purpose)
+            .first();
+    if (!has.contains(0))
+        return;
+
+    dao::Transaction transaction(localDB_, purpose);
+    if (!has[0].toBool())
+        localDB_.Execute(u"ALTER TABLE MessageBuffer ADD COLUMN MessageId TEXT"_s, {}, purpose);
+    if (!has[1].toBool()) {
+        localDB_.Execute(u"CREATE TABLE MessageHistory (Id INTEGER PRIMARY KEY, MessageId TEXT NOT NULL, "
+                         "Received INTEGER NOT NULL, Unread INTEGER NOT NULL, Person TEXT, Message TEXT, Time REAL)"_s,
+                         {}, purpose);
+        localDB_.Execute(u"CREATE UNIQUE INDEX \"MessageHistory.MessageId\" ON MessageHistory (MessageId, Received)"_s,
+                         {}, purpose);
+    }
+    if (!has[2].toBool()) {
+        localDB_.Execute(u"CREATE TABLE MessageAcknowledgements (Id INTEGER PRIMARY KEY, FileId TEXT NOT NULL, "
+                         "MessageId TEXT NOT NULL, Kind INTEGER NOT NULL)"_s,
+                         {}, purpose);
+    }
+    transaction.Commit();
+}
+
+void Mail::Queue(const QStringList &recipients, const QString &message)
+{
+    if (recipients.isEmpty())
+        return;
+    dao::Transaction transaction(localDB_, u"queueing a message"_s);
+    for (const QString &recipient : recipients)
+        AddBufferRow(recipient, message);
+    transaction.Commit();
+}
+
+QList<BufferRow> Mail::Buffer()
+{
+    QList<BufferRow> rows;
+    for (const QVariantList &row :
+         localDB_.Select(u"SELECT Id, \"To\", Message FROM MessageBuffer ORDER BY Id"_s, {}, u"reading the outbox"_s))
+        rows.append({row[0].toLongLong(), row[1].toString(), row[2].toString()});
+    return rows;
+}
+
+qint64 Mail::AddBufferRow(const QString &to, const QString &message)
+{
+    return localDB_.Insert(u"INSERT INTO MessageBuffer (\"To\", Message, MessageId) VALUES (?, ?, ?)"_s,
+                           {to, message, NewId()}, u"adding to the outbox"_s);
+}
+
+// One that was only confirmed stays the same message: it may have been delivered just now.
+void Mail::ChangeBufferRow(const BufferRow &row)
+{
+    localDB_.Execute(u"UPDATE MessageBuffer SET \"To\" = ?, Message = ?, MessageId = ? WHERE Id = ? AND "
+                     "(ifnull(\"To\", '') <> ? OR ifnull(Message, '') <> ?)"_s,
+                     {row.to, row.message, NewId(), row.id, row.to, row.message}, u"changing the outbox"_s);
+}
+
+void Mail::DeleteBufferRow(qint64 id)
+{
+    localDB_.Execute(u"DELETE FROM MessageBuffer WHERE Id = ?"_s, {id}, u"deleting from the outbox"_s);
+}
+
+Poll::Request Mail::MakeRequest(const QString &user, const QDateTime &now)
+{
+    Poll::Request request{user, now, {}, ReadAcknowledgements(localDB_)};
+    QList<qint64> withoutId;
+    for (const QVariantList &row :
+         localDB_.Select(u"SELECT Id, \"To\", Message, MessageId FROM MessageBuffer ORDER BY Id"_s, {},
+                         u"reading what is to be sent"_s)) {
+        const Poll::OutgoingMessage message{row[3].toString(), row[1].toString().trimmed(), row[2].toString()};
+        if (IsBlank(message.to) || IsBlank(message.message))
+            continue;
+        if (message.id.isEmpty())
+            withoutId.append(row[0].toLongLong());
+        request.outbox.append(message);
+    }
+    if (withoutId.isEmpty())
+        return request;
+    GiveIds(localDB_, withoutId);
+    return MakeRequest(user, now);
+}
+
+void Mail::Take(const Poll::News &news, const QDateTime &now)
+{
+    if (news.acknowledged.isEmpty() && news.incoming.isEmpty() && news.delivered.isEmpty())
+        return;
+    dao::Transaction transaction(localDB_, u"taking in what a look at the company database gave"_s);
+    for (const Poll::Acknowledgement &acknowledged : news.acknowledged)
+        ForgetAcknowledgement(localDB_, acknowledged);
+    for (const Poll::IncomingMessage &message : news.incoming) {
+        if (!IsBlank(message.message))
+            TakeIn(localDB_, message, now);
+        RememberAcknowledgement(localDB_, news.fileId, message.id, Of::Message);
+    }
+    for (const QString &messageId : news.delivered) {
+        MoveToHistory(localDB_, messageId, now);
+        RememberAcknowledgement(localDB_, news.fileId, messageId, Of::Receipt);
+    }
+    Trim(localDB_);
+    transaction.Commit();
+}
+
+QList<UnreadMessage> Mail::Unread()
+{
+    QList<UnreadMessage> messages;
+    for (const QVariantList &row :
+         localDB_.Select(u"SELECT MessageId, Person, Message FROM MessageHistory WHERE Unread <> 0 ORDER BY Id"_s, {},
+                         u"reading the unread messages"_s))
+        messages.append({row[0].toString(), row[1].toString(), row[2].toString()});
+    return messages;
+}
+
+void Mail::MarkRead(const QString &id)
+{
+    localDB_.Execute(u"UPDATE MessageHistory SET Unread = 0 WHERE MessageId = ? AND Unread <> 0"_s, {id},
+                     u"marking a message as read"_s);
+}
+
+QList<HistoryRow> Mail::History()
+{
+    QList<HistoryRow> rows;
+    for (const QVariantList &row :
+         localDB_.Select(u"SELECT Received, Person, Message, Time FROM MessageHistory ORDER BY Id DESC LIMIT ?"_s,
+                         {keptInHistory}, u"reading the messages' history"_s))
+        rows.append({row[0].toInt() != 0, row[1].toString(), row[2].toString(),
+                     dao::ReadDateField(row[3]).value_or(QDateTime())});
+    return rows;
+}

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace dao {
+class Database;
+}
+
+// The saved status texts of the per-login database, table "PersonalStatus". Both throw dao::Error.
+QStringList ReadPersonalStatus(dao::Database &localDB); // in the order in which they were saved
+void AddPersonalStatus(dao::Database &localDB, const QString &status);

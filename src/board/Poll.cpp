@@ -1,0 +1,312 @@
+#include "board/Poll.h"
+
+#include "board/MessageTables.h"
+#include "platform/dao/Database.h"
+#include "platform/dao/TableDef.h"
+
+#include <QSqlQuery>
+#include <QSqlRecord>
+#include <QStringBuilder>
+#include <QUuid>
+
+#include <algorithm>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace Poll {
+
+namespace {
+
+constexpr qint64 signPeriod = 60; // seconds
+
+const QString receipts = u":Receipts"_s;
+const QString fileTable = u":File"_s;
+
+QString RandomId()
+{
+    return QUuid::createUuid().toString(QUuid::WithoutBraces);
+}
+
+FileVersion ReadVersion(dao::Database &database)
+{
+    const QVariantList row =
+        database
+            .Select(u"SELECT data_version, schema_version, total_changes() FROM pragma_data_version, "
+                    "pragma_schema_version"_s,
+                    {}, u"looking whether the file has changed"_s)
+            .constFirst();
+    return {row[0].toLongLong(), row[1].toLongLong(), row[2].toLongLong()};
+}
+
+QHash<QString, QString> ByUpperName(const QList<Presence::UserRow> &users)
+{
+    QHash<QString, QString> names;
+    names.reserve(users.size());
+    for (auto row = users.crbegin(); row != users.crend(); ++row) // of two rows for one person the first counts
+        names.insert(row->user.toUpper(), row->user);
+    return names;
+}
+
+struct OwnMessages
+{
+    QList<IncomingMessage> messages; // those that have an id
+    QList<qint64> rowsWithoutId;
+};
+
+// The table may lack the field of the ids, and an Id of its rows.
+OwnMessages ReadMessages(dao::Database &database, const QString &table)
+{
+    struct Columns
+    {
+        int id, from, message;
+    };
+    OwnMessages own;
+    std::optional<Columns> columns;
+    database.ForEach(
+        u"SELECT rowid, * FROM "_s % dao::Quoted(table) % u" ORDER BY rowid"_s, {}, u"reading the own messages"_s,
+        [&](const QSqlQuery &query) {
+            if (!columns) {
+                const QSqlRecord record = query.record();
+                columns = {record.indexOf(u"MessageId"_s), record.indexOf(u"From"_s), record.indexOf(u"Message"_s)};
+            }
+            const QString id = columns->id < 0 ? QString() : query.value(columns->id).toString();
+            if (id.isEmpty())
+                own.rowsWithoutId.append(query.value(0).toLongLong());
+            else
+                own.messages.append(
+                    {id, query.value(columns->from).toString(), query.value(columns->message).toString()});
+        });
+    return own;
+}
+
+QString ReadFileId(dao::Database &database)
+{
+    return database
+        .Select(u"SELECT FileId FROM "_s % dao::Quoted(fileTable) % u" ORDER BY Id LIMIT 1"_s, {},
+                u"reading the file's id"_s)
+        .value(0)
+        .value(0)
+        .toString();
+}
+
+// Within the transaction. Files of earlier versions, and those of other programs, lack this; a new file has no id.
+void MakeWhatIsMissing(dao::Database &database)
+{
+    if (!database.HasTable(receipts))
+        database.CreateTableDef(
+            {receipts, {{u"MessageId"_s, u"TEXT"_s, false, true}}, {{u"MessageId"_s, u"MessageId"_s, true}}});
+    if (!database.HasTable(fileTable))
+        database.CreateTableDef({fileTable, {{u"FileId"_s, u"TEXT"_s, false, true}}, {}});
+    if (ReadFileId(database).isEmpty())
+        database.Insert(u"INSERT INTO "_s % dao::Quoted(fileTable) % u" (FileId) VALUES (?)"_s, {RandomId()},
+                        u"giving the file an id"_s);
+    if (!database.FieldNames(u"Users"_s).contains(u"LastSign"_s, Qt::CaseInsensitive))
+        database.Execute(u"ALTER TABLE Users ADD COLUMN LastSign REAL"_s, {}, u"adding the signs of life"_s);
+}
+
+// One look. What it finds is remembered only when all of it was read and, where it writes, committed.
+class Look
+{
+public:
+    Look(dao::Database &database, Memory &memory, const Request &request)
+        : database_(database), memory_(memory), request_(request), user_(request.user.toUpper())
+    {
+    }
+
+    News Run();
+
+private:
+    bool IsWriteDue(const Memory &known) const;
+    bool Read(News &news, Memory &next);
+    News Write();
+    void Acknowledge(News &news, const QString &ownTable);
+    bool Deliver(const OutgoingMessage &message, MessageTables &tables, Memory &next);
+    QList<IncomingMessage> TakeMessages(const QString &ownTable);
+    void Sign(QList<Presence::UserRow> &users, const QString &ownName);
+
+    dao::Database &database_;
+    Memory &memory_;
+    const Request &request_;
+    const QString user_; // in upper case
+};
+
+News Look::Run()
+{
+    if (memory_.connection != database_.Number()) {
+        memory_ = Memory();
+        memory_.connection = database_.Number();
+    }
+    Memory next = memory_;
+    next.version = ReadVersion(database_); // before what it stands for: what changes from now on is read the next time
+    bool writes = IsWriteDue(next);
+    if (!writes && next.version == memory_.version)
+        return {};
+    std::optional<News> news;
+    if (!writes) {
+        writes = Read(news.emplace(), next) || IsWriteDue(next); // a recipient may have come
+        if (!writes) {
+            memory_ = next;
+            return *news;
+        }
+    }
+    try {
+        return Write();
+    } catch (const dao::Error &error) {
+        // A file that can't be read, either, says so when it is read.
+        if (error.Kind() == dao::ErrorKind::Corrupt)
+            throw;
+        if (!news)
+            Read(news.emplace(), next);
+        news->refusedWrite = error;
+        return *news; // nothing is remembered, so all of it is tried again the next time
+    }
+}
+
+bool Look::IsWriteDue(const Memory &known) const
+{
+    const QDateTime &sign = known.lastSign;
+    if (!sign.isValid() || sign > request_.now || sign.secsTo(request_.now) >= signPeriod)
+        return true;
+    const auto isForHere = [&](const OutgoingMessage &message) {
+        const QString to = message.to.toUpper();
+        return known.users.contains(to) && !known.withoutTable.contains(to);
+    };
+    const auto isOfHere = [&](const Acknowledgement &acknowledgement) {
+        return acknowledgement.fileId == known.fileId;
+    };
+    return std::any_of(request_.outbox.cbegin(), request_.outbox.cend(), isForHere)
+           || std::any_of(request_.acknowledgements.cbegin(), request_.acknowledgements.cend(), isOfHere);
+}
+
+// Without writing. True when something is to be made or completed: the own table, or ids of messages.
+bool Look::Read(News &news, Memory &next)
+{
+    Presence::UsersAndJobs read = Presence::ReadUsersAndJobs(database_);
+    next.users = ByUpperName(read.users);
+    news.changed = true;
+    news.users = std::move(read.users);
+    news.jobsMark = std::move(read.jobsMark);
+
+    if (next.version.schema != memory_.version.schema) {
+        next.ownTable = MessageTables(database_).Find(request_.user).value_or(QString());
+        next.withoutTable.clear();
+    }
+    OwnMessages own;
+    if (!next.ownTable.isEmpty())
+        own = ReadMessages(database_, next.ownTable);
+    if (next.fileId.isEmpty() && database_.HasTable(fileTable))
+        next.fileId = ReadFileId(database_);
+    news.fileId = next.fileId;
+    if (!news.fileId.isEmpty())
+        news.incoming = own.messages;
+    const bool lacksTable = next.ownTable.isEmpty() && next.users.contains(user_) && !next.withoutTable.contains(user_);
+    return lacksTable || !own.rowsWithoutId.isEmpty();
+}
+
+News Look::Write()
+{
+    dao::Transaction transaction(database_, u"exchanging messages"_s);
+    MakeWhatIsMissing(database_);
+    Memory next = memory_;
+    next.fileId = ReadFileId(database_);
+    News news;
+    news.changed = true;
+    news.fileId = next.fileId;
+    Presence::UsersAndJobs read = Presence::ReadUsersAndJobs(database_);
+    news.jobsMark = std::move(read.jobsMark);
+    next.users = ByUpperName(read.users);
+    next.withoutTable.clear();
+
+    MessageTables tables(database_);
+    const bool isUser = next.users.contains(user_);
+    const QString ownName = next.users.value(user_, request_.user);
+    next.ownTable.clear();
+    if (isUser || tables.Find(ownName)) // messages may still wait for one who was deleted
+        next.ownTable = tables.Make(ownName).value_or(QString());
+    if (isUser && next.ownTable.isEmpty())
+        next.withoutTable.insert(user_);
+
+    Acknowledge(news, next.ownTable);
+    for (const OutgoingMessage &message : request_.outbox)
+        if (Deliver(message, tables, next))
+            news.delivered.append(message.id);
+    if (!next.ownTable.isEmpty())
+        news.incoming = TakeMessages(next.ownTable);
+    if (isUser)
+        Sign(read.users, ownName);
+    news.users = std::move(read.users);
+
+    next.lastSign = request_.now;
+    next.version = ReadVersion(database_); // nobody else can have changed anything meanwhile
+    transaction.Commit();
+    memory_ = next;
+    return news;
+}
+
+void Look::Acknowledge(News &news, const QString &ownTable)
+{
+    for (const Acknowledgement &acknowledgement : request_.acknowledgements) {
+        if (acknowledgement.fileId != news.fileId)
+            continue;
+        const QString table = acknowledgement.of == Acknowledgement::Of::Receipt ? receipts : ownTable;
+        if (!table.isEmpty())
+            database_.Execute(u"DELETE FROM "_s % dao::Quoted(table) % u" WHERE MessageId = ?"_s,
+                              {acknowledgement.messageId}, u"deleting what has arrived"_s);
+        news.acknowledged.append(acknowledgement);
+    }
+}
+
+// True when the message has been put into the recipient's table, now or by an earlier look whose answer was lost.
+bool Look::Deliver(const OutgoingMessage &message, MessageTables &tables, Memory &next)
+{
+    const QString purpose = u"delivering a message"_s;
+    const QString to = message.to.toUpper();
+    std::optional<QString> table;
+    if (next.users.contains(to)) {
+        table = tables.Make(next.users.value(to));
+        if (!table)
+            next.withoutTable.insert(to);
+    }
+    if (!table)
+        return !database_
+                    .Select(u"SELECT 1 FROM "_s % dao::Quoted(receipts) % u" WHERE MessageId = ?"_s, {message.id},
+                            purpose)
+                    .isEmpty();
+    const int added = database_.Execute(u"INSERT INTO "_s % dao::Quoted(receipts)
+                                            % u" (MessageId) VALUES (?) ON CONFLICT DO NOTHING"_s,
+                                        {message.id}, purpose);
+    if (added == 1)
+        database_.Execute(u"INSERT INTO "_s % dao::Quoted(*table)
+                              % u" (\"From\", Message, MessageId) VALUES (?, ?, ?)"_s,
+                          {next.users.value(user_, request_.user), message.message, message.id}, purpose);
+    return true;
+}
+
+QList<IncomingMessage> Look::TakeMessages(const QString &ownTable)
+{
+    OwnMessages own = ReadMessages(database_, ownTable);
+    for (const qint64 row : std::as_const(own.rowsWithoutId))
+        database_.Execute(u"UPDATE "_s % dao::Quoted(ownTable) % u" SET MessageId = ? WHERE rowid = ?"_s,
+                          {RandomId(), row}, u"giving a message an id"_s);
+    if (!own.rowsWithoutId.isEmpty())
+        own = ReadMessages(database_, ownTable);
+    return own.messages;
+}
+
+void Look::Sign(QList<Presence::UserRow> &users, const QString &ownName)
+{
+    database_.Execute(u"UPDATE Users SET LastSign = ? WHERE \"User\" = ?"_s, {request_.now, ownName},
+                      u"writing a sign of life"_s);
+    for (Presence::UserRow &row : users)
+        if (row.user == ownName)
+            row.lastSign = request_.now;
+}
+
+} // namespace
+
+News Run(dao::Database &database, Memory &memory, const Request &request)
+{
+    return Look(database, memory, request).Run();
+}
+
+} // namespace Poll
