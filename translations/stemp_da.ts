@@ -414,22 +414,173 @@ Ctrl+E lader dig ændre ethvert vindue: det bliver lysegråt, og et klik på et 
     </message>
 </context>
 <context>
+    <name>Message</name>
+    <message>
+        <source>Message</source>
+        <translation>Besked</translation>
+    </message>
+    <message>
+        <source>Write a short message to a colleague or to all of them. It is put into the list of waiting messages and goes out when this window is closed; your colleague sees it in yellow on the board. Below stand the messages that you received and sent lately.</source>
+        <translation>Skriv en kort besked til en kollega eller til dem alle. Den lægges på listen over ventende beskeder og sendes, når vinduet lukkes; din kollega ser den med gult på tavlen. Nederst står de beskeder, du har modtaget og sendt for nylig.</translation>
+    </message>
+    <message>
+        <source>Whom the message is for</source>
+        <translation>Hvem beskeden er til</translation>
+    </message>
+    <message>
+        <source>Choose a colleague&apos;s name, or type it in capital or small letters. All means every colleague on the board but yourself. A name that is not on the board is not taken; nothing is sent by choosing.</source>
+        <translation>Vælg en kollegas navn, eller skriv det med store eller små bogstaver. All betyder alle kolleger på tavlen undtagen dig selv. Et navn, der ikke står på tavlen, tages ikke imod; der sendes intet ved at vælge.</translation>
+    </message>
+    <message>
+        <source>&amp;To:</source>
+        <translation>&amp;Til:</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>Til</translation>
+    </message>
+    <message>
+        <source>Type your message here</source>
+        <translation>Skriv din besked her</translation>
+    </message>
+    <message>
+        <source>The text of the message, on one line. The day and the time are put before it when you send it, so that your colleague sees when you wrote it. Below the box you see how many more characters there is room for.</source>
+        <translation>Beskedens tekst på én linje. Dag og klokkeslæt sættes foran, når du sender den, så din kollega kan se, hvornår du skrev den. Under feltet ser du, hvor mange tegn der er plads til endnu.</translation>
+    </message>
+    <message>
+        <source>&amp;Message:</source>
+        <translation>&amp;Besked:</translation>
+    </message>
+    <message>
+        <source>Text of the message</source>
+        <translation>Beskedens tekst</translation>
+    </message>
+    <message>
+        <source>Room that is left in the message</source>
+        <translation>Plads, der er tilbage i beskeden</translation>
+    </message>
+    <message>
+        <source>Counts the characters that the message can still take. A message has 90 characters at most, and the day and the time before it take some of them. At 0 nothing more can be typed.</source>
+        <translation>Tæller de tegn, beskeden endnu har plads til. En besked har højst 90 tegn, og dagen og klokkeslættet foran den optager nogle af dem. Ved 0 kan der ikke skrives mere.</translation>
+    </message>
+    <message>
+        <source>Characters left</source>
+        <translation>Tegn tilbage</translation>
+    </message>
+    <message>
+        <source>What became of your message</source>
+        <translation>Hvad der blev af din besked</translation>
+    </message>
+    <message>
+        <source>Tells you for whom your message is ready, or why it could not be taken. A text that could not be taken stays in its box, so that you can try again. It is empty until you send or store something.</source>
+        <translation>Fortæller, hvem din besked er klar til, eller hvorfor den ikke kunne tages imod. En tekst, der ikke kunne tages imod, bliver i sit felt, så du kan prøve igen. Den er tom, indtil du sender eller gemmer noget.</translation>
+    </message>
+    <message>
+        <source>Result of sending</source>
+        <translation>Resultatet af at sende</translation>
+    </message>
+    <message>
+        <source>Send the message and leave the window open</source>
+        <translation>Send beskeden, og lad vinduet være åbent</translation>
+    </message>
+    <message>
+        <source>Puts the message into the list of waiting messages and leaves the window open, so that you can write another one. All waiting messages go out when the window is closed. Pressed twice, it sends the message twice.</source>
+        <translation>Lægger beskeden på listen over ventende beskeder og lader vinduet være åbent, så du kan skrive en til. Alle ventende beskeder sendes, når vinduet lukkes. Trykkes der to gange, sendes beskeden to gange.</translation>
+    </message>
+    <message>
+        <source>&amp;Send</source>
+        <translation>&amp;Send</translation>
+    </message>
+    <message>
+        <source>Send the message and close the window</source>
+        <translation>Send beskeden, og luk vinduet</translation>
+    </message>
+    <message>
+        <source>Sends the message and closes the window; Enter does the same. If you have pressed Send and changed nothing since, the message is not sent again. If the text is empty, the window just closes.</source>
+        <translation>Sender beskeden og lukker vinduet; Enter gør det samme. Har du trykket på Send og intet ændret siden, sendes beskeden ikke igen. Er teksten tom, lukkes vinduet blot.</translation>
+    </message>
+    <message>
+        <source>&amp;OK</source>
+        <translation>&amp;OK</translation>
+    </message>
+    <message>
+        <source>Close the window without sending the text</source>
+        <translation>Luk vinduet uden at sende teksten</translation>
+    </message>
+    <message>
+        <source>Closes the window and forgets the text in the box; Escape does the same. Messages that wait in the list below stay there and go out.</source>
+        <translation>Lukker vinduet og glemmer teksten i feltet; Escape gør det samme. Beskeder, der venter på listen nedenunder, bliver der og sendes.</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>&amp;Annuller</translation>
+    </message>
+    <message>
+        <source>Messages that wait to be sent; type to change a cell, press Delete to delete a row</source>
+        <translation>Beskeder, der venter på at blive sendt; skriv for at ændre en celle, tryk på Delete for at slette en række</translation>
+    </message>
+    <message>
+        <source>Shows the messages that wait to be sent; they go out when the window is closed. Type in a cell, or double-click it, to change it: Enter keeps the change, Escape drops it. Press Delete to delete the chosen row. Use the empty row for a further message. A text without a name beside it is never sent, so you can keep it here for later.</source>
+        <translation>Viser de beskeder, der venter på at blive sendt; de sendes, når vinduet lukkes. Skriv i en celle, eller dobbeltklik på den, for at ændre den: Enter beholder ændringen, Escape dropper den. Tryk på Delete for at slette den valgte række. Brug den tomme række til endnu en besked. En tekst uden et navn ved siden af sendes aldrig, så du kan gemme den her til senere.</translation>
+    </message>
+    <message>
+        <source>&amp;Waiting to be sent:</source>
+        <translation>&amp;Venter på at blive sendt:</translation>
+    </message>
+    <message>
+        <source>Waiting to be sent</source>
+        <translation>Venter på at blive sendt</translation>
+    </message>
+    <message>
+        <source>What you received and sent lately, the newest at the top</source>
+        <translation>Hvad du har modtaget og sendt for nylig, det nyeste øverst</translation>
+    </message>
+    <message>
+        <source>Shows the last 200 messages that you received or that were sent, each with the day and time when that happened. A message that you cleared from the board can be read again here. Nothing can be changed; Ctrl+C copies the chosen cell.</source>
+        <translation>Viser de sidste 200 beskeder, du har modtaget, eller som er sendt, hver med dag og klokkeslæt for, hvornår det skete. En besked, du har fjernet fra tavlen, kan læses igen her. Intet kan ændres; Ctrl+C kopierer den valgte celle.</translation>
+    </message>
+    <message>
+        <source>&amp;Received and sent:</source>
+        <translation>&amp;Modtaget og sendt:</translation>
+    </message>
+    <message>
+        <source>Received and sent</source>
+        <translation>Modtaget og sendt</translation>
+    </message>
+    <message>
+        <source>Fetches the messages that wait to be sent from your own database for the grid, and stores there what you type in it. It is not seen. Messages that were sent or received are never changed by it.</source>
+        <translation>Henter de beskeder, der venter på at blive sendt, fra din egen database til tabellen og gemmer der, hvad du skriver i den. Den ses ikke. Beskeder, der er sendt eller modtaget, ændres aldrig af den.</translation>
+    </message>
+    <message>
+        <source>When</source>
+        <translation>Tid</translation>
+    </message>
+    <message>
+        <source>From/To</source>
+        <translation>Fra/til</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Navn</translation>
+    </message>
+</context>
+<context>
     <name>MessageBoard</name>
     <message>
         <source>Fairosne</source>
         <translation>Fairosne</translation>
     </message>
     <message>
-        <source>The board shows all colleagues who share the company database: a white name is stemped in, a light grey one is out, a dark grey one has closed the program. Beside the name stands the colleague&apos;s status text or a message to you. Closing the board only minimises it, so that messages still reach you.</source>
-        <translation>Tavlen viser alle kolleger, der deler firmadatabasen: Et hvidt navn er stempet ind, et lysegråt er ude, og et mørkegråt har lukket programmet. Ved siden af navnet står kollegaens statustekst eller en besked til dig. Lukker du tavlen, minimeres den kun, så beskeder stadig når dig.</translation>
+        <source>The board shows all colleagues who share the company database: a white name with a full disc is stemped in, a light grey one with a ring is out, a dark grey one with a cross has closed the program. Beside the name stands the colleague&apos;s status text or a message to you. Closing the board only minimises it, so that messages still reach you.</source>
+        <translation>Tavlen viser alle kolleger, der deler firmadatabasen: Et hvidt navn med en fuld skive er stempet ind, et lysegråt med en ring er ude, og et mørkegråt med et kryds har lukket programmet. Ved siden af navnet står kollegaens statustekst eller en besked til dig. Lukker du tavlen, minimeres den kun, så beskeder stadig når dig.</translation>
     </message>
     <message>
         <source>Click a name for messaging, click your status to change it, click a message to clear it</source>
         <translation>Klik på et navn for at skrive en besked, på din status for at ændre den, på en besked for at fjerne den</translation>
     </message>
     <message>
-        <source>Click a colleague&apos;s name to write a message, or your own name to write to all. Click your own status to change what the others see. A yellow cell is a message to you: click it when you have read it, and the status comes back. Statuses and messages are kept in the company database.</source>
-        <translation>Klik på en kollegas navn for at skrive en besked, eller på dit eget navn for at skrive til alle. Klik på din egen status for at ændre det, de andre ser. En gul celle er en besked til dig: Klik på den, når du har læst den, så kommer statussen tilbage. Statustekster og beskeder gemmes i firmadatabasen.</translation>
+        <source>Click a colleague&apos;s name to write a message, or your own name or the heading above the names to write to all. Click your own status to change what the others see. A yellow cell is a message to you: click it when you have read it, and the status comes back. Enter does the same in the cell with the frame. Statuses and messages are kept in the company database.</source>
+        <translation>Klik på en kollegas navn for at skrive en besked, eller på dit eget navn eller overskriften over navnene for at skrive til alle. Klik på din egen status for at ændre det, de andre ser. En gul celle er en besked til dig: Klik på den, når du har læst den, så kommer statussen tilbage. Enter gør det samme i cellen med rammen. Statustekster og beskeder gemmes i firmadatabasen.</translation>
     </message>
     <message>
         <source>Board of all users</source>
@@ -442,6 +593,18 @@ Ctrl+E lader dig ændre ethvert vindue: det bliver lysegråt, og et klik på et 
     <message>
         <source>Status and Messages</source>
         <translation>Status og beskeder</translation>
+    </message>
+    <message>
+        <source>Why the board may not be current</source>
+        <translation>Hvorfor tavlen måske ikke er aktuel</translation>
+    </message>
+    <message>
+        <source>Shown while the company database cannot be read or written. The board then shows how it was when that last worked. Your messages are kept on this machine and sent as soon as it works again; your own times are not concerned.</source>
+        <translation>Vises, mens firmadatabasen ikke kan læses eller skrives. Tavlen viser så, hvordan det var, da det sidst lykkedes. Dine beskeder gemmes på denne maskine og sendes, så snart det lykkes igen; dine egne tider berøres ikke.</translation>
+    </message>
+    <message>
+        <source>The board is not current</source>
+        <translation>Tavlen er ikke aktuel</translation>
     </message>
 </context>
 <context>
@@ -896,6 +1059,81 @@ Ctrl+E lader dig ændre ethvert vindue: det bliver lysegråt, og et klik på et 
     <message>
         <source>Saves the single stemps between the two dates as a CSV file: job, description, when you stemped in and when you stemped out. Use it to work on with your hours in another program. The days are those that were summed last or, before the first sum, those of the two dates.</source>
         <translation>Gemmer de enkelte stemplinger mellem de to datoer som CSV-fil: job, beskrivelse, hvornår du stemplede ind, og hvornår du stemplede ud. Brug den til at arbejde videre med dine timer i et andet program. Dagene er dem, der sidst blev lagt sammen, eller, før den første opgørelse, de to datoers.</translation>
+    </message>
+</context>
+<context>
+    <name>Status</name>
+    <message>
+        <source>Status</source>
+        <translation>Status</translation>
+    </message>
+    <message>
+        <source>Your status is the text that stands beside your name on the board, so that your colleagues know where you are. Type it or choose one that you have saved, and press Send. An empty text takes the status away.</source>
+        <translation>Din status er den tekst, der står ved dit navn på tavlen, så dine kolleger ved, hvor du er. Skriv den, eller vælg en, du har gemt, og tryk på Send. En tom tekst fjerner statussen.</translation>
+    </message>
+    <message>
+        <source>Type a status, or choose a saved one</source>
+        <translation>Skriv en status, eller vælg en gemt</translation>
+    </message>
+    <message>
+        <source>The status that is to stand beside the name on the board; it is filled with the present one. Type another one of up to 80 characters, or open the list to choose one that you have saved. Your colleagues see nothing before you press Send.</source>
+        <translation>Den status, der skal stå ved navnet på tavlen; feltet er udfyldt med den nuværende. Skriv en anden på op til 80 tegn, eller åbn listen for at vælge en, du har gemt. Dine kolleger ser intet, før du trykker på Send.</translation>
+    </message>
+    <message>
+        <source>Status &amp;text:</source>
+        <translation>Status&amp;tekst:</translation>
+    </message>
+    <message>
+        <source>Status text</source>
+        <translation>Statustekst</translation>
+    </message>
+    <message>
+        <source>Save a frequently used text in the list</source>
+        <translation>Gem en tekst, du ofte bruger, på listen</translation>
+    </message>
+    <message>
+        <source>Saves the text in the box, so that the list offers it from now on. Use it for texts that you need often, such as Lunch. The texts are kept in your own database; your status is not changed by it.</source>
+        <translation>Gemmer teksten i feltet, så listen tilbyder den fremover. Brug den til tekster, du ofte har brug for, såsom Frokost. Teksterne gemmes i din egen database; din status ændres ikke af det.</translation>
+    </message>
+    <message>
+        <source>Sa&amp;ve</source>
+        <translation>&amp;Gem</translation>
+    </message>
+    <message>
+        <source>Show this status on the board</source>
+        <translation>Vis denne status på tavlen</translation>
+    </message>
+    <message>
+        <source>Closes the window and writes the status to the board, where all colleagues see it; Enter does the same. An empty text takes the status away. The list of saved texts stays as it is.</source>
+        <translation>Lukker vinduet og skriver statussen på tavlen, hvor alle kolleger ser den; Enter gør det samme. En tom tekst fjerner statussen. Listen over gemte tekster forbliver, som den er.</translation>
+    </message>
+    <message>
+        <source>&amp;Send</source>
+        <translation>&amp;Send</translation>
+    </message>
+    <message>
+        <source>Close the window and leave the status as it is</source>
+        <translation>Luk vinduet, og lad statussen være, som den er</translation>
+    </message>
+    <message>
+        <source>Closes the window without changing the status; Escape does the same. Texts that you have saved in the list stay saved.</source>
+        <translation>Lukker vinduet uden at ændre statussen; Escape gør det samme. Tekster, du har gemt på listen, forbliver gemt.</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>&amp;Annuller</translation>
+    </message>
+    <message>
+        <source>What became of saving the text</source>
+        <translation>Hvordan det gik med at gemme teksten</translation>
+    </message>
+    <message>
+        <source>Tells you whether the text was saved in the list, or why it was not. A text that was not saved stays in its box, and can be sent all the same.</source>
+        <translation>Fortæller, om teksten blev gemt på listen, eller hvorfor den ikke blev. En tekst, der ikke blev gemt, bliver i sit felt og kan sendes alligevel.</translation>
+    </message>
+    <message>
+        <source>Result of saving</source>
+        <translation>Resultatet af at gemme</translation>
     </message>
 </context>
 <context>

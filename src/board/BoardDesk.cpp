@@ -1,50 +1,126 @@
 #include "board/BoardDesk.h"
 
+#include "board/Message.h"
 #include "board/MessageBoard.h"
+#include "board/Status.h"
+#include "platform/dao/Error.h"
+#include "platform/forms/Prompts.h"
+#include "platform/system/TimeSource.h"
 #include "settings/Options.h"
+#include "startup/Identity.h"
 #include "startup/JobDatabase.h"
 
-BoardDesk::BoardDesk(FormServices &services, JobDatabase &jobDatabase, const Options &options, const bool &startingUp)
-    : jobDatabase_(jobDatabase),
-      options_(options),
-      startingUp_(startingUp),
+#include <QApplication>
+#include <QLocale>
+#include <QLoggingCategory>
+
+using namespace std::chrono_literals;
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+Q_LOGGING_CATEGORY(log, "stemp.board")
+
+constexpr std::chrono::milliseconds firstPeriod = 2s; // until the option is read
+constexpr std::chrono::milliseconds blinkPeriod = 500ms;
+constexpr std::chrono::milliseconds patience = 5s; // with a poll, before the board says that it is not current
+
+// Runs work on the per-login database; false, and told in the log, when that failed.
+template <class Work> bool Succeeds(Work work)
+{
+    try {
+        work();
+        return true;
+    } catch (const dao::Error &error) {
+        qCWarning(log).noquote() << error.Text();
+        return false;
+    }
+}
+
+} // namespace
+
+BoardDesk::BoardDesk(FormServices &services, Prompts &prompts, BoardDeskParts parts)
+    : services_(services),
+      prompts_(prompts),
+      parts_(parts),
+      mail_(parts.localDB),
       messageBoard_(std::make_unique<MessageBoard>(services))
 {
+    refreshTimer_.setInterval(firstPeriod);
+    blinkTimer_.setInterval(blinkPeriod);
+    patience_.setSingleShot(true);
+    patience_.setInterval(patience);
     connect(&refreshTimer_, &QTimer::timeout, this, &BoardDesk::RefreshTimer_Timer);
+    connect(&blinkTimer_, &QTimer::timeout, this, &BoardDesk::BlinkTimer_Timer);
+    connect(&patience_, &QTimer::timeout, this, &BoardDesk::PollFailed);
+    connect(messageBoard_.get(), &MessageBoard::UserGridClicked, this, &BoardDesk::UserGridService);
+    connect(messageBoard_.get(), &MessageBoard::DeletePressed, this, &BoardDesk::DeleteUser);
+    connect(&parts_.jobDatabase, &JobDatabase::Polled, this, &BoardDesk::Polled);
+    connect(&parts_.jobDatabase, &JobDatabase::PollFailed, this, &BoardDesk::PollFailed);
+    connect(&parts_.jobDatabase, &JobDatabase::UsersRead, this, [this](const QList<Presence::UserRow> &users) {
+        parts_.board.TakeUsers(users, parts_.identity.UserInitials);
+        ShowUsers();
+    });
 }
 
 BoardDesk::~BoardDesk() = default;
 
 void BoardDesk::Load()
 {
+    Succeeds([this] { mail_.Prepare(); });
     messageBoard_->Load();
 }
 
 void BoardDesk::Unload()
 {
-    refreshTimer_.stop();
+    for (QTimer *timer : {&refreshTimer_, &blinkTimer_, &patience_})
+        timer->stop();
+    if (message_)
+        message_->Unload();
+    if (status_)
+        status_->Unload();
     messageBoard_->Unload();
+}
+
+void BoardDesk::ShowBoard(bool on)
+{
+    if (on && !messageBoard_->isVisible())
+        messageBoard_->PopUp(false);
+    else if (!on)
+        messageBoard_->hide();
+}
+
+void BoardDesk::Enterprise_Init()
+{
+    SetRefreshInterval();
+    EnableTimer(parts_.jobDatabase.EnterpriseOn);
+    isCurrent_ = false;
+    if (parts_.jobDatabase.EnterpriseOn)
+        Refresh_Enterprise();
+    else if (parts_.jobDatabase.LocalJobs)
+        parts_.jobDatabase.LookAtUsers();
+    ShowNotice();
 }
 
 void BoardDesk::Refresh_Enterprise()
 {
-    if (!jobDatabase_.EnterpriseOn)
+    if (!parts_.jobDatabase.EnterpriseOn || dialogIsOpen_)
         return;
-    refreshTimer_.stop();
+    EnableTimer(false);
     RefreshTimer_Timer();
-    refreshTimer_.start();
+    EnableTimer(true);
 }
 
 void BoardDesk::SetRefreshInterval()
 {
-    const std::chrono::milliseconds period = PollPeriod(options_.PollDelay);
-    if (period != refreshTimer_.intervalAsDuration()) // else the next look would be put off
+    const std::chrono::milliseconds period = PollPeriod(parts_.options.PollDelay);
+    if (period != refreshTimer_.intervalAsDuration()) // else the next poll would be put off
         refreshTimer_.setInterval(period);
 }
 
 void BoardDesk::EnableTimer(bool on)
 {
-    if (on)
+    if (on && !dialogIsOpen_)
         refreshTimer_.start();
     else
         refreshTimer_.stop();
@@ -52,6 +128,226 @@ void BoardDesk::EnableTimer(bool on)
 
 void BoardDesk::RefreshTimer_Timer()
 {
-    if (!startingUp_)
-        jobDatabase_.Poll();
+    if (parts_.startingUp)
+        return;
+    if (parts_.jobDatabase
+            .IsPolling()) { // the file takes its time; cleared cells and waiting messages do not wait for it
+        ShowUsers();
+        return;
+    }
+    Poll::Request request{parts_.identity.UserInitials, parts_.time.Now(), {}, {}};
+    Succeeds([&] { request = mail_.MakeRequest(request.user, request.now); });
+    patience_.start();
+    parts_.jobDatabase.Poll(request);
+}
+
+void BoardDesk::Polled(const Poll::News &news)
+{
+    patience_.stop();
+    isCurrent_ = true;
+    lastCurrent_ = parts_.time.Now();
+    if (!Succeeds([&] { mail_.Take(news, lastCurrent_); }))
+        parts_.jobDatabase.ForgetPolls();
+    if (news.changed) {
+        parts_.board.TakeUsers(news.users, parts_.identity.UserInitials);
+        if (news.refusedWrite && canWrite_) // once, however long that lasts
+            qCWarning(log).noquote() << news.refusedWrite->Text();
+        canWrite_ = !news.refusedWrite;
+    }
+    if (message_)
+        message_->ShowBuffer();
+    ShowUsers();
+    ShowNotice();
+    // The first poll of a file has settled whether it can be written. What is refused later is said quietly.
+    if (std::exchange(settledPath_, parts_.jobDatabase.CompanyPath) != parts_.jobDatabase.CompanyPath
+        && news.refusedWrite)
+        QTimer::singleShot(0, this, [this, error = *news.refusedWrite] { TellRefusedWrite(error); });
+}
+
+void BoardDesk::PollFailed()
+{
+    patience_.stop();
+    isCurrent_ = false;
+    ShowUsers();
+    ShowNotice();
+}
+
+void BoardDesk::ShowUsers()
+{
+    Board &board = parts_.board;
+    Succeeds([&] { popUpWaits_ = board.ShowMessages(mail_.Unread()) || popUpWaits_; });
+    messageBoard_->ShowRows(board.Rows(), parts_.time.Now());
+    if (!board.Alert)
+        return BlinkIcons();
+    if (!blinkTimer_.isActive())
+        blinkTimer_.start();
+    PopUp();
+}
+
+void BoardDesk::ShowNotice()
+{
+    const JobDatabase &jobs = parts_.jobDatabase;
+    QString notice;
+    if (!jobs.EnterpriseOn)
+        notice = u"The company database is not there. Colleagues are shown as they were known last."_s;
+    else if (!isCurrent_ && lastCurrent_.isNull())
+        notice = u"The company database has not answered yet."_s;
+    else if (!isCurrent_)
+        notice = u"Not current since %1: the company database does not answer."_s.arg(
+            QLocale().toString(lastCurrent_, QLocale::ShortFormat));
+    else if (!canWrite_)
+        notice = u"The company database can be read, but not written. Your state and your messages wait here."_s;
+    messageBoard_->ShowNotice(notice);
+}
+
+// Clearly: where a drive grants no locks it stays so until somebody mends the drive.
+void BoardDesk::TellRefusedWrite(const dao::Error &error)
+{
+    const QString reason =
+        error.Kind() == dao::ErrorKind::Busy
+            ? u"Either another program keeps it locked, or its drive does not let programs lock files, as some network "
+              "drives do. If this goes on, move the file to a drive of another kind, or have the network drive set up "
+              "with file locking."_s
+        : error.Kind() == dao::ErrorKind::Full
+            ? u"Its drive is full. Make room on it."_s
+            : u"The file or its folder is write-protected for you. Ask for the right to write in the folder, too."_s;
+    prompts_.MsgBox(
+        messageBoard_.get(),
+        u"The company database\n%1\ncan be read, but not written. %2\n\nUntil then you see your colleagues, "
+        "but they do not see you, and your messages wait on this machine."_s.arg(parts_.jobDatabase.CompanyPath,
+                                                                                 reason));
+}
+
+void BoardDesk::PopUp()
+{
+    if (!parts_.options.PopUpMessages || QApplication::activeModalWidget())
+        return; // a new message tries again while the icons blink
+    messageBoard_->PopUp(std::exchange(popUpWaits_, false));
+}
+
+void BoardDesk::BlinkTimer_Timer()
+{
+    BlinkIcons();
+    if (popUpWaits_)
+        PopUp();
+}
+
+void BoardDesk::BlinkIcons()
+{
+    if (parts_.board.Alert) {
+        messageBoard_->ShowAlertIcon(BlinkPhase);
+        emit MainIconAlerted(!BlinkPhase);
+        BlinkPhase = !BlinkPhase;
+        return;
+    }
+    blinkTimer_.stop();
+    BlinkPhase = false;
+    popUpWaits_ = false;
+    messageBoard_->ShowAlertIcon(false);
+    emit MainIconAlerted(false);
+}
+
+void BoardDesk::UserGridService(int row, int column)
+{
+    if (parts_.startingUp)
+        return;
+    const bool isHeader = row < 0;
+    if (isHeader) {
+        if (column == 0)
+            WriteTo(u"User"_s); // which means everybody
+        return;
+    }
+    const Board::Row clicked = parts_.board.Rows().at(static_cast<std::size_t>(row));
+    const bool isOwn = parts_.board.IsOwn(clicked.name);
+    if (column == 1) {
+        if (clicked.message)
+            ClearMessage(row);
+        else if (clicked.isUser && (isOwn || parts_.options.CanSetOthersStatus))
+            EditUserStatus(clicked.name);
+    } else if (clicked.isUser) {
+        WriteTo(isOwn ? u"All"_s : clicked.name);
+    }
+}
+
+void BoardDesk::ClearMessage(int row)
+{
+    const QString id = parts_.board.ClearMessage(row);
+    Succeeds([&] { mail_.MarkRead(id); });
+    if (parts_.jobDatabase.EnterpriseOn)
+        Refresh_Enterprise();
+    else
+        ShowUsers();
+}
+
+void BoardDesk::WriteTo(const QString &recipient)
+{
+    message_ = std::make_unique<Message>(services_, prompts_, parts_.localDB, parts_.board, parts_.time);
+    message_->Load();
+    message_->Begin(recipient);
+    Display(*message_);
+    message_->Unload();
+    message_.reset();
+    AfterDialog();
+}
+
+void BoardDesk::EditUserStatus(const QString &user)
+{
+    QString comment;
+    for (const Board::Row &row : parts_.board.Rows())
+        if (row.isUser && row.name == user)
+            comment = row.comment;
+    status_ = std::make_unique<Status>(services_, parts_.localDB, user, comment);
+    status_->Load();
+    Display(*status_);
+    const bool accepted = status_->IsAccepted();
+    const QString text = status_->Text();
+    status_->Unload();
+    status_.reset();
+    if (accepted)
+        parts_.jobDatabase.WriteComment(this, user, text, [this, text](bool written) {
+            TellUnlessWritten(written, u"The status\n%1\ncould not be written, because the company database is locked, "
+                                       "write-protected or not there. Please try again."_s.arg(text));
+        });
+    AfterDialog();
+}
+
+void BoardDesk::DeleteUser(const QString &user)
+{
+    if (parts_.startingUp || parts_.board.IsOwn(user))
+        return;
+    BeforeDialog();
+    const bool yes = prompts_.AskYesNo(messageBoard_.get(), u"Are you sure you want to DELETE user :%1"_s.arg(user));
+    if (yes)
+        parts_.jobDatabase.DeleteUser(this, user, [this, user](bool written) {
+            TellUnlessWritten(written,
+                              u"%1 could not be deleted, because the company database is locked, write-protected or "
+                              "not there. Please try again."_s.arg(user));
+        });
+    AfterDialog();
+}
+
+void BoardDesk::TellUnlessWritten(bool written, const QString &message)
+{
+    if (!written)
+        prompts_.MsgBox(messageBoard_.get(), message);
+}
+
+void BoardDesk::Display(Form &dialog)
+{
+    dialog.setWindowIcon(messageBoard_->windowIcon());
+    BeforeDialog();
+    dialog.ShowModal(messageBoard_.get());
+}
+
+void BoardDesk::BeforeDialog()
+{
+    dialogIsOpen_ = true;
+    refreshTimer_.stop();
+}
+
+void BoardDesk::AfterDialog()
+{
+    dialogIsOpen_ = false;
+    if (messageBoard_->IsLoaded()) // else the program is ending
+        Refresh_Enterprise();
 }

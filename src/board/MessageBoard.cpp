@@ -2,28 +2,215 @@
 
 #include "ui_MessageBoard.h"
 
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScreen>
+#include <QScrollBar>
+#include <QStyledItemDelegate>
+#include <QTextDocument>
+#include <QToolTip>
+
+#include <algorithm>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr QRgb noticeColor = 0xffe4ecf4;
+
+// Tells the current cell by a frame, as the colours of the cells have a meaning.
+class BoardDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        QStyleOptionViewItem plain = option;
+        plain.state &= ~(QStyle::State_HasFocus | QStyle::State_MouseOver);
+        QStyledItemDelegate::paint(painter, plain, index);
+        if (!(option.state & QStyle::State_HasFocus))
+            return;
+        // One of the two is seen on a cell of any colour.
+        const QRect frame = option.rect.adjusted(0, 0, -1, -1);
+        painter->save();
+        painter->setPen(Qt::black);
+        painter->drawRect(frame);
+        painter->drawRect(frame.adjusted(1, 1, -1, -1));
+        painter->setPen(Qt::white);
+        painter->drawRect(frame.adjusted(2, 2, -2, -2));
+        painter->restore();
+    }
+
+    // A cell's tip goes before the grid's own. Where the latter was taken away, no tips are wanted.
+    bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
+                   const QModelIndex &index) override
+    {
+        const QString cellTip = index.data(Qt::ToolTipRole).toString();
+        if (event->type() != QEvent::ToolTip || cellTip.isEmpty())
+            return QStyledItemDelegate::helpEvent(event, view, option, index);
+        const QString gridTip = view->toolTip();
+        const QString asMarkup = Qt::mightBeRichText(gridTip) ? gridTip : gridTip.toHtmlEscaped();
+        if (gridTip.isEmpty())
+            QToolTip::hideText();
+        else
+            QToolTip::showText(event->globalPos(), cellTip + u"<p>"_s + asMarkup, view, option.rect);
+        return true;
+    }
+};
+
+} // namespace
+
 MessageBoard::MessageBoard(FormServices &services)
-    : Form(QStringLiteral("MessageBoard"), services), ui_(std::make_unique<Ui::MessageBoard>())
+    : Form(u"MessageBoard"_s, services),
+      ui_(std::make_unique<Ui::MessageBoard>()),
+      model_({QLatin1String(QT_TRANSLATE_NOOP("MessageBoard", "User")),
+              QLatin1String(QT_TRANSLATE_NOOP("MessageBoard", "Status and Messages"))}),
+      iconYell_(u":/icons/IconYell.svg"_s),
+      iconYellNot_(u":/icons/IconYellNot.svg"_s)
 {
     ui_->setupUi(this);
+    SetUpGrid();
+    // The clock opens amid the screen. What is designed leaves room for the frame.
+    move(screen()->availableGeometry().bottomRight() - QPoint(width() + 40, height() + 60));
     RegisterControls();
+    setAttribute(Qt::WA_AlwaysShowToolTips); // it is glanced at while another window has the keys
+
+    QPalette notice = ui_->NoticeLabel->palette();
+    notice.setColor(QPalette::Window, QColor(noticeColor));
+    notice.setColor(QPalette::WindowText, Qt::black);
+    ui_->NoticeLabel->setPalette(notice);
+    ui_->NoticeLabel->setBackgroundRole(QPalette::Window); // not the surface's colour
+    ui_->NoticeLabel->setForegroundRole(QPalette::WindowText);
 }
 
 MessageBoard::~MessageBoard() = default;
 
+void MessageBoard::SetUpGrid()
+{
+    QTableView &grid = *ui_->UserGrid;
+    grid.setModel(&model_);
+    grid.setItemDelegate(new BoardDelegate(&grid));
+    grid.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    grid.horizontalHeader()->setSectionsClickable(true);
+    grid.horizontalHeader()->setHighlightSections(false);
+    connect(
+        &grid, &QTableView::clicked, this,
+        [this](const QModelIndex &cell) { emit UserGridClicked(cell.row(), cell.column()); });
+    connect(grid.horizontalHeader(), &QHeaderView::sectionClicked, this,
+            [this](int column) { emit UserGridClicked(-1, column); });
+}
+
 void MessageBoard::Form_Load()
 {
     LoadTexts();
+    ShowRunTimeTexts();
+    ShowAlertIcon(false);
+    ui_->UserGrid->setFocus();
 }
 
 void MessageBoard::Form_Unload()
 {
+    ShowNotice({});
+    Arrange(NormalSize());
     SaveTexts();
 }
 
 void MessageBoard::Form_Resize()
 {
-    ui_->UserGrid->setGeometry(Surface()->rect());
+    Arrange(Surface()->size());
+}
+
+// A form tells of its normal state only, but the grid is to fill the window in any.
+void MessageBoard::resizeEvent(QResizeEvent *event)
+{
+    Form::resizeEvent(event);
+    if (IsLoaded())
+        Form_Resize();
+}
+
+void MessageBoard::Arrange(QSize surface)
+{
+    QLabel &label = *ui_->NoticeLabel;
+    const int labelHeight = label.isHidden() ? 0 : label.heightForWidth(surface.width());
+    const int gridHeight = std::max(0, surface.height() - labelHeight);
+    ui_->UserGrid->setGeometry(0, 0, surface.width(), gridHeight);
+    if (labelHeight > 0)
+        label.setGeometry(0, gridHeight, surface.width(), labelHeight);
+}
+
+void MessageBoard::ShowRows(const std::vector<Board::Row> &rows, const QDateTime &now)
+{
+    QTableView &grid = *ui_->UserGrid;
+    const int row = grid.currentIndex().row();
+    const int column = grid.currentIndex().column();
+    const QString name = grid.currentIndex().siblingAtColumn(BoardModel::nameColumn).data().toString();
+    const int scrolled = grid.verticalScrollBar()->value();
+    model_.SetRows(rows, now);
+    if (grid.currentIndex().isValid() || rows.empty())
+        return;
+    // It was reset. Instead of a user who has gone, the one who has come to that place is taken.
+    const int found = model_.RowOf(name);
+    const int current = found >= 0 ? found : std::clamp(row, 0, model_.rowCount() - 1);
+    grid.setCurrentIndex(model_.index(current, std::max(column, BoardModel::nameColumn)));
+    grid.verticalScrollBar()->setValue(scrolled);
+}
+
+void MessageBoard::ShowNotice(const QString &text)
+{
+    notice_ = text;
+    ShowRunTimeTexts();
+}
+
+void MessageBoard::ShowRunTimeTexts()
+{
+    ui_->NoticeLabel->setText(notice_);
+    ui_->NoticeLabel->setHidden(notice_.isEmpty());
+    Form_Resize();
+}
+
+void MessageBoard::ShowAlertIcon(bool yellow)
+{
+    setWindowIcon(yellow ? iconYell_ : iconYellNot_);
+}
+
+void MessageBoard::PopUp(bool restore)
+{
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    if (restore && isMinimized()) { // restored by the desktop, it would get the keys
+        hide();
+        destroy(); // a native window that is hidden would take the keys as soon as its state changes
+        setWindowState(windowState() & ~Qt::WindowMinimized);
+    }
+    if (!isVisible())
+        show();
+    if (restore)
+        raise();
+    setAttribute(Qt::WA_ShowWithoutActivating, false);
+}
+
+bool MessageBoard::Form_KeyDown(QKeyEvent &event)
+{
+    const QModelIndex cell = ui_->UserGrid->currentIndex();
+    if (focusWidget() != ui_->UserGrid || !cell.isValid() || (event.modifiers() & ~Qt::KeypadModifier))
+        return false;
+    switch (event.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Space:
+        if (!event.isAutoRepeat())
+            emit UserGridClicked(cell.row(), cell.column());
+        return true;
+    case Qt::Key_Delete: {
+        const Board::Row &row = model_.Rows()[static_cast<std::size_t>(cell.row())];
+        if (cell.column() == BoardModel::nameColumn && row.isUser)
+            emit DeletePressed(row.name);
+        return true;
+    }
+    default:
+        return false;
+    }
 }
 
 bool MessageBoard::QueryUnload()

@@ -1,6 +1,10 @@
 #pragma once
 
+#include "board/Board.h"
+#include "board/BoardModel.h"
 #include "platform/forms/Form.h"
+
+#include <QIcon>
 
 #include <memory>
 
@@ -17,12 +21,37 @@ public:
     explicit MessageBoard(FormServices &services);
     ~MessageBoard() override;
 
+    // Shows these rows. The current cell stays on its user, and the scroll place where it is, also when users come and go.
+    void ShowRows(const std::vector<Board::Row> &rows, const QDateTime &now);
+    // A quiet line below the grid, for when what is shown is not current; an empty text takes it away.
+    void ShowNotice(const QString &text);
+    void ShowAlertIcon(bool yellow); // else the quiet picture
+
+    // Shows the board without taking the keys from another window. One that is minimised stays so unless `restore` is set,
+    // which also brings it before the other windows.
+    void PopUp(bool restore);
+
+signals:
+    // A cell was clicked, or Enter or Space pressed on it. Row -1 is the header.
+    void UserGridClicked(int row, int column);
+    void DeletePressed(const QString &name); // on a user's name
+
 protected:
     void Form_Load() override;
     void Form_Unload() override;
     void Form_Resize() override;
+    bool Form_KeyDown(QKeyEvent &event) override;
     bool QueryUnload() override;
+    void ShowRunTimeTexts() override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
+    void SetUpGrid();
+    void Arrange(QSize surface);
+
     std::unique_ptr<Ui::MessageBoard> ui_;
+    BoardModel model_;
+    QIcon iconYell_;
+    QIcon iconYellNot_;
+    QString notice_;
 };

@@ -77,6 +77,7 @@ StempWin::StempWin(FormServices &services, Prompts &prompts, StempWinParts parts
 {
     iconIn_ = QIcon(QStringLiteral(":/icons/IconIn.svg"));
     iconOut_ = QIcon(QStringLiteral(":/icons/IconOut.svg"));
+    iconAlert_ = QIcon(QStringLiteral(":/icons/IconAlert.svg"));
     ui_->setupUi(this);
     SetUpGrid();
     RegisterControls();
@@ -225,6 +226,14 @@ void StempWin::StempOutLook()
     SetBackColor(red);
     setWindowIcon(iconOut_);
     setWindowTitle(parts_.identity.UserInitials + QStringLiteral(" Out"));
+}
+
+void StempWin::ShowAlertIcon(bool on)
+{
+    if (on)
+        setWindowIcon(iconAlert_);
+    else
+        setWindowIcon(parts_.clock.state.IsStempedIn ? iconIn_ : iconOut_);
 }
 
 void StempWin::ShowRunTimeTexts()

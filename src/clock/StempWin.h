@@ -52,8 +52,9 @@ public:
     StempWin(FormServices &services, Prompts &prompts, StempWinParts parts);
     ~StempWin() override;
 
-    void StempInLook();  // the person is in: green
-    void StempOutLook(); // the person is out: red
+    void StempInLook();          // the person is in: green
+    void StempOutLook();         // the person is out: red
+    void ShowAlertIcon(bool on); // a message waits to be read; else the state of the clock
     void StempIn(const QString &item);
     void StempOut();
     void StempOutAt(const QDateTime &time);
@@ -109,6 +110,7 @@ private:
     RowsModel gridModel_;
     QIcon iconIn_;
     QIcon iconOut_;
+    QIcon iconAlert_;
     std::unique_ptr<PickList> pickList_;
     std::unique_ptr<IOQuery> outQuery_;    // while it is shown
     std::unique_ptr<CreateJob> createJob_; // while it is shown

@@ -34,10 +34,19 @@ std::chrono::milliseconds Left(std::chrono::steady_clock::time_point deadline)
     return std::chrono::duration_cast<std::chrono::milliseconds>(deadline - std::chrono::steady_clock::now());
 }
 
+auto WhetherWritten(std::function<void(bool)> done)
+{
+    return [done = std::move(done)](const Answer<void> &answer) {
+        if (answer.error)
+            qCWarning(log).noquote() << answer.error->Text();
+        done(!answer.error);
+    };
+}
+
 } // namespace
 
 JobDatabase::JobDatabase(CompanyLink::Mode mode, const Identity &identity, JobLists &lists)
-    : identity_(identity), lists_(lists), link_(mode), listSeen_(std::make_shared<ListMark>()), nextLimit_(waitLimit)
+    : identity_(identity), lists_(lists), link_(mode), memory_(std::make_shared<Memory>()), nextLimit_(waitLimit)
 {
     searchTimer_.setInterval(searchPeriod);
     connect(&searchTimer_, &QTimer::timeout, this, &JobDatabase::LookForConfigured);
@@ -115,7 +124,7 @@ void JobDatabase::Take(const QString &configured, Look look, Deadline deadline)
     missed_ = !look.answers;
     polling_ = searching_ = false; // what was under way is not heard any more
     wanted_.clear();
-    listSeen_ = std::make_shared<ListMark>();
+    memory_ = std::make_shared<Memory>();
     configured_ = configured;
     if (configured.isEmpty() || path == configured)
         searchTimer_.stop();
@@ -195,6 +204,21 @@ void JobDatabase::WriteState(Presence::State state)
         [this](const Answer<void> &answer) { MissedIfFailed(answer); });
 }
 
+void JobDatabase::WriteComment(QObject *context, const QString &user, const QString &comment,
+                               std::function<void(bool)> done)
+{
+    link_.Ask(
+        context, [user, comment](dao::Database &database) { Presence::WriteComment(database, user, comment); },
+        WhetherWritten(std::move(done)));
+}
+
+void JobDatabase::DeleteUser(QObject *context, const QString &user, std::function<void(bool)> done)
+{
+    link_.Ask(
+        context, [user](dao::Database &database) { Presence::DeleteUser(database, user); },
+        WhetherWritten(std::move(done)));
+}
+
 // The file goes out of use: no answer will be heard.
 void JobDatabase::Set_OFF()
 {
@@ -228,14 +252,10 @@ void JobDatabase::FillJobList()
     if (missed_) // nobody knows when it answers
         FillFromLocalCopy();
     link_.Ask(
-        this,
-        [seen = listSeen_](dao::Database &database) {
-            *seen = ListMark();
-            return ReadChangedJobList(database, *seen);
-        },
-        [this](const Answer<std::optional<JobList>> &answer) {
+        this, [memory = memory_](dao::Database &database) { return ReadJobList(database, *memory); },
+        [this](const Answer<JobList> &answer) {
             if (!answer.error) {
-                TakeJobList(**answer.value);
+                TakeJobList(*answer.value);
                 return;
             }
             Missed(*answer.error);
@@ -267,22 +287,13 @@ void JobDatabase::FillFromLocalCopy()
         });
 }
 
-// Nothing when the list is as it was `seen` last.
-std::optional<JobList> JobDatabase::ReadChangedJobList(dao::Database &database, ListMark &seen)
+JobList JobDatabase::ReadJobList(dao::Database &database, Memory &memory)
 {
-    const QString purpose = QStringLiteral("looking for changes of the job list");
-    ListMark mark; // before the list: what changes in between is noticed the next time
-    mark.dataVersion =
-        database.Select(QStringLiteral("PRAGMA data_version"), {}, purpose).value(0).value(0).toLongLong();
-    const QVariantList rows =
-        database.Select(QStringLiteral("SELECT count(*), max(Id) FROM Projects"), {}, purpose).value(0);
-    mark.jobs = rows.value(0).toLongLong();
-    mark.lastId = rows.value(1).toLongLong();
-    if (mark == seen)
-        return std::nullopt;
+    // The mark before the list: what changes in between is noticed the next time.
+    const QString mark = Presence::ReadUsersAndJobs(database).jobsMark;
     JobList list; // made ready for searching here, beside the windows
     list.Assign(ReadProjects(database));
-    seen = mark;
+    memory.jobsMark = mark;
     return list;
 }
 
@@ -301,22 +312,55 @@ void JobDatabase::ShowJobList(const JobList &list)
     emit JobListFilled();
 }
 
-void JobDatabase::Poll()
+void JobDatabase::Poll(const Poll::Request &request)
 {
     if (!EnterpriseOn || std::exchange(polling_, true))
         return;
     link_.Ask(
-        this, [seen = listSeen_](dao::Database &database) { return ReadChangedJobList(database, *seen); },
-        [this](const Answer<std::optional<JobList>> &answer) {
+        this, [memory = memory_, request](dao::Database &database) { return RunPoll(database, *memory, request); },
+        [this](const Answer<PollAnswer> &answer) {
             polling_ = false;
             if (answer.error) {
                 Missed(*answer.error);
+                emit PollFailed();
                 return;
             }
-            if (*answer.value)
-                TakeJobList(**answer.value);
+            if (answer.value->jobs)
+                TakeJobList(*answer.value->jobs);
+            emit Polled(answer.value->news);
             if (std::exchange(missed_, false))
                 emit CameBack();
+        });
+}
+
+JobDatabase::PollAnswer JobDatabase::RunPoll(dao::Database &database, Memory &memory, const Poll::Request &request)
+{
+    try {
+        PollAnswer answer;
+        answer.news = Poll::Run(database, memory.poll, request);
+        if (answer.news.changed && answer.news.jobsMark != memory.jobsMark)
+            answer.jobs = ReadJobList(database, memory);
+        return answer;
+    } catch (...) {
+        memory.poll = {}; // nobody hears of what it has seen
+        throw;
+    }
+}
+
+void JobDatabase::ForgetPolls()
+{
+    memory_ = std::make_shared<Memory>();
+}
+
+void JobDatabase::LookAtUsers()
+{
+    link_.Ask(
+        this, Presence::ReadUsers,
+        [this](const Answer<QList<Presence::UserRow>> &answer) {
+            if (answer.error)
+                qCWarning(log).noquote() << answer.error->Text();
+            else
+                emit UsersRead(*answer.value);
         });
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "board/Poll.h"
 #include "board/Presence.h"
 #include "clock/JobList.h"
 #include "clock/Projects.h"
@@ -53,6 +54,10 @@ public:
     void Set_Out() { WriteState(Presence::State::Out); }
     void Set_OFF();
 
+    // Each goes on in `done`, unless `context` is gone by then or another file is in use: whether it was written.
+    void WriteComment(QObject *context, const QString &user, const QString &comment, std::function<void(bool)> done);
+    void DeleteUser(QObject *context, const QString &user, std::function<void(bool)> done);
+
     // JobListFilled() follows when the list has changed. While the file in use has not answered, the list is that of the local
     // copy.
     void FillJobList();
@@ -61,8 +66,14 @@ public:
     // before, unless `context` is gone by then. One at a time.
     void CreateJob(QObject *context, const JobItem &job, std::function<void(Projects::Creation)> done);
 
-    // Looks what others have changed; nothing when EnterpriseOn is off, or while the poll before is not answered.
-    void Poll();
+    // Looks what others have changed, and delivers: Polled() or PollFailed() follows. Nothing when EnterpriseOn is off, or while
+    // the poll before is not answered.
+    void Poll(const Poll::Request &request);
+    bool IsPolling() const { return polling_; }
+    // An answer was lost on its way to the per-login database: the next poll tells everything again.
+    void ForgetPolls();
+    // Reads the users of a file that is not polled, the local copy: UsersRead() follows.
+    void LookAtUsers();
 
     bool FileExists(const QString &path);    // false when it does not answer
     bool IsOwnJobsFile(const QString &path); // the program folder's own "Jobs.mdb", under any spelling
@@ -81,6 +92,9 @@ public slots:
 
 signals:
     void JobListFilled();
+    void Polled(const Poll::News &news);
+    void PollFailed();
+    void UsersRead(const QList<Presence::UserRow> &users);
     // A poll was answered after a request had failed, after a start without an answer, or after another file took the place of
     // the one in use: states and lists may have been missed.
     void CameBack();
@@ -89,13 +103,16 @@ signals:
 private:
     using Deadline = std::chrono::steady_clock::time_point;
 
-    // What tells cheaply that another copy may have changed the job list.
-    struct ListMark
+    // What the requests on one file, which run in order, leave to the next.
+    struct Memory
     {
-        qint64 dataVersion = -1; // of the connection: of all changes by others
-        qint64 jobs = -1;
-        qint64 lastId = -1;
-        bool operator==(const ListMark &) const = default;
+        Poll::Memory poll;
+        QString jobsMark; // of the list that was read last
+    };
+    struct PollAnswer
+    {
+        Poll::News news;
+        std::optional<JobList> jobs; // when there are others than before
     };
     struct Look
     {
@@ -104,7 +121,8 @@ private:
         bool isOwnFile = false;
     };
 
-    static std::optional<JobList> ReadChangedJobList(dao::Database &database, ListMark &seen);
+    static JobList ReadJobList(dao::Database &database, Memory &memory);
+    static PollAnswer RunPoll(dao::Database &database, Memory &memory, const Poll::Request &request);
 
     QString OwnJobsFile() const;
     static Look LookOf(const QString &path, const QString &own, const std::optional<Answer<bool>> &answer);
@@ -130,6 +148,6 @@ private:
     bool polling_ = false;                             // a poll is under way
     bool missed_ = false;   // a request failed, the file did not answer at first, or it was replaced; no poll since
     bool listRead_ = false; // the list in memory is that of the file in use
-    std::shared_ptr<ListMark> listSeen_;  // at the last reading; the requests, which run in order, keep it
+    std::shared_ptr<Memory> memory_;      // the requests', once it is given to one
     std::chrono::milliseconds nextLimit_; // of the next Choose: what was waited for at start before counts, too
 };

@@ -129,7 +129,10 @@ void Main::PrepareTimeDb()
 
 void Main::LoadWindows()
 {
-    boardDesk_ = std::make_unique<BoardDesk>(*common_, program_.jobDatabase, program_.options, program_.StartingUp);
+    boardDesk_ = std::make_unique<BoardDesk>(*common_, prompts_,
+                                             BoardDeskParts{program_.board, program_.jobDatabase, program_.identity,
+                                                            program_.options, program_.time, program_.LocalDB,
+                                                            program_.StartingUp});
     boardDesk_->Load();
     ApplySettings();
     if (!ended_)
@@ -143,8 +146,9 @@ void Main::LoadWindows()
     connect(stempWin_.get(), &StempWin::AdminChosen, this, &Main::mnuAdmin_Click);
     connect(stempWin_.get(), &StempWin::SummaryChosen, this, &Main::mnuSummary_Click);
     connect(stempWin_.get(), &StempWin::Stemped, boardDesk_.get(), &BoardDesk::Refresh_Enterprise);
-    connect(stempWin_.get(), &StempWin::EnterpriseReady, this, &Main::EnterpriseReady);
+    connect(stempWin_.get(), &StempWin::EnterpriseReady, boardDesk_.get(), &BoardDesk::Enterprise_Init);
     connect(stempWin_.get(), &StempWin::Leaving, boardDesk_.get(), [this] { boardDesk_->EnableTimer(false); });
+    connect(boardDesk_.get(), &BoardDesk::MainIconAlerted, stempWin_.get(), &StempWin::ShowAlertIcon);
     connect(&program_.jobDatabase, &JobDatabase::CameBack, this, &Main::TakeUpJobDatabase);
     connect(&program_.jobDatabase, &JobDatabase::Looked, this, &Main::SwitchOver);
     connect(stempWin_.get(), &StempWin::UnloadOthers, this, &Main::UnloadOthers);
@@ -217,6 +221,7 @@ void Main::SettleOpenRow()
     const bool open = program_.clock.TakeUpLastRow();
     stempWin_->ShowCurrentJob();
     stempWin_->show();
+    QMetaObject::invokeMethod(this, &Main::ShowBoard, Qt::QueuedConnection); // once the clock is on the screen
     if (open)
         stempWin_->ShowOutQuery();
 }
@@ -272,6 +277,7 @@ void Main::SwitchOver(const QString &path)
         adminForm_->ShowPathInEffect(jobs.CompanyPath);
     adminForm_->SetSharedListPossible(HasSharedList());
     program_.options = adminForm_->CurrentOptions();
+    ShowBoard();
     TakeUpJobDatabase();
     if (path != pickedPath_)
         return;
@@ -281,6 +287,12 @@ void Main::SwitchOver(const QString &path)
                         QStringLiteral("The file\n%1\nis no company database of this program and is not used. The job "
                                        "list is now the one in the program folder.")
                             .arg(path));
+}
+
+// Where people share a database. It is shown also while that is away.
+void Main::ShowBoard()
+{
+    boardDesk_->ShowBoard(!program_.options.EnterpriseMDBText.trimmed().isEmpty());
 }
 
 // Of which a local copy can be kept. In a program folder on a network drive, "Jobs.mdb" is everybody's file and no copy.
@@ -303,12 +315,6 @@ void Main::PublishState()
         program_.jobDatabase.Set_In();
     else
         program_.jobDatabase.Set_Out();
-}
-
-void Main::EnterpriseReady()
-{
-    boardDesk_->SetRefreshInterval();
-    boardDesk_->EnableTimer(program_.jobDatabase.EnterpriseOn);
 }
 
 void Main::UnloadOthers()

@@ -31,6 +31,7 @@ public:
 
     StempWin *Window() const { return stempWin_.get(); }
     AdminForm *Settings() const { return adminForm_.get(); }
+    BoardDesk *Desk() const { return boardDesk_.get(); }
 
 signals:
     void Ended(); // the main window was unloaded and the databases are closed
@@ -50,10 +51,10 @@ private:
     void mnuSummary_Click();
     void SettingsAccepted();
     void SwitchOver(const QString &path);
+    void ShowBoard();
     bool HasSharedList() const;
     void TakeUpJobDatabase();
     void PublishState();
-    void EnterpriseReady();
     void UnloadOthers();
     void MainWindowUnloaded();
     void AskUntilReadable(const QString &timeDbPath);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "board/Board.h"
 #include "clock/Clock.h"
 #include "clock/JobLists.h"
 #include "clock/TimeTable.h"
@@ -30,6 +31,7 @@ public:
     TextState texts;
     JobLists lists;
     JobDatabase jobDatabase;
+    Board board;
 
     dao::Database LocalDB;         // the per-login database, held for the program's life
     dao::Recordset PersonalJobsRs; // its Projects, by JobID

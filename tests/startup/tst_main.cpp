@@ -18,21 +18,6 @@ const QString companyFile = u"company.mdb"_s;
 const QString allRows = u"SELECT JobID, JobName, StempOutTime IS NULL FROM Stemp ORDER BY Id"_s;
 const QString allUsers = u"SELECT User, State FROM Users"_s;
 
-// Opens the settings, changes them and presses OK.
-void Accept(RunningCopy &copy, const std::function<void(QWidget &)> &change)
-{
-    WhenShown dialog(u"AdminForm"_s, [&](QWidget &window) {
-        change(window);
-        QTest::keyClick(window.focusWidget(), Qt::Key_Return);
-    });
-    copy.Find<QAction>(u"mnuAdmin"_s)->trigger();
-}
-
-auto TypePath(const QString &path)
-{
-    return [path](QWidget &window) { window.findChild<QLineEdit *>(u"EnterpriseMDBText"_s)->setText(path); };
-}
-
 } // namespace
 
 class TestMain : public QObject
@@ -202,14 +187,14 @@ private slots:
         QCOMPARE(menus(), std::pair(true, true)); // a list of one's own
         copy.main.Window()->StempIn(u"A : a"_s);
 
-        Accept(copy, TypePath(folder.File(companyFile)));
+        copy.Accept(RunningCopy::TypePath(folder.File(companyFile)));
         QCOMPARE(folder.Sql(companyFile, allUsers), anna(-1));
         QCOMPARE(menus(), std::pair(true, true)); // never taken back with a company database
         QVERIFY(copy.Clock().IsStempedIn);
-        Accept(copy, TypePath(folder.File(u"other.mdb"_s)));
+        copy.Accept(RunningCopy::TypePath(folder.File(u"other.mdb"_s)));
         QCOMPARE(folder.Sql(companyFile, allUsers), anna(1));
         QCOMPARE(folder.Sql(u"other.mdb"_s, allUsers), anna(-1));
-        Accept(copy, TypePath(folder.File(u"diary.mdb"_s)));
+        copy.Accept(RunningCopy::TypePath(folder.File(u"diary.mdb"_s)));
         QCOMPARE(copy.prompts.messages.size(), 1);
         QVERIFY(copy.program.jobDatabase.LocalJobs && !copy.program.jobDatabase.EnterpriseOn);
         QCOMPARE(menus(), std::pair(true, false));
@@ -226,7 +211,7 @@ private slots:
         {
             RunningCopy copy(folder);
             QVERIFY(copy.Start());
-            Accept(copy, TypePath(folder.File(companyFile)));
+            copy.Accept(RunningCopy::TypePath(folder.File(companyFile)));
             copy.Close();
         }
         QVERIFY(QFile::rename(folder.File(companyFile), folder.File(u"away.mdb"_s)));
@@ -242,10 +227,10 @@ private slots:
         // It goes away under the running program and comes back.
         QVERIFY(QFile::rename(folder.File(companyFile), folder.File(u"away.mdb"_s)));
         copy.main.Window()->StempOut();
-        copy.program.jobDatabase.Poll();
+        copy.Poll();
         QCOMPARE(copy.program.lists.CompanyList.Count(), 1);
         QVERIFY(QFile::rename(folder.File(u"away.mdb"_s), folder.File(companyFile)));
-        copy.program.jobDatabase.Poll();
+        copy.Poll();
         QCOMPARE(folder.Sql(companyFile, allUsers), QList<QVariantList>({{u"ANNA"_s, 0}}));
         QVERIFY(copy.prompts.messages.isEmpty());
     }
@@ -258,8 +243,8 @@ private slots:
         for (const bool asked : {false, true}) {
             RunningCopy copy(folder);
             QVERIFY(copy.Start());
-            Accept(copy, [&](QWidget &window) {
-                TypePath(folder.File(companyFile))(window);
+            copy.Accept([&](QWidget &window) {
+                RunningCopy::TypePath(folder.File(companyFile))(window);
                 window.findChild<QCheckBox *>(u"AutoCheck"_s)->setChecked(asked);
             });
             if (asked)

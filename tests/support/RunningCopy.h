@@ -1,5 +1,6 @@
 #pragma once
 
+#include "board/BoardDesk.h"
 #include "clock/StempWin.h"
 #include "startup/Main.h"
 #include "startup/Program.h"
@@ -8,7 +9,9 @@
 #include "support/ProgramFolder.h"
 #include "support/SettableTime.h"
 
+#include <QAction>
 #include <QApplication>
+#include <QLineEdit>
 #include <QTest>
 #include <QTimer>
 
@@ -60,6 +63,22 @@ struct RunningCopy
         WhenShown query(QStringLiteral("IOQuery"), [](QWidget &window) { window.close(); });
         main.Window()->close();
     }
+    // Opens the settings, changes them and presses OK.
+    void Accept(const std::function<void(QWidget &)> &change)
+    {
+        WhenShown dialog(QStringLiteral("AdminForm"), [&](QWidget &window) {
+            change(window);
+            QTest::keyClick(window.focusWidget(), Qt::Key_Return);
+        });
+        Find<QAction>(QStringLiteral("mnuAdmin"))->trigger();
+    }
+    static auto TypePath(const QString &path)
+    {
+        return [path](QWidget &window) {
+            window.findChild<QLineEdit *>(QStringLiteral("EnterpriseMDBText"))->setText(path);
+        };
+    }
+    void Poll() { main.Desk()->Refresh_Enterprise(); }
     template <class T> T *Find(const QString &name) const { return main.Window()->findChild<T *>(name); }
     const ClockState &Clock() const { return program.clock.state; }
 

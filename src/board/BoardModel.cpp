@@ -1,0 +1,184 @@
+#include "board/BoardModel.h"
+
+#include <QColor>
+#include <QFont>
+#include <QLocale>
+#include <QTextDocument>
+
+#include <algorithm>
+#include <chrono>
+
+using namespace Qt::Literals::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr QRgb inColor = 0xffffffff;
+constexpr QRgb outColor = 0xffe0e0e0;
+constexpr QRgb offColor = 0xff808080;
+constexpr QRgb messageColor = 0xffffff00;
+
+constexpr std::chrono::milliseconds longSilence = 3min; // a copy that lives gives a sign each minute
+
+constexpr qsizetype textRoom = 1000; // characters; more than any copy of the program writes, and little to lay out
+
+// The one for the state, as Presence::UserRow has it.
+template <class T> T OfState(int state, T in, T out, T off)
+{
+    return state < 0 ? in : state > 0 ? off : out;
+}
+
+QString StatusText(const Board::Row &row)
+{
+    const QString &text = row.message ? row.message->message : row.comment;
+    return text.size() > textRoom ? text.left(textRoom) + u'…' : text;
+}
+
+// Tips are told when they are asked for, so what only they show is left out.
+bool LookAlike(const Board::Row &a, const Board::Row &b)
+{
+    return OfState(a.state, -1, 0, 1) == OfState(b.state, -1, 0, 1) && a.message.has_value() == b.message.has_value()
+           && StatusText(a) == StatusText(b);
+}
+
+// People's texts are no markup; as rich text a long one is wrapped.
+QString AsTip(const QString &text)
+{
+    return text.isEmpty() ? QString() : Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal);
+}
+
+} // namespace
+
+BoardModel::BoardModel(QStringList captions, QObject *parent)
+    : QAbstractTableModel(parent),
+      captions_(std::move(captions)),
+      inMark_(u":/icons/MarkIn.svg"_s),
+      outMark_(u":/icons/MarkOut.svg"_s),
+      offMark_(u":/icons/MarkOff.svg"_s),
+      messageMark_(u":/icons/IconYellNot.svg"_s)
+{
+}
+
+void BoardModel::SetRows(const std::vector<Board::Row> &rows, const QDateTime &now)
+{
+    now_ = now;
+    const auto samePerson = [](const Board::Row &a, const Board::Row &b) {
+        return a.name == b.name && a.isUser == b.isUser;
+    };
+    if (!std::equal(rows.begin(), rows.end(), rows_.begin(), rows_.end(), samePerson)) {
+        beginResetModel();
+        rows_ = rows;
+        endResetModel();
+        return;
+    }
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        const bool changed = !LookAlike(rows[i], rows_[i]);
+        rows_[i] = rows[i];
+        const int row = static_cast<int>(i);
+        if (changed)
+            emit dataChanged(index(row, nameColumn), index(row, statusColumn));
+    }
+}
+
+int BoardModel::RowOf(const QString &name) const
+{
+    const auto found = std::find_if(rows_.begin(), rows_.end(),
+                                    [&name](const Board::Row &row) { return Presence::SameName(row.name, name); });
+    return found == rows_.end() ? -1 : static_cast<int>(found - rows_.begin());
+}
+
+int BoardModel::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(rows_.size());
+}
+
+int BoardModel::columnCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(captions_.size());
+}
+
+QVariant BoardModel::data(const QModelIndex &index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+        return {};
+    const Board::Row &row = rows_[static_cast<std::size_t>(index.row())];
+    return index.column() == nameColumn ? NameData(row, role) : StatusData(row, role);
+}
+
+QVariant BoardModel::NameData(const Board::Row &row, int role) const
+{
+    switch (role) {
+    case Qt::DisplayRole:
+        return row.name;
+    case Qt::DecorationRole:
+        return row.isUser ? OfState(row.state, inMark_, outMark_, offMark_) : QVariant();
+    case Qt::BackgroundRole:
+        return row.isUser ? QColor(OfState(row.state, inColor, outColor, offColor)) : QVariant();
+    case Qt::ForegroundRole:
+        return row.isUser ? QColor(Qt::black) : QVariant();
+    case Qt::FontRole: {
+        QFont font;
+        font.setItalic(!row.isUser);
+        return font;
+    }
+    case Qt::ToolTipRole: {
+        QStringList lines = StateInWords(row);
+        if (!row.comment.isEmpty())
+            lines.insert(2, row.comment.left(textRoom));
+        return AsTip(lines.join(u'\n'));
+    }
+    case Qt::AccessibleTextRole:
+        return StateInWords(row).join(u", "_s);
+    default:
+        return {};
+    }
+}
+
+QVariant BoardModel::StatusData(const Board::Row &row, int role) const
+{
+    const bool yellow = row.message.has_value();
+    switch (role) {
+    case Qt::DisplayRole:
+        return StatusText(row).simplified(); // a row has one line
+    case Qt::DecorationRole:
+        return yellow ? messageMark_ : QVariant();
+    case Qt::BackgroundRole:
+        return yellow ? QColor(messageColor) : QVariant();
+    case Qt::ForegroundRole:
+        return yellow ? QColor(Qt::black) : QVariant();
+    case Qt::ToolTipRole:
+        return AsTip(StatusText(row));
+    case Qt::AccessibleTextRole:
+        return yellow ? u"Message: "_s + StatusText(row) : StatusText(row);
+    default:
+        return {};
+    }
+}
+
+// The name, the state, and since when nothing was heard of someone who should be there.
+QStringList BoardModel::StateInWords(const Board::Row &row) const
+{
+    if (!row.isUser)
+        return {row.name, u"No longer among the users"_s};
+    QStringList words{row.name, OfState(row.state, u"Stemped in"_s, u"Stemped out"_s, u"Program closed"_s)};
+    const bool isOff = row.state > 0;
+    if (!isOff && row.lastSign && row.lastSign->msecsTo(now_) > longSilence.count())
+        words.append(u"Nothing heard since "_s + QLocale().toString(*row.lastSign, QLocale::ShortFormat));
+    return words;
+}
+
+QVariant BoardModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || (role != Qt::DisplayRole && role != Qt::EditRole))
+        return QAbstractTableModel::headerData(section, orientation, role);
+    return captions_.value(section);
+}
+
+bool BoardModel::setHeaderData(int section, Qt::Orientation orientation, const QVariant &value, int role)
+{
+    if (orientation != Qt::Horizontal || section < 0 || section >= captions_.size() || role != Qt::EditRole)
+        return false;
+    captions_[section] = value.toString();
+    emit headerDataChanged(orientation, section, section);
+    return true;
+}

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "board/Board.h"
+
+#include <QAbstractTableModel>
+#include <QDateTime>
+#include <QIcon>
+
+#include <vector>
+
+// The rows of the board for a grid to show: the name in the colour of the person's state, with a mark that tells the state
+// without colours; beside it the comment, or a message in yellow. Tips and accessible texts say the same in words.
+class BoardModel : public QAbstractTableModel
+{
+    Q_OBJECT
+
+public:
+    static constexpr int nameColumn = 0; // holds the bare name
+    static constexpr int statusColumn = 1;
+
+    explicit BoardModel(QStringList captions, QObject *parent = nullptr);
+
+    // Views are told of the rows that look different now; with other names than before, the model is reset. `now` tells from
+    // whom nothing was heard for long.
+    void SetRows(const std::vector<Board::Row> &rows, const QDateTime &now);
+    const std::vector<Board::Row> &Rows() const { return rows_; }
+    int RowOf(const QString &name) const; // in any case; -1 when there is none
+
+    int rowCount(const QModelIndex &parent = {}) const override;
+    int columnCount(const QModelIndex &parent = {}) const override;
+    QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
+    bool setHeaderData(int section, Qt::Orientation orientation, const QVariant &value,
+                       int role = Qt::EditRole) override;
+
+private:
+    QVariant NameData(const Board::Row &row, int role) const;
+    QVariant StatusData(const Board::Row &row, int role) const;
+    QStringList StateInWords(const Board::Row &row) const;
+
+    QStringList captions_;
+    std::vector<Board::Row> rows_;
+    QDateTime now_;
+    QIcon inMark_;
+    QIcon outMark_;
+    QIcon offMark_;
+    QIcon messageMark_;
+};

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "platform/forms/Anchors.h"
+#include "platform/forms/Form.h"
+
+#include <memory>
+
+namespace dao {
+class Database;
+}
+
+namespace Ui {
+class Status;
+}
+
+// The dialog in which a status text is typed, or picked among those that were saved.
+class Status : public Form
+{
+    Q_OBJECT
+
+public:
+    // `localDB` is the per-login database, and outlives this. `comment` is the status of `user` as it is now.
+    Status(FormServices &services, dao::Database &localDB, QString user, QString comment);
+    ~Status() override;
+
+    bool IsAccepted() const { return accepted_; }
+    QString Text() const { return text_; } // when accepted; at most 80 characters, none to take the status away
+
+    void ShowRunTimeTexts() override;
+
+protected:
+    void Form_Load() override;
+    void Form_Unload() override;
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    void SaveButton_Click();
+    void SendButton_Click();
+
+    void FillStatusCombo();
+    void List(const QString &status); // each text once
+
+    std::unique_ptr<Ui::Status> ui_;
+    dao::Database &localDB_;
+    QString user_;
+    QString comment_;
+    Anchors anchors_;
+    bool accepted_ = false;
+    QString text_;
+};
