@@ -42,6 +42,7 @@ measure() { # measure PLATFORM LIMIT: the limit is that of the start
 
 say ""
 build/bench/bench/bench_hours "$work/hours" 5 || over=yes
+build/bench/bench/bench_poll "$work/poll" || over=yes
 start_display
 measure xcb 2.5
 measure offscreen 4 # where no screen is waited for, an empty window costs next to nothing

@@ -1,0 +1,61 @@
+#include "storm/Storm.h"
+
+#include <QDir>
+#include <QStringBuilder>
+
+#include <stdexcept>
+
+using namespace Qt::Literals::StringLiterals;
+
+QString Storm::NameOf(int copy)
+{
+    static const QStringList awkward{u"O'NEIL"_s, u"ÅSE ÆBLERØD"_s, u"SELECT"_s, u"A.B"_s, u"SAY \"HI\""_s, u"%_?1"_s};
+    return awkward.value(copy, u"PERSON %1"_s.arg(copy));
+}
+
+QString Storm::CompanyFile(const QString &folder)
+{
+    return QDir(folder).filePath(u"company.mdb"_s);
+}
+
+QString Storm::LocalFile(const QString &folder, int copy)
+{
+    return QDir(folder).filePath(u"%1.mdb"_s.arg(copy));
+}
+
+QString Storm::JournalFile(const QString &folder, int copy)
+{
+    return QDir(folder).filePath(u"%1.journal"_s.arg(copy));
+}
+
+QString Storm::StopFile(const QString &folder)
+{
+    return QDir(folder).filePath(u"stop"_s);
+}
+
+Storm::Journal::Journal(const QString &folder, int copy) : file_(JournalFile(folder, copy))
+{
+    if (!file_.open(QIODevice::Append | QIODevice::Unbuffered)) // what the system has, a kill does not take
+        throw std::runtime_error("the journal can't be written");
+}
+
+void Storm::Journal::Write(Kind kind, const QStringList &fields)
+{
+    const QString line = QChar(static_cast<char16_t>(kind)) % u'\t' % fields.join(u'\t') % u'\n';
+    const QByteArray bytes = line.toUtf8();
+    if (file_.write(bytes) != bytes.size())
+        throw std::runtime_error("the journal can't be written");
+}
+
+QList<Storm::Journal::Line> Storm::Journal::Read(const QString &folder, int copy)
+{
+    QFile file(JournalFile(folder, copy));
+    QList<Line> lines;
+    if (!file.open(QIODevice::ReadOnly))
+        return lines;
+    while (!file.atEnd()) {
+        QStringList fields = QString::fromUtf8(file.readLine().chopped(1)).split(u'\t');
+        lines.append({static_cast<Kind>(fields.takeFirst().at(0).unicode()), fields});
+    }
+    return lines;
+}
