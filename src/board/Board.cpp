@@ -31,23 +31,32 @@ bool Board::IsOwn(const QString &name) const
     return Presence::SameName(name, OwnName);
 }
 
-void Board::TakeUsers(const QList<Presence::UserRow> &users, const QString &identity)
+QStringList Board::RecipientsOf(const QString &recipient) const
 {
-    if (UpperCaseNames(users) != UserNames)
-        Users_Init(users, identity);
-    else
-        FillRows(users, identity);
+    QStringList recipients;
+    for (const QString &name : UserNames)
+        if ((name == recipient || recipient == u"ALL"_s) && !IsOwn(name) && !name.isEmpty())
+            recipients.append(name);
+    return recipients;
 }
 
-void Board::Users_Init(const QList<Presence::UserRow> &users, const QString &identity)
+void Board::TakeUsers(const QList<Presence::UserRow> &users, const QString &identity, const QDateTime &now)
+{
+    if (UpperCaseNames(users) != UserNames)
+        Users_Init(users, identity, now);
+    else
+        FillRows(users, identity, now);
+}
+
+void Board::Users_Init(const QList<Presence::UserRow> &users, const QString &identity, const QDateTime &now)
 {
     UserNames = UpperCaseNames(users);
     rows_.assign(static_cast<std::size_t>(users.size()), Row());
     Alert = false;
-    FillRows(users, identity);
+    FillRows(users, identity, now);
 }
 
-void Board::FillRows(const QList<Presence::UserRow> &users, const QString &identity)
+void Board::FillRows(const QList<Presence::UserRow> &users, const QString &identity, const QDateTime &now)
 {
     clearedComments_.clear();
     OwnName = identity;
@@ -56,10 +65,24 @@ void Board::FillRows(const QList<Presence::UserRow> &users, const QString &ident
         row.name = user.user;
         row.state = user.state;
         row.comment = user.comment;
-        row.lastSign = user.lastSign;
+        row.lastSign = LastSign(user, now);
         if (Presence::SameName(user.user, identity))
             OwnName = user.user;
     }
+}
+
+// Clocks differ from machine to machine: when a sign was seen to follow another one, the own clock tells when that was.
+std::optional<QDateTime> Board::LastSign(const Presence::UserRow &user, const QDateTime &now)
+{
+    if (!user.lastSign)
+        return std::nullopt;
+    const QString name = user.user.toUpper();
+    const auto known = signs_.find(name);
+    if (known == signs_.end())
+        return signs_.insert(name, {*user.lastSign, std::min(*user.lastSign, now)})->heard;
+    if (known->written != *user.lastSign)
+        *known = {*user.lastSign, now};
+    return known->heard;
 }
 
 bool Board::ShowMessages(const QList<UnreadMessage> &unread)

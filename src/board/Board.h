@@ -3,6 +3,7 @@
 #include "board/Mail.h"
 #include "board/Presence.h"
 
+#include <QDateTime>
 #include <QHash>
 #include <QSet>
 #include <QString>
@@ -22,7 +23,7 @@ public:
         QString name;
         int state = 0; // as Presence::UserRow
         QString comment;
-        std::optional<QDateTime> lastSign;
+        std::optional<QDateTime> lastSign;    // by the own clock, once one has followed another
         std::optional<UnreadMessage> message; // shown in place of the comment
         bool isUser = true; // false: a sender who is no user any more; such rows stand after the users
     };
@@ -35,11 +36,13 @@ public:
 
     const std::vector<Row> &Rows() const { return rows_; }
     bool IsOwn(const QString &name) const; // in any case
+    // The other users, in upper case, to whom a message to `recipient` goes, a name or "ALL" in upper case.
+    QStringList RecipientsOf(const QString &recipient) const;
 
     // Takes the users that were read. Where there are others than before, Users_Init runs first.
-    void TakeUsers(const QList<Presence::UserRow> &users, const QString &identity);
+    void TakeUsers(const QList<Presence::UserRow> &users, const QString &identity, const QDateTime &now);
     // Makes the rows anew; which messages are shown is forgotten, and settled by the next ShowMessages.
-    void Users_Init(const QList<Presence::UserRow> &users, const QString &identity);
+    void Users_Init(const QList<Presence::UserRow> &users, const QString &identity, const QDateTime &now);
 
     // The step of a poll that concerns messages: rows that show none show the oldest unread one of their sender. True when
     // one of them was never shown before by this object.
@@ -48,10 +51,18 @@ public:
     QString ClearMessage(int row);
 
 private:
-    void FillRows(const QList<Presence::UserRow> &users, const QString &identity);
+    struct Sign
+    {
+        QDateTime written; // by that person's clock
+        QDateTime heard;
+    };
+
+    void FillRows(const QList<Presence::UserRow> &users, const QString &identity, const QDateTime &now);
+    std::optional<QDateTime> LastSign(const Presence::UserRow &user, const QDateTime &now);
     QHash<QString, UnreadMessage> TakeShownMessages(const QList<UnreadMessage> &unread);
 
     std::vector<Row> rows_;
     std::map<std::size_t, QString> clearedComments_; // of the rows that show nothing until the next ShowMessages
     QSet<QString> shownBefore_;                      // ids
+    QHash<QString, Sign> signs_;                     // by the name in upper case
 };

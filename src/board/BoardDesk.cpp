@@ -11,8 +11,10 @@
 #include "startup/JobDatabase.h"
 
 #include <QApplication>
-#include <QLocale>
 #include <QLoggingCategory>
+
+#include <chrono>
+#include <utility>
 
 using namespace std::chrono_literals;
 using namespace Qt::Literals::StringLiterals;
@@ -24,18 +26,6 @@ Q_LOGGING_CATEGORY(log, "stemp.board")
 constexpr std::chrono::milliseconds firstPeriod = 2s; // until the option is read
 constexpr std::chrono::milliseconds blinkPeriod = 500ms;
 constexpr std::chrono::milliseconds patience = 5s; // with a poll, before the board says that it is not current
-
-// Runs work on the per-login database; false, and told in the log, when that failed.
-template <class Work> bool Succeeds(Work work)
-{
-    try {
-        work();
-        return true;
-    } catch (const dao::Error &error) {
-        qCWarning(log).noquote() << error.Text();
-        return false;
-    }
-}
 
 } // namespace
 
@@ -52,18 +42,31 @@ BoardDesk::BoardDesk(FormServices &services, Prompts &prompts, BoardDeskParts pa
     patience_.setInterval(patience);
     connect(&refreshTimer_, &QTimer::timeout, this, &BoardDesk::RefreshTimer_Timer);
     connect(&blinkTimer_, &QTimer::timeout, this, &BoardDesk::BlinkTimer_Timer);
-    connect(&patience_, &QTimer::timeout, this, &BoardDesk::PollFailed);
+    connect(&patience_, &QTimer::timeout, this, [this] { PollFailed(std::nullopt); });
     connect(messageBoard_.get(), &MessageBoard::UserGridClicked, this, &BoardDesk::UserGridService);
     connect(messageBoard_.get(), &MessageBoard::DeletePressed, this, &BoardDesk::DeleteUser);
     connect(&parts_.jobDatabase, &JobDatabase::Polled, this, &BoardDesk::Polled);
     connect(&parts_.jobDatabase, &JobDatabase::PollFailed, this, &BoardDesk::PollFailed);
     connect(&parts_.jobDatabase, &JobDatabase::UsersRead, this, [this](const QList<Presence::UserRow> &users) {
-        parts_.board.TakeUsers(users, parts_.identity.UserInitials);
+        parts_.board.TakeUsers(users, parts_.identity.UserInitials, parts_.time.Now());
         ShowUsers();
     });
 }
 
 BoardDesk::~BoardDesk() = default;
+
+// Runs work on the per-login database; false, and told in the log, when that failed.
+bool BoardDesk::Succeeds(const std::function<void()> &work)
+{
+    try {
+        work();
+        return true;
+    } catch (const dao::Error &error) {
+        if (std::exchange(loggedError_, error.Text()) != error.Text()) // each poll meets it again
+            qCWarning(log).noquote() << error.Text();
+        return false;
+    }
+}
 
 void BoardDesk::Load()
 {
@@ -94,12 +97,17 @@ void BoardDesk::Enterprise_Init()
 {
     SetRefreshInterval();
     EnableTimer(parts_.jobDatabase.EnterpriseOn);
-    isCurrent_ = false;
-    if (parts_.jobDatabase.EnterpriseOn)
+    if (std::exchange(path_, parts_.jobDatabase.CompanyPath) == parts_.jobDatabase.CompanyPath)
+        return;
+    patience_.stop();
+    notice_ = {};
+    notice_.isThere = parts_.jobDatabase.EnterpriseOn;
+    writingIsSettled_ = false;
+    if (parts_.jobDatabase.EnterpriseOn && !parts_.startingUp)
         Refresh_Enterprise();
-    else if (parts_.jobDatabase.LocalJobs)
-        parts_.jobDatabase.LookAtUsers();
-    ShowNotice();
+    else if (parts_.jobDatabase.EnterpriseOn || parts_.jobDatabase.LocalJobs)
+        parts_.jobDatabase.LookAtUsers(); // the first poll ends the start, which may have a question to ask
+    messageBoard_->ShowNotice(notice_.Text());
 }
 
 void BoardDesk::Refresh_Enterprise()
@@ -144,32 +152,35 @@ void BoardDesk::RefreshTimer_Timer()
 void BoardDesk::Polled(const Poll::News &news)
 {
     patience_.stop();
-    isCurrent_ = true;
-    lastCurrent_ = parts_.time.Now();
-    if (!Succeeds([&] { mail_.Take(news, lastCurrent_); }))
+    notice_.isStale = false;
+    notice_.lastCurrent = parts_.time.Now();
+    if (!Succeeds([&] { mail_.Take(news, notice_.lastCurrent); }))
         parts_.jobDatabase.ForgetPolls();
     if (news.changed) {
-        parts_.board.TakeUsers(news.users, parts_.identity.UserInitials);
-        if (news.refusedWrite && canWrite_) // once, however long that lasts
+        parts_.board.TakeUsers(news.users, parts_.identity.UserInitials, notice_.lastCurrent);
+        if (news.refusedWrite && notice_.canBeWritten) // once, however long that lasts
             qCWarning(log).noquote() << news.refusedWrite->Text();
-        canWrite_ = !news.refusedWrite;
+        notice_.canBeWritten = !news.refusedWrite;
     }
     if (message_)
-        message_->ShowBuffer();
+        message_->Refresh();
     ShowUsers();
-    ShowNotice();
-    // The first poll of a file has settled whether it can be written. What is refused later is said quietly.
-    if (std::exchange(settledPath_, parts_.jobDatabase.CompanyPath) != parts_.jobDatabase.CompanyPath
-        && news.refusedWrite)
-        QTimer::singleShot(0, this, [this, error = *news.refusedWrite] { TellRefusedWrite(error); });
+    messageBoard_->ShowNotice(notice_.Text());
+    // The first poll of a file settles whether it can be written. What is refused later is said quietly.
+    if (news.changed && !std::exchange(writingIsSettled_, true) && news.refusedWrite)
+        QTimer::singleShot(0, this,
+                           [this, text = RefusedWriteText(parts_.jobDatabase.CompanyPath, *news.refusedWrite)] {
+                               prompts_.MsgBox(messageBoard_.get(), text);
+                           });
 }
 
-void BoardDesk::PollFailed()
+void BoardDesk::PollFailed(std::optional<dao::ErrorKind> kind)
 {
     patience_.stop();
-    isCurrent_ = false;
+    notice_.isStale = true;
+    notice_.failure = kind;
     ShowUsers();
-    ShowNotice();
+    messageBoard_->ShowNotice(notice_.Text());
 }
 
 void BoardDesk::ShowUsers()
@@ -177,52 +188,21 @@ void BoardDesk::ShowUsers()
     Board &board = parts_.board;
     Succeeds([&] { popUpWaits_ = board.ShowMessages(mail_.Unread()) || popUpWaits_; });
     messageBoard_->ShowRows(board.Rows(), parts_.time.Now());
-    if (!board.Alert)
-        return BlinkIcons();
-    if (!blinkTimer_.isActive())
-        blinkTimer_.start();
-    PopUp();
-}
-
-void BoardDesk::ShowNotice()
-{
-    const JobDatabase &jobs = parts_.jobDatabase;
-    QString notice;
-    if (!jobs.EnterpriseOn)
-        notice = u"The company database is not there. Colleagues are shown as they were known last."_s;
-    else if (!isCurrent_ && lastCurrent_.isNull())
-        notice = u"The company database has not answered yet."_s;
-    else if (!isCurrent_)
-        notice = u"Not current since %1: the company database does not answer."_s.arg(
-            QLocale().toString(lastCurrent_, QLocale::ShortFormat));
-    else if (!canWrite_)
-        notice = u"The company database can be read, but not written. Your state and your messages wait here."_s;
-    messageBoard_->ShowNotice(notice);
-}
-
-// Clearly: where a drive grants no locks it stays so until somebody mends the drive.
-void BoardDesk::TellRefusedWrite(const dao::Error &error)
-{
-    const QString reason =
-        error.Kind() == dao::ErrorKind::Busy
-            ? u"Either another program keeps it locked, or its drive does not let programs lock files, as some network "
-              "drives do. If this goes on, move the file to a drive of another kind, or have the network drive set up "
-              "with file locking."_s
-        : error.Kind() == dao::ErrorKind::Full
-            ? u"Its drive is full. Make room on it."_s
-            : u"The file or its folder is write-protected for you. Ask for the right to write in the folder, too."_s;
-    prompts_.MsgBox(
-        messageBoard_.get(),
-        u"The company database\n%1\ncan be read, but not written. %2\n\nUntil then you see your colleagues, "
-        "but they do not see you, and your messages wait on this machine."_s.arg(parts_.jobDatabase.CompanyPath,
-                                                                                 reason));
+    if (board.Alert) {
+        if (!blinkTimer_.isActive())
+            blinkTimer_.start();
+        PopUp();
+    } else if (blinkTimer_.isActive()) {
+        BlinkIcons(); // for the last time
+    }
 }
 
 void BoardDesk::PopUp()
 {
-    if (!parts_.options.PopUpMessages || QApplication::activeModalWidget())
-        return; // a new message tries again while the icons blink
-    messageBoard_->PopUp(std::exchange(popUpWaits_, false));
+    if (!parts_.options.PopUpMessages)
+        popUpWaits_ = false;
+    else if (!QApplication::activeModalWidget()) // else a new message tries again while the icons blink
+        messageBoard_->PopUp(std::exchange(popUpWaits_, false));
 }
 
 void BoardDesk::BlinkTimer_Timer()
@@ -260,10 +240,10 @@ void BoardDesk::UserGridService(int row, int column)
     const Board::Row clicked = parts_.board.Rows().at(static_cast<std::size_t>(row));
     const bool isOwn = parts_.board.IsOwn(clicked.name);
     if (column == 1) {
-        if (clicked.message)
+        if (parts_.board.MessageShown(row))
             ClearMessage(row);
         else if (clicked.isUser && (isOwn || parts_.options.CanSetOthersStatus))
-            EditUserStatus(clicked.name);
+            EditUserStatus(clicked.name, clicked.comment);
     } else if (clicked.isUser) {
         WriteTo(isOwn ? u"All"_s : clicked.name);
     }
@@ -273,6 +253,7 @@ void BoardDesk::ClearMessage(int row)
 {
     const QString id = parts_.board.ClearMessage(row);
     Succeeds([&] { mail_.MarkRead(id); });
+    messageBoard_->ShowRows(parts_.board.Rows(), parts_.time.Now());
     if (parts_.jobDatabase.EnterpriseOn)
         Refresh_Enterprise();
     else
@@ -290,12 +271,10 @@ void BoardDesk::WriteTo(const QString &recipient)
     AfterDialog();
 }
 
-void BoardDesk::EditUserStatus(const QString &user)
+void BoardDesk::EditUserStatus(const QString &user, const QString &comment)
 {
-    QString comment;
-    for (const Board::Row &row : parts_.board.Rows())
-        if (row.isUser && row.name == user)
-            comment = row.comment;
+    if (!CanWriteUsers())
+        return;
     status_ = std::make_unique<Status>(services_, parts_.localDB, user, comment);
     status_->Load();
     Display(*status_);
@@ -313,7 +292,7 @@ void BoardDesk::EditUserStatus(const QString &user)
 
 void BoardDesk::DeleteUser(const QString &user)
 {
-    if (parts_.startingUp || parts_.board.IsOwn(user))
+    if (parts_.startingUp || parts_.board.IsOwn(user) || !CanWriteUsers())
         return;
     BeforeDialog();
     const bool yes = prompts_.AskYesNo(messageBoard_.get(), u"Are you sure you want to DELETE user :%1"_s.arg(user));
@@ -324,6 +303,16 @@ void BoardDesk::DeleteUser(const QString &user)
                               "not there. Please try again."_s.arg(user));
         });
     AfterDialog();
+}
+
+// The file in use is the copy on this machine meanwhile, and nobody would come to know what is written there.
+bool BoardDesk::CanWriteUsers()
+{
+    if (!parts_.jobDatabase.EnterpriseOn)
+        prompts_.MsgBox(messageBoard_.get(),
+                        u"The company database is not there, so nobody would see the change. Please "
+                        "try again when it is back."_s);
+    return parts_.jobDatabase.EnterpriseOn;
 }
 
 void BoardDesk::TellUnlessWritten(bool written, const QString &message)

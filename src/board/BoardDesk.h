@@ -1,15 +1,16 @@
 #pragma once
 
 #include "board/Board.h"
+#include "board/CompanyNotice.h"
 #include "board/Mail.h"
 #include "board/Poll.h"
 
-#include <QDateTime>
 #include <QObject>
 #include <QTimer>
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 class Form;
 class FormServices;
@@ -50,10 +51,13 @@ public:
     void Unload(); // all windows; stops the timers, too
     void ShowBoard(bool on);
 
-    void Enterprise_Init();    // brings board and timer in line with the job database in use
-    void Refresh_Enterprise(); // polls at once, and the next time a full interval later
+    // Brings board and timer in line with the job database in use; another file than before is polled at once.
+    void Enterprise_Init();
+    // Polls at once, and the next time a full interval later. Nothing without EnterpriseOn, or while a dialog of the board is
+    // open: that polls when it closes.
+    void Refresh_Enterprise();
     void SetRefreshInterval(); // from the option's poll delay
-    void EnableTimer(bool on);
+    void EnableTimer(bool on); // on: once no dialog of the board is open
 
 signals:
     void MainIconAlerted(bool on); // the main window is to show the alert, else the state of the clock
@@ -63,20 +67,20 @@ private:
     void BlinkTimer_Timer();
     void BlinkIcons();
     void Polled(const Poll::News &news);
-    void PollFailed();
+    void PollFailed(std::optional<dao::ErrorKind> kind); // nothing: no answer has come
     void ShowUsers();
-    void ShowNotice();
     void PopUp();
-    void TellRefusedWrite(const dao::Error &error);
+    bool Succeeds(const std::function<void()> &work);
 
     void UserGridService(int row, int column);
     void ClearMessage(int row);
     void WriteTo(const QString &recipient);
-    void EditUserStatus(const QString &user);
+    void EditUserStatus(const QString &user, const QString &comment); // as it is now
     void DeleteUser(const QString &user);
     void Display(Form &dialog); // modal; AfterDialog is to follow
     void BeforeDialog();
     void AfterDialog();
+    bool CanWriteUsers(); // else it is said why not
     void TellUnlessWritten(bool written, const QString &message);
 
     FormServices &services_;
@@ -92,8 +96,8 @@ private:
     bool dialogIsOpen_ = false; // no poll then: it would change the board beneath
     bool BlinkPhase = false;
     bool popUpWaits_ = false; // for a new message, until no modal window is open
-    bool isCurrent_ = false;  // the board shows what the last poll has read
-    bool canWrite_ = true;
-    QString settledPath_;   // of the file that is known to take writes or not
-    QDateTime lastCurrent_; // when a poll was answered
+    CompanyNotice notice_;
+    bool writingIsSettled_ = false; // whether the file can be written is known
+    QString path_;                  // of the job database that all this is about
+    QString loggedError_;           // of the per-login database
 };

@@ -18,7 +18,8 @@ constexpr QRgb outColor = 0xffe0e0e0;
 constexpr QRgb offColor = 0xff808080;
 constexpr QRgb messageColor = 0xffffff00;
 
-constexpr std::chrono::milliseconds longSilence = 3min; // a copy that lives gives a sign each minute
+constexpr std::chrono::milliseconds longSilence =
+    3min; // a copy gives a sign each minute, unless a dialog of its board is open
 
 constexpr qsizetype textRoom = 1000; // characters; more than any copy of the program writes, and little to lay out
 
@@ -50,8 +51,7 @@ QString AsTip(const QString &text)
 } // namespace
 
 BoardModel::BoardModel(QStringList captions, QObject *parent)
-    : QAbstractTableModel(parent),
-      captions_(std::move(captions)),
+    : CaptionedModel(std::move(captions), parent),
       inMark_(u":/icons/MarkIn.svg"_s),
       outMark_(u":/icons/MarkOut.svg"_s),
       offMark_(u":/icons/MarkOff.svg"_s),
@@ -90,11 +90,6 @@ int BoardModel::RowOf(const QString &name) const
 int BoardModel::rowCount(const QModelIndex &parent) const
 {
     return parent.isValid() ? 0 : static_cast<int>(rows_.size());
-}
-
-int BoardModel::columnCount(const QModelIndex &parent) const
-{
-    return parent.isValid() ? 0 : static_cast<int>(captions_.size());
 }
 
 QVariant BoardModel::data(const QModelIndex &index, int role) const
@@ -159,26 +154,10 @@ QVariant BoardModel::StatusData(const Board::Row &row, int role) const
 QStringList BoardModel::StateInWords(const Board::Row &row) const
 {
     if (!row.isUser)
-        return {row.name, u"No longer among the users"_s};
+        return {row.name, u"Not among the users"_s};
     QStringList words{row.name, OfState(row.state, u"Stemped in"_s, u"Stemped out"_s, u"Program closed"_s)};
     const bool isOff = row.state > 0;
     if (!isOff && row.lastSign && row.lastSign->msecsTo(now_) > longSilence.count())
         words.append(u"Nothing heard since "_s + QLocale().toString(*row.lastSign, QLocale::ShortFormat));
     return words;
-}
-
-QVariant BoardModel::headerData(int section, Qt::Orientation orientation, int role) const
-{
-    if (orientation != Qt::Horizontal || (role != Qt::DisplayRole && role != Qt::EditRole))
-        return QAbstractTableModel::headerData(section, orientation, role);
-    return captions_.value(section);
-}
-
-bool BoardModel::setHeaderData(int section, Qt::Orientation orientation, const QVariant &value, int role)
-{
-    if (orientation != Qt::Horizontal || section < 0 || section >= captions_.size() || role != Qt::EditRole)
-        return false;
-    captions_[section] = value.toString();
-    emit headerDataChanged(orientation, section, section);
-    return true;
 }

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "board/Board.h"
+#include "platform/forms/CaptionedModel.h"
 
-#include <QAbstractTableModel>
 #include <QDateTime>
 #include <QIcon>
 
@@ -10,7 +10,7 @@
 
 // The rows of the board for a grid to show: the name in the colour of the person's state, with a mark that tells the state
 // without colours; beside it the comment, or a message in yellow. Tips and accessible texts say the same in words.
-class BoardModel : public QAbstractTableModel
+class BoardModel : public CaptionedModel
 {
     Q_OBJECT
 
@@ -27,18 +27,13 @@ public:
     int RowOf(const QString &name) const; // in any case; -1 when there is none
 
     int rowCount(const QModelIndex &parent = {}) const override;
-    int columnCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
-    QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
-    bool setHeaderData(int section, Qt::Orientation orientation, const QVariant &value,
-                       int role = Qt::EditRole) override;
 
 private:
     QVariant NameData(const Board::Row &row, int role) const;
     QVariant StatusData(const Board::Row &row, int role) const;
     QStringList StateInWords(const Board::Row &row) const;
 
-    QStringList captions_;
     std::vector<Board::Row> rows_;
     QDateTime now_;
     QIcon inMark_;

@@ -21,7 +21,7 @@ bool AreSameRows(const QList<BufferRow> &a, const QList<BufferRow> &b)
 } // namespace
 
 BufferModel::BufferModel(Mail &mail, QStringList captions, QObject *parent)
-    : QAbstractTableModel(parent), mail_(mail), captions_(std::move(captions))
+    : CaptionedModel(std::move(captions), parent), mail_(mail)
 {
 }
 
@@ -64,11 +64,6 @@ int BufferModel::RowOf(qint64 id) const
 int BufferModel::rowCount(const QModelIndex &parent) const
 {
     return parent.isValid() ? 0 : static_cast<int>(rows_.size()) + 1;
-}
-
-int BufferModel::columnCount(const QModelIndex &parent) const
-{
-    return parent.isValid() ? 0 : static_cast<int>(captions_.size());
 }
 
 QVariant BufferModel::data(const QModelIndex &index, int role) const
@@ -122,22 +117,6 @@ void BufferModel::Store(BufferRow &row)
 
 Qt::ItemFlags BufferModel::flags(const QModelIndex &index) const
 {
-    const Qt::ItemFlags usual = QAbstractTableModel::flags(index);
+    const Qt::ItemFlags usual = CaptionedModel::flags(index);
     return index.isValid() ? usual | Qt::ItemIsEditable : usual;
-}
-
-QVariant BufferModel::headerData(int section, Qt::Orientation orientation, int role) const
-{
-    if (orientation != Qt::Horizontal || (role != Qt::DisplayRole && role != Qt::EditRole))
-        return QAbstractTableModel::headerData(section, orientation, role);
-    return captions_.value(section);
-}
-
-bool BufferModel::setHeaderData(int section, Qt::Orientation orientation, const QVariant &value, int role)
-{
-    if (orientation != Qt::Horizontal || section < 0 || section >= captions_.size() || role != Qt::EditRole)
-        return false;
-    captions_[section] = value.toString();
-    emit headerDataChanged(orientation, section, section);
-    return true;
 }

@@ -1,14 +1,14 @@
 #pragma once
 
 #include "board/Mail.h"
+#include "platform/forms/CaptionedModel.h"
 
-#include <QAbstractTableModel>
 #include <QList>
 #include <QStringList>
 
 // The rows of the outbox for a grid to show and to edit, with an empty one after them for a new row. What is typed is stored
 // at once. A row is known by its id: one that has gone meanwhile, because a poll has sent it, is added anew when it is edited.
-class BufferModel : public QAbstractTableModel
+class BufferModel : public CaptionedModel
 {
     Q_OBJECT
 
@@ -25,13 +25,9 @@ public:
     int RowOf(qint64 id) const; // the empty row when there is no such id
 
     int rowCount(const QModelIndex &parent = {}) const override;
-    int columnCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
     bool setData(const QModelIndex &index, const QVariant &value, int role = Qt::EditRole) override;
     Qt::ItemFlags flags(const QModelIndex &index) const override;
-    QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
-    bool setHeaderData(int section, Qt::Orientation orientation, const QVariant &value,
-                       int role = Qt::EditRole) override;
 
 signals:
     void Stored(const BufferRow &row);
@@ -41,6 +37,5 @@ private:
     void Store(BufferRow &row);
 
     Mail &mail_;
-    QStringList captions_;
     QList<BufferRow> rows_;
 };

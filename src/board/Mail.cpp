@@ -1,11 +1,11 @@
 #include "board/Mail.h"
 
+#include "board/ShortText.h"
 #include "platform/dao/Database.h"
 #include "platform/dao/DateValue.h"
 
 #include <QLocale>
 #include <QStringBuilder>
-#include <QUuid>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -14,11 +14,6 @@ namespace {
 constexpr int keptInHistory = 200; // rows, beside those that are unread
 
 using Of = Poll::Acknowledgement::Of;
-
-QString NewId()
-{
-    return QUuid::createUuid().toString(QUuid::WithoutBraces);
-}
 
 bool IsBlank(const QString &text)
 {
@@ -88,17 +83,11 @@ void GiveIds(dao::Database &localDB, const QList<qint64> &rows)
     const QString purpose = u"giving messages their ids"_s;
     dao::Transaction transaction(localDB, purpose);
     for (const qint64 row : rows)
-        localDB.Execute(u"UPDATE MessageBuffer SET MessageId = ? WHERE Id = ?"_s, {NewId(), row}, purpose);
+        localDB.Execute(u"UPDATE MessageBuffer SET MessageId = ? WHERE Id = ?"_s, {Poll::RandomId(), row}, purpose);
     transaction.Commit();
 }
 
 } // namespace
-
-QString FirstCharacters(const QString &text, qsizetype count)
-{
-    const bool splits = text.size() > count && count > 0 && text[count - 1].isHighSurrogate();
-    return text.left(splits ? count - 1 : count);
-}
 
 QString ComposedMessage(const QString &text, const QDateTime &now)
 {
@@ -158,7 +147,7 @@ QList<BufferRow> Mail::Buffer()
 qint64 Mail::AddBufferRow(const QString &to, const QString &message)
 {
     return localDB_.Insert(u"INSERT INTO MessageBuffer (\"To\", Message, MessageId) VALUES (?, ?, ?)"_s,
-                           {to, message, NewId()}, u"adding to the outbox"_s);
+                           {to, message, Poll::RandomId()}, u"adding to the outbox"_s);
 }
 
 // One that was only confirmed stays the same message: it may have been delivered just now.
@@ -166,7 +155,7 @@ void Mail::ChangeBufferRow(const BufferRow &row)
 {
     localDB_.Execute(u"UPDATE MessageBuffer SET \"To\" = ?, Message = ?, MessageId = ? WHERE Id = ? AND "
                      "(ifnull(\"To\", '') <> ? OR ifnull(Message, '') <> ?)"_s,
-                     {row.to, row.message, NewId(), row.id, row.to, row.message}, u"changing the outbox"_s);
+                     {row.to, row.message, Poll::RandomId(), row.id, row.to, row.message}, u"changing the outbox"_s);
 }
 
 void Mail::DeleteBufferRow(qint64 id)

@@ -7,16 +7,11 @@
 #include <QString>
 #include <QStringList>
 
-#include <optional>
-
 namespace dao {
 class Database;
 }
 
 constexpr qsizetype longestMessage = 90; // characters, with the date before it
-
-// The first `count` characters of a text; never half of a character that is made of two.
-QString FirstCharacters(const QString &text, qsizetype count);
 
 // "Sat 15:07 - text", cut to `longestMessage`.
 QString ComposedMessage(const QString &text, const QDateTime &now);
@@ -30,12 +25,7 @@ struct BufferRow
     bool operator==(const BufferRow &) const = default;
 };
 
-struct UnreadMessage
-{
-    QString id;
-    QString from;
-    QString message;
-};
+using UnreadMessage = Poll::IncomingMessage; // until it is clicked away
 
 // A message that was received or has left the outbox.
 struct HistoryRow

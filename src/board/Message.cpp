@@ -17,6 +17,7 @@
 #include <QLocale>
 #include <QLoggingCategory>
 
+#include <algorithm>
 #include <utility>
 
 using namespace Qt::Literals::StringLiterals;
@@ -30,14 +31,23 @@ const QString all = u"All"_s;
 constexpr int whenColumn = 0; // of the history
 constexpr int directionColumn = 1;
 constexpr int nameColumn = 2;
-constexpr int whenWidth = 126;
 constexpr int directionWidth = 64;
 constexpr int nameWidth = 140;
+constexpr int cellMargin = 14; // beside the text of a cell
 
 QString TimeText(const QVariant &time)
 {
     const QDateTime when = time.toDateTime();
     return QLocale().toString(when.date(), QLocale::ShortFormat) + when.toString(u" hh:mm");
+}
+
+// Of the widest time in the locale's way of writing.
+int TimeWidth(const QFontMetrics &metrics)
+{
+    int widest = 0;
+    for (int month = 1; month <= 12; ++month)
+        widest = std::max(widest, metrics.horizontalAdvance(TimeText(QDate(2028, month, 28).startOfDay(Qt::UTC))));
+    return widest + cellMargin;
 }
 
 QString ReadyFor(const QString &receiver)
@@ -106,13 +116,13 @@ Message::~Message() = default;
 void Message::SetUpGrids()
 {
     auto *delegate = new BufferCells(ui_->MessageGrid);
-    connect(delegate, &QAbstractItemDelegate::closeEditor, this, &Message::ShowBuffer, Qt::QueuedConnection);
+    connect(delegate, &QAbstractItemDelegate::closeEditor, this, &Message::Refresh, Qt::QueuedConnection);
     ui_->MessageGrid->setModel(&buffer_);
     ui_->MessageGrid->setItemDelegate(delegate);
     ui_->MessageGrid->setColumnWidth(BufferModel::toColumn, nameWidth);
     history_.SetFormatter(whenColumn, TimeText);
     ui_->HistoryGrid->setModel(&history_);
-    ui_->HistoryGrid->setColumnWidth(whenColumn, whenWidth);
+    ui_->HistoryGrid->setColumnWidth(whenColumn, TimeWidth(ui_->HistoryGrid->fontMetrics()));
     ui_->HistoryGrid->setColumnWidth(directionColumn, directionWidth);
     ui_->HistoryGrid->setColumnWidth(nameColumn, nameWidth);
     ui_->HistoryGrid->setItemDelegate(new MessageCells(nameColumn, ui_->HistoryGrid));
@@ -134,7 +144,7 @@ void Message::Form_Load()
     LoadTexts();
     ClearBoxes();
     messageData_->DatabaseName = localDB_.Path();
-    ShowBuffer();
+    Refresh();
 }
 
 void Message::Form_Unload()
@@ -252,7 +262,7 @@ void Message::MessageText_Change()
 bool Message::SendMessage()
 {
     const Letter letter = Typed();
-    const QStringList recipients = RecipientsOf(letter.recipient);
+    const QStringList recipients = board_.RecipientsOf(letter.recipient);
     if (recipients.isEmpty()) {
         Say(Refusal(letter.recipient));
         ui_->MessageTo->setFocus();
@@ -266,7 +276,7 @@ bool Message::SendMessage()
         return false;
     }
     lastSent_ = letter;
-    ShowBuffer();
+    Refresh();
     ui_->MessageGrid->scrollToBottom();
     Say(ReadyFor(recipients.size() == 1 ? recipients.first() : u"%1 colleagues"_s.arg(recipients.size())));
     return true;
@@ -283,15 +293,6 @@ bool Message::IsUnsent() const
 {
     const Letter letter = Typed();
     return !letter.text.isEmpty() && letter != lastSent_;
-}
-
-QStringList Message::RecipientsOf(const QString &recipient) const
-{
-    QStringList recipients;
-    for (const QString &name : board_.UserNames)
-        if ((name == recipient || recipient == all.toUpper()) && !board_.IsOwn(name) && !name.isEmpty())
-            recipients.append(name);
-    return recipients;
 }
 
 QString Message::Refusal(const QString &recipient) const
@@ -322,7 +323,7 @@ void Message::FillMessageTo()
     ui_->MessageTo->setEditText(typed);
 }
 
-void Message::ShowBuffer()
+void Message::Refresh()
 {
     if (!IsLoaded())
         return;

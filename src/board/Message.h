@@ -38,7 +38,7 @@ public:
     void Begin(const QString &recipient);
     // Reads the recipients, the outbox and the history anew, as a poll may have sent something. A cell that is being edited
     // stays so, and the outbox as it is until then.
-    void ShowBuffer();
+    void Refresh();
 
 protected:
     void Form_Load() override;
@@ -72,8 +72,7 @@ private:
     bool SendMessage(); // false: it could not be queued, and StatusLabel says why
     Letter Typed() const;
     bool IsUnsent() const;
-    QStringList RecipientsOf(const QString &recipient) const; // in upper case, as the outbox takes them
-    QString Refusal(const QString &recipient) const;          // of one that no message can go to
+    QString Refusal(const QString &recipient) const; // of one that no message can go to
     void FillMessageTo();
     QWidget *CellEditor() const; // nothing when none is edited
     bool EndEditing();           // false: the cell could not be stored

@@ -73,7 +73,9 @@ MessageBoard::MessageBoard(FormServices &services)
     ui_->setupUi(this);
     SetUpGrid();
     // The clock opens amid the screen. What is designed leaves room for the frame.
-    move(screen()->availableGeometry().bottomRight() - QPoint(width() + 40, height() + 60));
+    const QRect room = screen()->availableGeometry();
+    const QPoint corner = room.bottomRight() - QPoint(width() + 40, height() + 60);
+    move(std::max(corner.x(), room.left()), std::max(corner.y(), room.top()));
     RegisterControls();
     setAttribute(Qt::WA_AlwaysShowToolTips); // it is glanced at while another window has the keys
 

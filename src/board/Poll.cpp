@@ -4,6 +4,7 @@
 #include "platform/dao/Database.h"
 #include "platform/dao/TableDef.h"
 
+#include <QLoggingCategory>
 #include <QSqlQuery>
 #include <QSqlRecord>
 #include <QStringBuilder>
@@ -17,15 +18,12 @@ namespace Poll {
 
 namespace {
 
+Q_LOGGING_CATEGORY(log, "stemp.board")
+
 constexpr qint64 signPeriod = 60; // seconds
 
 const QString receipts = u":Receipts"_s;
 const QString fileTable = u":File"_s;
-
-QString RandomId()
-{
-    return QUuid::createUuid().toString(QUuid::WithoutBraces);
-}
 
 FileVersion ReadVersion(dao::Database &database)
 {
@@ -275,10 +273,21 @@ bool Look::Deliver(const OutgoingMessage &message, MessageTables &tables, Memory
     const int added = database_.Execute(u"INSERT INTO "_s % dao::Quoted(receipts)
                                             % u" (MessageId) VALUES (?) ON CONFLICT DO NOTHING"_s,
                                         {message.id}, purpose);
-    if (added == 1)
+    if (added == 0)
+        return true;
+    try {
         database_.Execute(u"INSERT INTO "_s % dao::Quoted(*table)
                               % u" (\"From\", Message, MessageId) VALUES (?, ?, ?)"_s,
                           {next.users.value(user_, request_.user), message.message, message.id}, purpose);
+    } catch (const dao::Error &error) {
+        // A table that another program made may refuse a row. That must not keep back all the rest.
+        if (error.Kind() != dao::ErrorKind::Constraint)
+            throw;
+        qCWarning(log).noquote() << error.Text();
+        database_.Execute(u"DELETE FROM "_s % dao::Quoted(receipts) % u" WHERE MessageId = ?"_s, {message.id}, purpose);
+        next.withoutTable.insert(to);
+        return false;
+    }
     return true;
 }
 
@@ -303,6 +312,11 @@ void Look::Sign(QList<Presence::UserRow> &users, const QString &ownName)
 }
 
 } // namespace
+
+QString RandomId()
+{
+    return QUuid::createUuid().toString(QUuid::WithoutBraces);
+}
 
 News Run(dao::Database &database, Memory &memory, const Request &request)
 {

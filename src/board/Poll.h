@@ -26,9 +26,11 @@
 // another. The names of these tables can't be those of users.
 namespace Poll {
 
+QString RandomId(); // for a message; no other ever gets the same
+
 struct OutgoingMessage
 {
-    QString id; // random, never used again
+    QString id;
     QString to;
     QString message;
     bool operator==(const OutgoingMessage &) const = default;
@@ -88,7 +90,7 @@ struct Memory
     quint64 connection = 0;        // the memory of another connection is worth nothing
     FileVersion version;           // that of which everything was read
     QHash<QString, QString> users; // as the file spells them, by the name in upper case
-    QSet<QString> withoutTable;    // users, in upper case, for whom no table could be made
+    QSet<QString> withoutTable;    // users, in upper case, who have no table, or one that refuses messages
     QString fileId;
     QString ownTable;   // empty: there is none
     QDateTime lastSign; // when the own sign of life was written; invalid until then

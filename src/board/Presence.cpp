@@ -1,7 +1,7 @@
 #include "board/Presence.h"
 
-#include "board/Mail.h"
 #include "board/MessageTables.h"
+#include "board/ShortText.h"
 #include "platform/dao/Database.h"
 #include "platform/dao/DateValue.h"
 
@@ -16,6 +16,11 @@ using namespace Qt::Literals::StringLiterals;
 namespace Presence {
 
 namespace {
+
+// One row; beside max() stand the fields of the newest job.
+const QString jobsMark =
+    u"(SELECT coalesce(count(*) || ' ' || max(rowid) || ' ' || JobID || ' ' || coalesce(JobName, ''), '') "
+    "AS JobsMark FROM Projects)"_s;
 
 std::optional<UserRow> FindRow(const QList<UserRow> &rows, QString UserRow::*field, const QString &name)
 {
@@ -67,9 +72,15 @@ QList<UserRow> ReadUsers(dao::Database &database)
 
 UsersAndJobs ReadUsersAndJobs(dao::Database &database)
 {
-    // A mark comes without users, too.
-    return ReadFrom(database, u"(SELECT count(*) || ' ' || coalesce(max(rowid), 0) AS JobsMark FROM Projects) "
-                              "LEFT JOIN Users"_s);
+    return ReadFrom(database, jobsMark % u" LEFT JOIN Users"_s); // a mark comes without users, too
+}
+
+QString ReadJobsMark(dao::Database &database)
+{
+    return database.Select(u"SELECT JobsMark FROM "_s % jobsMark, {}, u"looking for changes of the job list"_s)
+        .value(0)
+        .value(0)
+        .toString();
 }
 
 std::optional<QString> MatchLogin(dao::Database &database, const QString &login)

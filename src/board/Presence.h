@@ -41,6 +41,7 @@ struct UsersAndJobs
 };
 // The same with a mark of the job list, by one statement.
 UsersAndJobs ReadUsersAndJobs(dao::Database &database);
+QString ReadJobsMark(dao::Database &database);
 
 // The identity that a login name stands for: the row whose User is `login`, else the first whose FullName is.
 // Upper-cased.

@@ -1,9 +1,9 @@
 #include "board/Status.h"
 
 #include "board/BoxLimit.h"
-#include "board/Mail.h"
 #include "board/PersonalStatus.h"
 #include "board/Presence.h"
+#include "board/ShortText.h"
 #include "platform/dao/Error.h"
 #include "ui_Status.h"
 

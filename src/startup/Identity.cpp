@@ -18,7 +18,8 @@ bool IsDeviceName(const QString &upperName)
 
 bool IsOwnName(const QString &upperName)
 {
-    // The program's own files, its tables and indexes in the company database, what belongs to the engine there, and the recipients that mean everybody.
+    // The program's own files, its tables and indexes in the company database, what belongs to the engine there, and the
+    // recipients that mean everybody.
     static const QStringList own{
         QStringLiteral("BLANK"),    QStringLiteral("JOBS"),  QStringLiteral("STEMP"), QStringLiteral("BLANK JOBS"),
         QStringLiteral("USERS"),    QStringLiteral("ALL"),   QStringLiteral("USER"),  QStringLiteral("BLANK STEMP"),

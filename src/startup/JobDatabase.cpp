@@ -46,7 +46,7 @@ auto WhetherWritten(std::function<void(bool)> done)
 } // namespace
 
 JobDatabase::JobDatabase(CompanyLink::Mode mode, const Identity &identity, JobLists &lists)
-    : identity_(identity), lists_(lists), link_(mode), memory_(std::make_shared<Memory>()), nextLimit_(waitLimit)
+    : identity_(identity), lists_(lists), link_(mode), seen_(std::make_shared<Seen>()), nextLimit_(waitLimit)
 {
     searchTimer_.setInterval(searchPeriod);
     connect(&searchTimer_, &QTimer::timeout, this, &JobDatabase::LookForConfigured);
@@ -124,7 +124,7 @@ void JobDatabase::Take(const QString &configured, Look look, Deadline deadline)
     missed_ = !look.answers;
     polling_ = searching_ = false; // what was under way is not heard any more
     wanted_.clear();
-    memory_ = std::make_shared<Memory>();
+    seen_ = std::make_shared<Seen>();
     configured_ = configured;
     if (configured.isEmpty() || path == configured)
         searchTimer_.stop();
@@ -189,7 +189,11 @@ void JobDatabase::AddSelfToUsers()
         [user = identity_.UserInitials, fullName = identity_.UserFullName](dao::Database &database) {
             Presence::AddSelfToUsers(database, user, fullName);
         },
-        [this](const Answer<void> &answer) { MissedIfFailed(answer); });
+        [this](const Answer<void> &answer) {
+            if (!answer.error)
+                loggedError_.clear();
+            MissedIfFailed(answer);
+        });
 }
 
 void JobDatabase::WriteState(Presence::State state)
@@ -207,6 +211,8 @@ void JobDatabase::WriteState(Presence::State state)
 void JobDatabase::WriteComment(QObject *context, const QString &user, const QString &comment,
                                std::function<void(bool)> done)
 {
+    if (!EnterpriseOn)
+        return done(false);
     link_.Ask(
         context, [user, comment](dao::Database &database) { Presence::WriteComment(database, user, comment); },
         WhetherWritten(std::move(done)));
@@ -214,6 +220,8 @@ void JobDatabase::WriteComment(QObject *context, const QString &user, const QStr
 
 void JobDatabase::DeleteUser(QObject *context, const QString &user, std::function<void(bool)> done)
 {
+    if (!EnterpriseOn)
+        return done(false);
     link_.Ask(
         context, [user](dao::Database &database) { Presence::DeleteUser(database, user); },
         WhetherWritten(std::move(done)));
@@ -238,7 +246,8 @@ void JobDatabase::Missed(const dao::Error &error)
 {
     // What is refused will be refused the next time, too.
     const bool refused = error.Kind() == dao::ErrorKind::ReadOnly || error.Kind() == dao::ErrorKind::Constraint;
-    if (refused || !missed_) // once, however long the file stays away
+    // Once, however long the file stays away, and however often a full one lets itself be read in between.
+    if ((refused || !missed_) && std::exchange(loggedError_, error.Text()) != error.Text())
         qCWarning(log).noquote() << error.Text();
     missed_ = missed_ || !refused;
 }
@@ -252,7 +261,10 @@ void JobDatabase::FillJobList()
     if (missed_) // nobody knows when it answers
         FillFromLocalCopy();
     link_.Ask(
-        this, [memory = memory_](dao::Database &database) { return ReadJobList(database, *memory); },
+        this,
+        [seen = seen_](dao::Database &database) {
+            return ReadJobList(database, *seen, Presence::ReadJobsMark(database));
+        },
         [this](const Answer<JobList> &answer) {
             if (!answer.error) {
                 TakeJobList(*answer.value);
@@ -287,13 +299,12 @@ void JobDatabase::FillFromLocalCopy()
         });
 }
 
-JobList JobDatabase::ReadJobList(dao::Database &database, Memory &memory)
+// `mark` is older than the list: what changes in between is noticed the next time.
+JobList JobDatabase::ReadJobList(dao::Database &database, Seen &seen, const QString &mark)
 {
-    // The mark before the list: what changes in between is noticed the next time.
-    const QString mark = Presence::ReadUsersAndJobs(database).jobsMark;
     JobList list; // made ready for searching here, beside the windows
     list.Assign(ReadProjects(database));
-    memory.jobsMark = mark;
+    seen.jobsMark = mark;
     return list;
 }
 
@@ -317,39 +328,44 @@ void JobDatabase::Poll(const Poll::Request &request)
     if (!EnterpriseOn || std::exchange(polling_, true))
         return;
     link_.Ask(
-        this, [memory = memory_, request](dao::Database &database) { return RunPoll(database, *memory, request); },
+        this, [seen = seen_, request](dao::Database &database) { return RunPoll(database, *seen, request); },
         [this](const Answer<PollAnswer> &answer) {
             polling_ = false;
             if (answer.error) {
                 Missed(*answer.error);
-                emit PollFailed();
+                emit PollFailed(answer.error->Kind());
                 return;
             }
             if (answer.value->jobs)
                 TakeJobList(*answer.value->jobs);
             emit Polled(answer.value->news);
-            if (std::exchange(missed_, false))
+            if (answer.value->news.refusedWrite)
+                missed_ = true; // the state was, or will be
+            else if (std::exchange(missed_, false))
                 emit CameBack();
         });
 }
 
-JobDatabase::PollAnswer JobDatabase::RunPoll(dao::Database &database, Memory &memory, const Poll::Request &request)
+JobDatabase::PollAnswer JobDatabase::RunPoll(dao::Database &database, Seen &seen, const Poll::Request &request)
 {
     try {
         PollAnswer answer;
-        answer.news = Poll::Run(database, memory.poll, request);
-        if (answer.news.changed && answer.news.jobsMark != memory.jobsMark)
-            answer.jobs = ReadJobList(database, memory);
+        answer.news = Poll::Run(database, seen.poll, request);
+        if (answer.news.changed && answer.news.jobsMark != seen.jobsMark)
+            answer.jobs = ReadJobList(database, seen, answer.news.jobsMark);
+        // A file that was write-protected stays so for a connection.
+        if (answer.news.refusedWrite && answer.news.refusedWrite->Kind() != dao::ErrorKind::Busy)
+            database.Close();
         return answer;
     } catch (...) {
-        memory.poll = {}; // nobody hears of what it has seen
+        seen.poll = {}; // nobody hears of what it has seen
         throw;
     }
 }
 
 void JobDatabase::ForgetPolls()
 {
-    memory_ = std::make_shared<Memory>();
+    seen_ = std::make_shared<Seen>();
 }
 
 void JobDatabase::LookAtUsers()

@@ -20,8 +20,9 @@ struct Identity;
 struct JobLists;
 
 // The job database in use: which file it is, and all that is asked of it. Choose, ChooseLooked, MatchLoginToUser, FileExists,
-// IsOwnJobsFile, RowsForLocalCopy and Close wait for the file system, each in all at most for its limit; a file that was waited for in vain is
-// not waited for again until it has answered. UpdateLocalJobCopy writes in the program folder. Nothing else here blocks.
+// IsOwnJobsFile, RowsForLocalCopy and Close wait for the file system, each in all at most for its limit; a file that was
+// waited for in vain is not waited for again until it has answered. UpdateLocalJobCopy writes in the program folder. Nothing
+// else here blocks.
 class JobDatabase : public QObject
 {
     Q_OBJECT
@@ -54,7 +55,8 @@ public:
     void Set_Out() { WriteState(Presence::State::Out); }
     void Set_OFF();
 
-    // Each goes on in `done`, unless `context` is gone by then or another file is in use: whether it was written.
+    // Each goes on in `done`, unless `context` is gone by then or another file is in use: whether it was written. Never in a
+    // local copy.
     void WriteComment(QObject *context, const QString &user, const QString &comment, std::function<void(bool)> done);
     void DeleteUser(QObject *context, const QString &user, std::function<void(bool)> done);
 
@@ -66,13 +68,13 @@ public:
     // before, unless `context` is gone by then. One at a time.
     void CreateJob(QObject *context, const JobItem &job, std::function<void(Projects::Creation)> done);
 
-    // Looks what others have changed, and delivers: Polled() or PollFailed() follows. Nothing when EnterpriseOn is off, or while
-    // the poll before is not answered.
+    // Looks what others have changed, and delivers: Polled() or PollFailed() follows, unless another file comes into use or
+    // this one is closed. Nothing when EnterpriseOn is off, or while the poll before is not answered.
     void Poll(const Poll::Request &request);
     bool IsPolling() const { return polling_; }
     // An answer was lost on its way to the per-login database: the next poll tells everything again.
     void ForgetPolls();
-    // Reads the users of a file that is not polled, the local copy: UsersRead() follows.
+    // Reads the users of a file that is not polled, the local copy: UsersRead() follows if it can be read.
     void LookAtUsers();
 
     bool FileExists(const QString &path);    // false when it does not answer
@@ -93,7 +95,7 @@ public slots:
 signals:
     void JobListFilled();
     void Polled(const Poll::News &news);
-    void PollFailed();
+    void PollFailed(dao::ErrorKind kind);
     void UsersRead(const QList<Presence::UserRow> &users);
     // A poll was answered after a request had failed, after a start without an answer, or after another file took the place of
     // the one in use: states and lists may have been missed.
@@ -104,7 +106,7 @@ private:
     using Deadline = std::chrono::steady_clock::time_point;
 
     // What the requests on one file, which run in order, leave to the next.
-    struct Memory
+    struct Seen
     {
         Poll::Memory poll;
         QString jobsMark; // of the list that was read last
@@ -121,8 +123,8 @@ private:
         bool isOwnFile = false;
     };
 
-    static JobList ReadJobList(dao::Database &database, Memory &memory);
-    static PollAnswer RunPoll(dao::Database &database, Memory &memory, const Poll::Request &request);
+    static JobList ReadJobList(dao::Database &database, Seen &seen, const QString &mark);
+    static PollAnswer RunPoll(dao::Database &database, Seen &seen, const Poll::Request &request);
 
     QString OwnJobsFile() const;
     static Look LookOf(const QString &path, const QString &own, const std::optional<Answer<bool>> &answer);
@@ -147,7 +149,8 @@ private:
     std::function<void(Projects::Creation)> creating_; // what waits for the answer of a creation
     bool polling_ = false;                             // a poll is under way
     bool missed_ = false;   // a request failed, the file did not answer at first, or it was replaced; no poll since
+    QString loggedError_;   // since the person was last known to be among the users
     bool listRead_ = false; // the list in memory is that of the file in use
-    std::shared_ptr<Memory> memory_;      // the requests', once it is given to one
+    std::shared_ptr<Seen> seen_;          // the requests', once it is given to one
     std::chrono::milliseconds nextLimit_; // of the next Choose: what was waited for at start before counts, too
 };

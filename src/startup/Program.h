@@ -41,7 +41,7 @@ public:
     void FillPersonalList(); // from LocalDB
 
     // Closes the time database, the job database and LocalDB, in that order, and renews the local copy of the job list if that
-    // is to be done. The job database is waited for within one limit, whatever it is asked. False when the job database does not answer: its
+    // is to be done. The job database is waited for within one limit, whatever it is asked. False when it does not answer: its
     // thread is left behind then, and the process must end without waiting for it.
     bool CloseDatabases(); // again: says the same
 

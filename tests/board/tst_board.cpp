@@ -6,6 +6,8 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
+const QDateTime now(QDate(2026, 3, 7), QTime(15, 7), Qt::UTC);
+
 // Users with the comment "c".
 QList<Presence::UserRow> Users(const QStringList &names)
 {
@@ -38,7 +40,7 @@ private slots:
     void ShowsOneMessageOfASenderAfterTheOther()
     {
         Board board;
-        board.TakeUsers(Users({u"\u00c5se"_s, u"\u00e5se"_s}), u"\u00e5SE"_s); // one person twice
+        board.TakeUsers(Users({u"\u00c5se"_s, u"\u00e5se"_s}), u"\u00e5SE"_s, now); // one person twice
         QVERIFY(board.ShowMessages({first, second}) && board.Alert && !board.ShowMessages({first, second}));
         QCOMPARE(Shown(board), u"\u00c5se=one \u00e5se=c"_s);
         QVERIFY(board.ClearMessage(0) == u"1" && !board.MessageShown(0) && !board.Alert);
@@ -53,19 +55,34 @@ private slots:
     void MessagesFollowTheirSenders()
     {
         Board board;
-        board.TakeUsers(Users({u"Bo"_s, u"\u00c5SE"_s}), u"BO"_s);
+        board.TakeUsers(Users({u"Bo"_s, u"\u00c5SE"_s}), u"BO"_s, now);
         board.ShowMessages({first});
-        board.TakeUsers(Users({u"BO"_s, u"\u00e5se"_s}), u"bo"_s); // the same in another spelling
+        board.TakeUsers(Users({u"BO"_s, u"\u00e5se"_s}), u"bo"_s, now); // the same in another spelling
         QVERIFY(board.MessageShown(1) && board.OwnName == u"BO" && board.IsOwn(u"bO"_s));
-        board.TakeUsers(Users({u"Al"_s, u"Bo"_s, u"\u00e5se"_s}), u"BO"_s);
+        board.TakeUsers(Users({u"Al"_s, u"Bo"_s, u"\u00e5se"_s}), u"BO"_s, now);
         QVERIFY(!board.MessageShown(2) && !board.ShowMessages({first})); // not for the first time
         QCOMPARE(Shown(board), u"Al=c Bo=c \u00e5se=one"_s);
-        board.TakeUsers(Users({u"Al"_s, u"Bo"_s, u""_s}), u"BO"_s); // as many as before, but others
+        board.TakeUsers(Users({u"Al"_s, u"Bo"_s, u""_s}), u"BO"_s, now); // as many as before, but others
         board.ShowMessages({first, ofNobody, second});
         QCOMPARE(Shown(board), u"Al=c Bo=c =c \u00e5SE*=one (unknown)*=three"_s);
         QVERIFY(board.ClearMessage(3) == u"1" && board.Alert && board.ShowMessages({ofNobody, second}));
         QCOMPARE(Shown(board), u"Al=c Bo=c =c (unknown)*=three \u00c5se*=two"_s);
         QVERIFY(!board.ShowMessages({}) && board.UserCount() == 3 && board.Rows().size() == 3);
+    }
+
+    void SignsAreTimedByTheOwnClock()
+    {
+        Board board;
+        QList<Presence::UserRow> users = Users({u"Bo"_s});
+        const QDateTime late = now.addSecs(-1200); // as Bo's clock is
+        users[0].lastSign = late;
+        board.TakeUsers(users, u"ANNA"_s, now);
+        QCOMPARE(board.Rows()[0].lastSign, late); // nothing else is known yet
+        users[0].lastSign = late.addSecs(60);
+        for (int look = 0; look < 2; ++look) {
+            board.TakeUsers(users, u"ANNA"_s, now.addSecs(60 + 60 * look));
+            QCOMPARE(board.Rows()[0].lastSign, now.addSecs(60));
+        }
     }
 };
 

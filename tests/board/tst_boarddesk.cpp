@@ -82,13 +82,15 @@ void Send(RunningCopy &copy, int row, const QString &text, const char *button = 
     QVERIFY(window.done);
 }
 
-void SetStatus(RunningCopy &copy, int row, const QString &text)
+// Whether the dialog opened.
+bool SetStatus(RunningCopy &copy, int row, const QString &text)
 {
     WhenShown window(u"Status"_s, [&](QWidget &shown) {
         shown.findChild<QComboBox *>(u"StatusCombo"_s)->setCurrentText(text);
         QTest::mouseClick(shown.findChild<QPushButton *>(u"SendButton"_s), Qt::LeftButton);
     });
     Click(copy, row, 1);
+    return window.done;
 }
 
 QString Notice(RunningCopy &copy)
@@ -113,14 +115,14 @@ private slots:
         anna.Poll();
         QCOMPARE(Shown(anna), QStringList({u"ANNA="_s, u"BO="_s}));
         bo.main.Window()->StempIn(u"K-12 : Kolding"_s);
-        SetStatus(bo, 1, QString(100, u'x'));
+        QVERIFY(SetStatus(bo, 1, QString(100, u'x')));
         anna.Poll();
         QCOMPARE(anna.program.board.Rows()[1].state, -1);
         QCOMPARE(Shown(anna)[1], u"BO="_s + QString(80, u'x'));
 
-        SetStatus(anna, 1, u"not mine"_s); // does not open
+        QVERIFY(!SetStatus(anna, 1, u"not mine"_s));
         anna.program.options.CanSetOthersStatus = true;
-        SetStatus(anna, 1, u"back at 3"_s);
+        QVERIFY(SetStatus(anna, 1, u"back at 3"_s));
         bo.Poll();
         QCOMPARE(Shown(bo)[1], u"BO=back at 3"_s);
         team.Stop(u"bo"_s);
@@ -157,22 +159,6 @@ private slots:
                  QList<QVariantList>({{0, 1, 0}}));
     }
 
-    void KeepsMessagesOfAndToWhoIsDeleted()
-    {
-        Team team({u"anna"_s, u"bo"_s});
-        RunningCopy &anna = team[u"anna"_s];
-        RunningCopy &bo = team[u"bo"_s];
-        anna.Poll();
-        Send(anna, 1, u"last words"_s);
-        team.company.Sql(companyFile, u"DELETE FROM Users WHERE User = 'ANNA'"_s);
-        bo.Poll();
-        QCOMPARE(Shown(bo), QStringList({u"BO="_s, u"ANNA=Mon 09:00 - last words"_s}));
-
-        Click(bo, 1, 0); // nobody to write to
-        Click(bo, 1, 1);
-        QCOMPARE(Shown(bo), QStringList(u"BO="_s));
-    }
-
     void AsksBeforeItDeletes()
     {
         Team team({u"anna"_s, u"bo"_s});
@@ -198,16 +184,69 @@ private slots:
         RunningCopy &anna = team[u"anna"_s];
         anna.Poll();
         QCOMPARE(Notice(anna), QString());
-        QVERIFY(QFile::rename(team.company.File(companyFile), team.company.File(u"away.mdb"_s)));
+        team.company.Sql(companyFile, u"ALTER TABLE Users RENAME TO Away"_s);
         anna.time.Advance(60);
         anna.Poll();
         QVERIFY(Notice(anna).startsWith(u"Not current since"_s));
         Send(anna, 1, u"later"_s);
-        QVERIFY(QFile::rename(team.company.File(u"away.mdb"_s), team.company.File(companyFile)));
+        team.company.Sql(companyFile, u"ALTER TABLE Away RENAME TO Users"_s);
         team.Poll({u"anna"_s, u"bo"_s});
         QCOMPARE(Notice(anna), QString());
         QCOMPARE(Shown(team[u"bo"_s])[0], u"ANNA=Mon 09:01 - later"_s);
         QVERIFY(anna.prompts.messages.isEmpty());
+    }
+
+    // The copy of the file on this machine stands in for it then.
+    void TakesNoStatusThatNobodyWouldSee()
+    {
+        Team team({u"anna"_s});
+        team.Stop(u"anna"_s);
+        QVERIFY(QFile::rename(team.company.File(companyFile), team.company.File(u"away.mdb"_s)));
+        team.Start(u"anna"_s);
+        RunningCopy &anna = team[u"anna"_s];
+        QTRY_COMPARE(Shown(anna), QStringList(u"ANNA="_s));
+        anna.prompts.messages.clear();
+        SetStatus(anna, 0, u"lunch"_s);
+        QCOMPARE(anna.prompts.messages.size(), 1);
+        QVERIFY(anna.prompts.messages[0].startsWith(u"The company database is not there"_s));
+    }
+
+    void SaysThatItCannotWriteAndCatchesUp()
+    {
+        Team team({u"anna"_s, u"bo"_s});
+        team.Stop(u"bo"_s);
+        dao::Database reader = dao::Database::OpenDatabase(team.company.File(companyFile));
+        reader.Execute(u"BEGIN"_s, {}, u"a test"_s);
+        reader.Select(u"SELECT * FROM Users"_s, {},
+                      u"a test"_s); // from now on no commit gets through, as on a drive without locks
+        team.Start(u"bo"_s);
+        RunningCopy &bo = team[u"bo"_s];
+        QTRY_COMPARE(bo.prompts.messages.size(), 1);
+        QVERIFY(bo.prompts.messages[0].contains(u"can be read, but not written"_s));
+        QVERIFY(!Notice(bo).isEmpty());
+        QCOMPARE(Shown(bo), QStringList({u"ANNA="_s, u"BO="_s}));
+        bo.main.Window()->StempIn(u"K-12 : Kolding"_s);
+        reader.Close();
+        bo.Poll();
+        QCOMPARE(Notice(bo), QString());
+        QCOMPARE(team.company.Sql(companyFile, u"SELECT State FROM Users WHERE User = 'BO'"_s),
+                 QList<QVariantList>({{-1}}));
+        QCOMPARE(bo.prompts.messages.size(), 1);
+    }
+
+    void KeepsWhatIsTypedWhenTheProgramEnds()
+    {
+        Team team({u"anna"_s, u"bo"_s});
+        RunningCopy &anna = team[u"anna"_s];
+        anna.Poll();
+        WhenShown window(u"Message"_s, [&](QWidget &shown) {
+            shown.findChild<QLineEdit *>(u"MessageText"_s)->setText(u"half a mess"_s);
+            anna.Close();
+        });
+        Click(anna, 1, 0);
+        QVERIFY(anna.main.HasEnded());
+        QCOMPARE(team.folders[u"anna"_s]->Sql(u"ANNA Stemp.mdb"_s, u"SELECT Message FROM MessageBuffer"_s),
+                 QList<QVariantList>({{u"half a mess"_s}}));
     }
 
     void BringsAMinimisedBoardBackForANewMessageOnly()

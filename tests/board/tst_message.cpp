@@ -132,7 +132,7 @@ private slots:
         Desk desk(u"Bo"_s);
         Mail mail(desk.localDB);
         mail.Queue({u"BO"_s, u"\u00c5SE"_s}, u"tea"_s);
-        desk.form.ShowBuffer();
+        desk.form.Refresh();
         desk.Edit(2, 1)->setText(u"later"_s); // in the empty row
         QTest::keyClick(desk.Editor(), Qt::Key_Return);
         QTRY_COMPARE(desk.Outbox().value(2), u"|later"_s);
@@ -140,7 +140,7 @@ private slots:
         desk.Edit(1, 0)->setText(u"carl"_s);              // while this row and the one before it are sent
         for (int row = 0; row < 2; ++row)
             mail.DeleteBufferRow(mail.Buffer().first().id);
-        desk.form.ShowBuffer();
+        desk.form.Refresh();
         QTest::keyClick(desk.Editor(), Qt::Key_Return);
         QTRY_COMPARE(desk.Grid()->model()->rowCount(), 3);
         QCOMPARE(desk.Outbox(), QStringList({u"|later"_s, u"CARL|tea"_s}));

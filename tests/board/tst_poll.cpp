@@ -157,6 +157,20 @@ private slots:
         QCOMPARE(bo.seen.size(), 3);
         bo.Look();
         QCOMPARE(bo.Count(u"BO"_s), 0);
+
+        // A table that refuses messages keeps back its own only.
+        other.Sql(u"INSERT INTO Users (User) VALUES ('Carl')"_s);
+        other.Sql(u"CREATE TABLE Carl (\"From\", Message, Colour NOT NULL)"_s);
+        bo.outbox = {{u"1"_s, u"CARL"_s, u"text"_s}, {u"2"_s, u"ANNA"_s, u"text"_s}};
+        for (int look = 0; look < 2; ++look) {
+            QVERIFY(!bo.Look().refusedWrite);
+            QCOMPARE(bo.outbox.size(), 1);
+            bo.Restart();
+        }
+        other.Look();
+        QCOMPARE(other.seen.keys(), QStringList{u"2"_s});
+        other.Sql(u"DROP TABLE Carl"_s);
+        QCOMPARE(bo.Look().delivered, QStringList{u"1"_s});
     }
 
     void TakesNamesOfAnyKind_data()

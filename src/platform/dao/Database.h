@@ -27,8 +27,8 @@ enum class HeldFailure {
 };
 struct Held;
 
-// Runs before every statement of every connection in this process, COMMIT included. For tests that end the process in
-// between; to be set before the first connection is opened.
+// Runs before every statement of every connection in this process, COMMIT included, on that connection's thread. For tests:
+// they count, throw an Error, or end the process there. To be set before the first connection is opened.
 void SetStatementHook(void (*hook)());
 
 // A name as an SQL identifier: in double quotes, inner ones doubled. The only way in which a name that comes from people

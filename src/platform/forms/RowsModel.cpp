@@ -20,10 +20,7 @@ bool IsNumber(const QVariant &value)
 
 } // namespace
 
-RowsModel::RowsModel(QStringList captions, QObject *parent)
-    : QAbstractTableModel(parent), captions_(std::move(captions))
-{
-}
+RowsModel::RowsModel(QStringList captions, QObject *parent) : CaptionedModel(std::move(captions), parent) {}
 
 void RowsModel::SetFormatter(int column, Formatter formatter)
 {
@@ -52,11 +49,6 @@ int RowsModel::rowCount(const QModelIndex &parent) const
     return parent.isValid() ? 0 : static_cast<int>(rows_.size());
 }
 
-int RowsModel::columnCount(const QModelIndex &parent) const
-{
-    return parent.isValid() ? 0 : static_cast<int>(captions_.size());
-}
-
 QVariant RowsModel::data(const QModelIndex &index, int role) const
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
@@ -76,20 +68,4 @@ QVariant RowsModel::data(const QModelIndex &index, int role) const
     default:
         return {};
     }
-}
-
-QVariant RowsModel::headerData(int section, Qt::Orientation orientation, int role) const
-{
-    if (orientation != Qt::Horizontal || (role != Qt::DisplayRole && role != Qt::EditRole))
-        return QAbstractTableModel::headerData(section, orientation, role);
-    return captions_.value(section);
-}
-
-bool RowsModel::setHeaderData(int section, Qt::Orientation orientation, const QVariant &value, int role)
-{
-    if (orientation != Qt::Horizontal || section < 0 || section >= captions_.size() || role != Qt::EditRole)
-        return false;
-    captions_[section] = value.toString();
-    emit headerDataChanged(orientation, section, section);
-    return true;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QAbstractTableModel>
+#include "platform/forms/CaptionedModel.h"
+
 #include <QStringList>
 #include <QVariant>
 
@@ -9,7 +10,7 @@
 #include <vector>
 
 // Rows of values for a grid to show. Numbers are right aligned.
-class RowsModel : public QAbstractTableModel
+class RowsModel : public CaptionedModel
 {
     Q_OBJECT
 
@@ -24,15 +25,10 @@ public:
     void SetRows(std::vector<Row> rows);
 
     int rowCount(const QModelIndex &parent = {}) const override;
-    int columnCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index,
                   int role = Qt::DisplayRole) const override; // Qt::EditRole: the value itself
-    QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
-    bool setHeaderData(int section, Qt::Orientation orientation, const QVariant &value,
-                       int role = Qt::EditRole) override;
 
 private:
-    QStringList captions_;
     std::vector<Row> rows_;
     std::map<int, Formatter> formatters_;
 };

@@ -1,0 +1,62 @@
+#include "board/CompanyNotice.h"
+
+#include <QLocale>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+// Where a drive grants no locks it stays so until somebody mends the drive.
+QString WhatHelps(dao::ErrorKind kind)
+{
+    const QString locks =
+        u"its drive does not let programs lock files, as some network drives do. If this goes on, move the file to a "
+        "drive of another kind, or have the network drive set up with file locking."_s;
+    switch (kind) {
+    case dao::ErrorKind::Full:
+        return u"Its drive is full. Make room on it."_s;
+    case dao::ErrorKind::ReadOnly:
+    case dao::ErrorKind::CannotOpen:
+        return u"The file or its folder is write-protected for you. Ask for the right to write in the folder, too."_s;
+    case dao::ErrorKind::Busy:
+        return u"Either another program keeps it locked, or "_s + locks;
+    default:
+        return u"Perhaps "_s + locks;
+    }
+}
+
+QString WhatIsWrong(std::optional<dao::ErrorKind> failure)
+{
+    if (failure == dao::ErrorKind::Busy)
+        return u"another program keeps the company database locked."_s;
+    if (failure == dao::ErrorKind::Corrupt)
+        return u"the company database is damaged. Please have it restored."_s;
+    if (failure == dao::ErrorKind::CannotOpen)
+        return u"the company database is not there, or its drive is away."_s;
+    return u"the company database does not answer."_s;
+}
+
+} // namespace
+
+QString CompanyNotice::Text() const
+{
+    if (!isThere)
+        return u"The company database is not there. Colleagues are shown as they were known last."_s;
+    if (isStale) {
+        const QString since =
+            lastCurrent.isValid()
+                ? u"Not current since %1: "_s.arg(QLocale().toString(lastCurrent, QLocale::ShortFormat))
+                : u"Not current: "_s;
+        return since + WhatIsWrong(failure);
+    }
+    if (!canBeWritten)
+        return u"The company database can be read, but not written. Your state and your messages wait here."_s;
+    return {};
+}
+
+QString RefusedWriteText(const QString &path, const dao::Error &error)
+{
+    return u"The company database\n%1\ncan be read, but not written. %2\n\nUntil then you see your colleagues, but "
+           u"they "
+           "do not see you, and your messages wait on this machine."_s.arg(path, WhatHelps(error.Kind()));
+}

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/dao/Error.h"
+
+#include <QDateTime>
+#include <QString>
+
+#include <optional>
+
+// What the board knows of the company database, and how it says so.
+struct CompanyNotice
+{
+    bool isThere = true;                   // else the local copy stands in for it
+    bool isStale = false;                  // a poll has failed, or has not been answered for long
+    std::optional<dao::ErrorKind> failure; // nothing: it has not been answered
+    bool canBeWritten = true;
+    QDateTime lastCurrent; // when a poll was answered; invalid until then
+
+    QString Text() const; // empty while all is well
+};
+
+// Why the file at `path` can be read, but not written, and what helps.
+QString RefusedWriteText(const QString &path, const dao::Error &error);
