@@ -122,24 +122,6 @@ private slots:
         const QList<QVariantList> read = copy.Sql(u"SELECT min(Id), count(*) FROM MessageHistory WHERE Unread = 0"_s);
         QCOMPARE(read[0], (QVariantList{50, 200}));
     }
-
-    void AFailedWriteChangesNothing()
-    {
-        Copy copy;
-        copy.Sql(u"CREATE UNIQUE INDEX U ON MessageBuffer (\"To\")"_s);
-        copy.Sql(u"CREATE UNIQUE INDEX V ON MessageAcknowledgements (FileId)"_s);
-        QVERIFY_THROWS_EXCEPTION(dao::Error, copy.mail.Queue({u"A"_s, u"A"_s}, u"hi"_s));
-        QVERIFY_THROWS_EXCEPTION(dao::Error, copy.Take({u"1"_s}, {u"2"_s}));
-        QVERIFY(copy.mail.Buffer().isEmpty() && copy.mail.History().isEmpty());
-    }
-
-    void ComposesWithDateAndCuts()
-    {
-        const QString start = QLocale().dayName(6, QLocale::ShortFormat) + u" 15:07 - "_s;
-        const QString fits(longestMessage - start.size() - 1, u'\u00e6');
-        QCOMPARE(ComposedMessage(fits + u"xy"_s, now), start + fits + u'x');
-        QCOMPARE(ComposedMessage(fits + u"\U0001F600"_s, now), start + fits);
-    }
 };
 
 QTEST_GUILESS_MAIN(TestMail)

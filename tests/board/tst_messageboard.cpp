@@ -44,19 +44,6 @@ class TestMessageBoard : public QObject
     Q_OBJECT
 
 private slots:
-    void ViewsSeeOnlyWhatChanges()
-    {
-        BoardModel model({u"User"_s, u"Status"_s});
-        model.SetRows(people, now);
-        const QSignalSpy changes(&model, &BoardModel::dataChanged);
-        auto rows = people;
-        rows[0].lastSign = now.addSecs(60);
-        rows[1].message = UnreadMessage{u"2"_s, u"Bjørn"_s, {}}; // as empty as the comment, but yellow
-        model.SetRows(rows, now);
-        QCOMPARE(changes.size(), 1);
-        QCOMPARE(changes[0][0].toModelIndex().row(), 1);
-    }
-
     void TipsTellInWordsAndWithoutMarkup()
     {
         BoardModel model({u"User"_s, u"Status"_s});

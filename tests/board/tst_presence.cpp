@@ -85,34 +85,6 @@ private slots:
         QCOMPARE(people.Listed(u"FullName"_s), u"Anna=Anna A, \u00e5se=\u00c5se B, EVA=Eva, BO=Bo Bo"_s);
     }
 
-    void MakesAndDropsTheTable()
-    {
-        People people({{u"\u00e5se"_s, {}}, {u"\u00c5SE"_s, {}}, {u"Bo"_s, {}}});
-        dao::Database &database = people.database;
-        Presence::AddSelfToUsers(database, u"\u00c5SE"_s, {});
-        Presence::AddSelfToUsers(database, u"BO"_s, {});
-        database.Execute(u"INSERT INTO Bo (\"From\", Message) VALUES ('x', 'y')"_s, {}, u"a test"_s);
-        {
-            // Nothing is missing, so nothing is written.
-            dao::Database other = dao::Database::OpenDatabase(database.Path());
-            const dao::Transaction lock(other, u"a test"_s);
-            database.SetBusyWait(std::chrono::milliseconds(1));
-            Presence::AddSelfToUsers(database, u"BO"_s, {});
-        }
-        for (const QString &user : {u"\u00e5SE"_s, u"bO"_s, u"Users"_s})
-            Presence::DeleteUser(database, user);
-        QCOMPARE(people.Listed(u"State"_s), QString());
-        QVERIFY(database.HasTable(u"Bo"_s) && database.HasTable(u"Users"_s) && !database.HasTable(u"\u00e5se"_s));
-    }
-
-    void WritesTheComment()
-    {
-        People people({{u"\u00c5se"_s, {}}});
-        Presence::WriteComment(people.database, u"NOBODY"_s, u"x"_s);
-        Presence::WriteComment(people.database, u"\u00e5se"_s, QString(81, u'\u00d8'));
-        QCOMPARE(Presence::ReadUsers(people.database)[0].comment, QString(80, u'\u00d8'));
-    }
-
     void WritesTheState()
     {
         People people({{u"Anna"_s, {}}, {u"\u00e5se"_s, {}}});
