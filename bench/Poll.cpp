@@ -47,7 +47,7 @@ public:
         const Poll::News news = Poll::Run(company_, memory_, mail_.MakeRequest(NameOf(0), now_));
         mail_.Take(news, now_);
         if (news.changed)
-            board_.TakeUsers(news.users, NameOf(0));
+            board_.TakeUsers(news.users, NameOf(0), now_);
         board_.ShowMessages(mail_.Unread());
         return news.changed;
     }

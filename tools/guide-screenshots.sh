@@ -102,7 +102,8 @@ start_display() {
     until_true xdotool get_desktop
 }
 
-window() { xdotool search --onlyvisible --name "^$1" 2>/dev/null | tail -n 1; }
+of= # the process of the program that is meant, where two have windows of the same name
+window() { xdotool search --onlyvisible --all ${of:+--pid "$of"} --name "^$1" 2>/dev/null | tail -n 1; }
 is_shown() { [ -n "$(window "$1")" ]; }
 is_gone() { ! is_shown "$1"; }
 has_ended() { ! kill -0 "$program" 2>/dev/null; }
@@ -177,9 +178,17 @@ shot() {
 }
 
 set_option() {
-    sqlite3 "$folder/ANNA Stemp.mdb" "UPDATE AdminForm SET Value = '$2' WHERE Name = '$1'"
+    sqlite3 "$folder/${login^^} Stemp.mdb" "UPDATE AdminForm SET Value = '$2' WHERE Name = '$1'"
 }
 
+# The person of the folder works with the company file from the next start on.
+share_company() {
+    start # makes the tables that hold the settings
+    until_true is_shown "${login^^} Out"
+    end
+    set_option EnterpriseMDBText "$work/network/Jobs.mdb"
+    set_option PollDelay 1
+}
 # Whose login can't be the name of a file is asked for initials.
 picture_initials() {
     new_folder blank
@@ -284,6 +293,59 @@ picture_summary() {
     until_true is_gone "Hours Summaries"
 }
 
+# write_to ROW TEXT: from the board, to the person in that row, the first of which is 0.
+write_to() {
+    local row downs=()
+    for ((row = 0; row < $1; ++row)); do downs+=(Down); done
+    focus Fairosne
+    keys ctrl+Home ${downs[@]+"${downs[@]}"} Return
+    until_true is_shown Message
+    text "$2"
+}
+# The board shows a message.
+is_yellow() {
+    local pixels
+    pixels=$(import -window "$(window Fairosne)" ppm:- |
+        convert - -fill black +opaque '#ffff00' -fill white -opaque '#ffff00' -format '%[fx:round(mean*w*h)]' info:)
+    [ "${pixels:-0}" -gt 1000 ]
+}
+
+# Bo writes to Anna, whose copy runs, and she answers.
+picture_board() {
+    local anna=$program annasFolder=$folder bo
+    new_folder bo
+    share_company
+    start
+    bo=$program
+    of=$bo
+    focus "BO Out"
+    text "SKI-101 : Skive Furniture, annual inspection"
+    keys Escape Tab space # stemps in
+    focus Fairosne
+    keys ctrl+Home Down Right Return # his own status
+    until_true is_shown "BO Status"
+    keys ctrl+a
+    text "At Skive Furniture until 4"
+    shot status "BO Status"
+    keys Return
+    until_true is_gone "BO Status"
+    write_to 0 "Is the spare pump in the east cellar? The one here is broken."
+    shot message Message
+    keys Return
+
+    of=$anna
+    until_true is_yellow
+    shot board-anna Fairosne
+    write_to 1 "Yes, behind the boiler. I can bring it by three."
+    keys Return
+    of=$bo
+    until_true is_yellow
+    shot board-bo Fairosne
+    end
+    of=
+    login=anna folder=$annasFolder program=$anna
+}
+
 picture_out_query() {
     focus "$main"
     keys alt+F4
@@ -300,11 +362,12 @@ picture_initials
 new_folder anna
 (on_stage python3 "$root/tools/make-demo-data.py" "$folder") >/dev/null
 mkdir "$work/network"
-start # makes the tables that hold the settings
-until_true is_shown "ANNA Out"
-end
 cp "$folder/Jobs.mdb" "$work/network"
-set_option EnterpriseMDBText "$work/network/Jobs.mdb"
+sqlite3 "$work/network/Jobs.mdb" "
+    INSERT INTO Users (User, State, Comment, LastSign) SELECT name, state, comment, ${seconds}/86400.0 + 25569 FROM
+    (SELECT 'EVA' AS name, 1 AS state, 'On holiday until Monday' AS comment
+     UNION SELECT 'SØREN', -1, 'At a customer' UNION SELECT 'KIRSTEN', 0, 'Lunch, back at 2:30')"
+share_company
 set_option AutoCheck 1
 set_option AdminCheck 1
 start
@@ -313,5 +376,6 @@ picture_notes
 picture_create_job
 picture_settings
 picture_summary
+picture_board
 picture_out_query
 end

@@ -19,10 +19,7 @@
 #include <QRandomGenerator>
 #include <QTimer>
 
-#include <unistd.h>
-
 #include <atomic>
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <thread>
@@ -35,20 +32,15 @@ namespace {
 std::atomic<int> statementsLeft;
 std::chrono::microseconds killDelay;
 
-void Die()
-{
-    ::kill(::getpid(), SIGKILL);
-}
-
 void CountStatement()
 {
     if (--statementsLeft != 0)
         return;
     if (killDelay.count() == 0)
-        Die();
+        Storm::Die();
     std::thread([] {
         std::this_thread::sleep_for(killDelay);
-        Die();
+        Storm::Die();
     }).detach();
 }
 
@@ -128,7 +120,7 @@ private:
 
     void Look()
     {
-        if (QFile::exists(Storm::StopFile(settings_.folder)) || ::getppid() != driver_)
+        if (QFile::exists(Storm::StopFile(settings_.folder)) || Storm::StartedBy() != driver_)
             return QCoreApplication::quit();
         const Poll::Request request = mail_.MakeRequest(user_, TimeSource().Now());
         const bool idle = request.outbox.isEmpty() && request.acknowledgements.isEmpty();
@@ -214,7 +206,7 @@ private:
 
     const Settings settings_;
     const QString user_;
-    const pid_t driver_ = ::getppid();
+    const qint64 driver_ = Storm::StartedBy();
     Journal journal_;
     dao::Database localDB_;
     Mail mail_{localDB_};

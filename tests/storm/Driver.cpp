@@ -20,7 +20,6 @@
 #include <QRandomGenerator>
 #include <QTimer>
 
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <map>
@@ -138,7 +137,7 @@ private:
     void Ended(int copy, bool storm, bool dies, int code, QProcess::ExitStatus status)
     {
         running_.erase(copy);
-        const bool killed = status == QProcess::CrashExit && code == SIGKILL;
+        const bool killed = status == QProcess::CrashExit && Storm::HasDied(code);
         if (killed && dies && !givenUp_) {
             ++kills;
             Start(copy, storm);

@@ -2,8 +2,19 @@
 
 #include <QDir>
 #include <QStringBuilder>
+#include <QtGlobal>
 
 #include <stdexcept>
+
+#ifdef Q_OS_WIN
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#include <windows.h>
+#else
+#include <csignal>
+#include <unistd.h>
+#endif
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -32,6 +43,52 @@ QString Storm::StopFile(const QString &folder)
 {
     return QDir(folder).filePath(u"stop"_s);
 }
+
+#ifdef Q_OS_WIN
+
+namespace {
+
+constexpr UINT death = 0xC0000D1E; // such codes count as a crash
+
+} // namespace
+
+void Storm::Die()
+{
+    TerminateProcess(GetCurrentProcess(), death);
+    for (;;)
+        Sleep(INFINITE);
+}
+
+bool Storm::HasDied(int exitCode)
+{
+    return exitCode == static_cast<int>(death);
+}
+
+qint64 Storm::StartedBy()
+{
+    return 0; // nobody knows here
+}
+
+#else
+
+void Storm::Die()
+{
+    ::kill(::getpid(), SIGKILL);
+    for (;;)
+        ::pause();
+}
+
+bool Storm::HasDied(int exitCode)
+{
+    return exitCode == SIGKILL;
+}
+
+qint64 Storm::StartedBy()
+{
+    return ::getppid();
+}
+
+#endif
 
 Storm::Journal::Journal(const QString &folder, int copy) : file_(JournalFile(folder, copy))
 {

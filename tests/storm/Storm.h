@@ -15,6 +15,10 @@ QString LocalFile(const QString &folder, int copy);
 QString JournalFile(const QString &folder, int copy);
 QString StopFile(const QString &folder); // copies end when it is there
 
+[[noreturn]] void Die();          // as by a kill from outside: nothing of the process runs any more
+bool HasDied(int exitCode);       // whether a process that crashed has died so
+[[nodiscard]] qint64 StartedBy(); // the process that this one was started by; another when that has ended
+
 // What a copy has lived through, line by line. A line that was written survives the copy.
 class Journal
 {
