@@ -87,10 +87,10 @@ void BoardDesk::Unload()
 
 void BoardDesk::ShowBoard(bool on)
 {
-    if (on && !messageBoard_->isVisible())
-        messageBoard_->PopUp(false);
-    else if (!on)
+    if (!on)
         messageBoard_->hide();
+    else if (messageBoard_->IsLoaded() && !messageBoard_->isVisible())
+        messageBoard_->PopUp(false);
 }
 
 void BoardDesk::Enterprise_Init()
