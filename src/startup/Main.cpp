@@ -16,6 +16,7 @@
 #include "texts/Common.h"
 
 #include <QLoggingCategory>
+#include <QTimer>
 
 namespace {
 
@@ -221,7 +222,7 @@ void Main::SettleOpenRow()
     const bool open = program_.clock.TakeUpLastRow();
     stempWin_->ShowCurrentJob();
     stempWin_->show();
-    QMetaObject::invokeMethod(this, &Main::ShowBoard, Qt::QueuedConnection); // once the clock is on the screen
+    QTimer::singleShot(0, this, &Main::ShowBoard); // once the clock is painted
     if (open)
         stempWin_->ShowOutQuery();
 }
