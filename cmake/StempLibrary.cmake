@@ -9,6 +9,9 @@ endfunction()
 
 # How every test runs. The quotes are the sanitizer's own, for a path with blanks.
 set(STEMP_TEST_ENVIRONMENT "LSAN_OPTIONS=suppressions='${PROJECT_SOURCE_DIR}/tests/lsan.supp'")
+if(MINGW) # as in main.cpp
+  list(APPEND STEMP_TEST_ENVIRONMENT QT_ENABLE_REGEXP_JIT=0)
+endif()
 
 # stemp_test(name LINK target…): builds <name>.cpp as a Qt Test program and registers it with CTest, on the offscreen
 # platform. Further SOURCES may be named.

@@ -13,6 +13,11 @@
 
 int main(int argc, char *argv[])
 {
+#ifdef Q_CC_MINGW
+    // With this compiler, what Qt keeps of a regular expression for each thread is freed before it is destroyed: a thread that
+    // has used one would crash at its end. Nothing is kept when expressions are interpreted.
+    qputenv("QT_ENABLE_REGEXP_JIT", "0");
+#endif
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Stemp"));
     QApplication::setQuitOnLastWindowClosed(false); // the program lives as long as its main window is loaded

@@ -107,7 +107,7 @@ void Replace(const QString &source, const QString &target)
                             QFileInfo(target).filesystemAbsoluteFilePath(), error);
     if (error)
         throw dao::Error(dao::ErrorKind::ReadOnly, u"replacing the local copy of the job list"_s, target,
-                         QString::fromStdString(error.message()));
+                         QString::fromLocal8Bit(error.message().c_str()));
 }
 
 } // namespace

@@ -118,13 +118,13 @@ private slots:
     void SaysWhenItCouldNotStore()
     {
         const Creator creator;
-        QVERIFY(QFile::rename(creator.folder.File(jobsFile), creator.folder.File(u"away"_s)));
+        creator.folder.Sql(jobsFile, u"ALTER TABLE Projects RENAME TO Away"_s);
         creator.Type(u"7"_s, u"Roof"_s);
         creator.Press("OKButton");
         QVERIFY(!creator.Find<QLabel>("StatusLabel")->text().isEmpty());
         QCOMPARE(creator.Typed(), u"7|Roof"_s);
         QVERIFY(creator.form.isVisible() && creator.IsReady() && creator.prompts.messages.isEmpty());
-        QVERIFY(QFile::rename(creator.folder.File(u"away"_s), creator.folder.File(jobsFile)));
+        creator.folder.Sql(jobsFile, u"ALTER TABLE Away RENAME TO Projects"_s);
         creator.Press("ApplyButton");
         QCOMPARE(creator.Find<QLabel>("StatusLabel")->text(), QString());
         QCOMPARE(creator.Stored(), u"7 : Roof"_s);

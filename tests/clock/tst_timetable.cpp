@@ -10,6 +10,12 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
+#ifdef Q_OS_WIN
+constexpr bool openFilesCanBeRenamed = false;
+#else
+constexpr bool openFilesCanBeRenamed = true;
+#endif
+
 const QString file = u"Blank.mdb"_s;
 
 QString Text(const TimeRow &row)
@@ -83,6 +89,8 @@ private slots:
 
     void FileComesBackAfterItWasAway()
     {
+        if (!openFilesCanBeRenamed)
+            QSKIP("an open file can be neither renamed nor removed here");
         const QString path = folder_->File(file);
         const QString away = path + u".away"_s;
         QVERIFY(QFile::rename(path, away));
@@ -134,7 +142,7 @@ private slots:
                                    u"2 Cellar 02 09:00:00 -"_s};
         QCOMPARE(Texts(table_->Rows(RollBackQuery(7))), shown);
 
-        QVERIFY(QFile::remove(folder_->File(file))); // what was read last stays on the screen
+        Sql(u"ALTER TABLE Stemp RENAME TO Away"_s); // what was read last stays on the screen
         QCOMPARE(Texts(table_->Rows(RollBackQuery(7))), shown);
         QCOMPARE(table_->UnsavedCount(), 3);
     }

@@ -51,6 +51,12 @@ struct Files : ProgramFolder
     }
 };
 
+#ifdef Q_CC_MINGW // whose threads free such an object before they destroy it
+#define PER_THREAD
+#else
+#define PER_THREAD thread_local
+#endif
+
 // A request that hangs until it is let go, even though its link is gone, and then waits for the end of its thread.
 class Hanging
 {
@@ -63,7 +69,7 @@ public:
     auto Request() const
     {
         return [state = state_](dao::Database &) {
-            thread_local std::unique_ptr<AtThreadEnd> atThreadEnd;
+            PER_THREAD std::unique_ptr<AtThreadEnd> atThreadEnd;
             atThreadEnd = std::make_unique<AtThreadEnd>(state);
             state->begun.release();
             state->letGo.acquire();

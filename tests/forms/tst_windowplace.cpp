@@ -160,6 +160,10 @@ private slots:
         QCOMPARE(ReachablePosition({1550, 100, 400, 300}, screens), QPoint(700, 100));
         QCOMPARE(ReachablePosition({-390, -5, 400, 300}, screens), QPoint(0, 0));
         QCOMPARE(ReachablePosition({780, 595, 20, 300}, screens.mid(0, 1)), QPoint(780, 580));
+
+        QCOMPARE(WholePosition({700, 100, 100, 300}, screens), QPoint(700, 100));
+        QCOMPARE(WholePosition({1000, 400, 700, 300}, screens), QPoint(900, 300));
+        QCOMPARE(WholePosition({100, 100, 900, 700}, screens), QPoint(0, 0)); // larger than a screen
     }
 };
 

@@ -70,8 +70,11 @@ private:
 private slots:
     void PathsOfAnyCharacters()
     {
-        for (const QString &name :
-             {u"ÆØÅ æøå"_s, u"100% 50%25"_s, u"what?mode=memory"_s, u"a#b;c&d=e"_s, u"it's \"so\""_s}) {
+        QStringList names{u"ÆØÅ æøå"_s, u"100% 50%25"_s, u"a#b;c&d=e"_s, u"it's so"_s};
+#ifndef Q_OS_WIN // where they are no characters of file names
+        names += {u"what?mode=memory"_s, u"say \"so\""_s};
+#endif
+        for (const QString &name : names) {
             const QString path = folder_.filePath(name + u".mdb"_s);
             EmptyDatabase(path).CreateTableDef(people);
             QVERIFY(QDir(folder_.path()).entryList(QDir::Files).contains(name + u".mdb"_s));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDir>
 #include <QString>
 #include <QTemporaryDir>
 #include <QVariantList>
@@ -10,8 +11,8 @@ class ProgramFolder
 public:
     ProgramFolder();
 
-    QString Path() const { return folder_.path(); }
-    QString File(const QString &name) const { return folder_.filePath(name); }
+    QString Path() const { return QDir::toNativeSeparators(folder_.path()); } // as System gives it
+    QString File(const QString &name) const { return QDir::toNativeSeparators(folder_.filePath(name)); }
     bool Has(const QString &name) const;
     QStringList Names() const; // of all files, sorted
 

@@ -52,3 +52,15 @@ QPoint ReachablePosition(const QRect &outerPixels, const QList<QRect> &screens)
     return {between(screen.left(), outerPixels.x(), screen.right() + 1 - needed.width()),
             between(screen.top(), outerPixels.y(), screen.bottom() + 1 - needed.height())};
 }
+
+QPoint WholePosition(const QRect &outerPixels, const QList<QRect> &screens)
+{
+    if (screens.isEmpty())
+        return outerPixels.topLeft();
+    const auto holder = std::find_if(screens.begin(), screens.end(),
+                                     [&](const QRect &screen) { return screen.contains(outerPixels.topLeft()); });
+    const QRect &screen = holder == screens.end() ? screens.first() : *holder;
+    const auto within = [](int low, int value, int high) { return std::max(low, std::min(value, high)); };
+    return {within(screen.left(), outerPixels.x(), screen.right() + 1 - outerPixels.width()),
+            within(screen.top(), outerPixels.y(), screen.bottom() + 1 - outerPixels.height())};
+}

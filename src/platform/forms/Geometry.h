@@ -27,3 +27,6 @@ QSize ScreenPixels(); // right and lower edge of all screens together
 
 // Where to put a window so that a person can get hold of its title bar: its own place, or the nearest on the first screen.
 QPoint ReachablePosition(const QRect &outerPixels, const QList<QRect> &screens);
+
+// Where it is in view as a whole, or as much of it as a screen can hold, with its upper left corner.
+QPoint WholePosition(const QRect &outerPixels, const QList<QRect> &screens);

@@ -149,7 +149,11 @@ void WindowPlace::Apply()
     const bool nothingStored = stored_.width <= 0 || stored_.height <= 0;
     if (nothingStored || window_.windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen))
         return;
-    window_.move(ReachablePosition(ToPixels(stored_), AvailableScreens()));
+    // The shipped place is made for a large screen; a small one, or one with large pixels, would cut the window. Where a
+    // person has put it is that person's affair, as long as it can be reached.
+    const bool isShipped = stored_.left == design_.left && stored_.top == design_.top;
+    const auto position = isShipped ? WholePosition : ReachablePosition;
+    window_.move(position(ToPixels(stored_), AvailableScreens()));
     ResizeInside();
 }
 
