@@ -77,16 +77,6 @@ OwnMessages ReadMessages(dao::Database &database, const QString &table)
     return own;
 }
 
-QString ReadFileId(dao::Database &database)
-{
-    return database
-        .Select(u"SELECT FileId FROM "_s % dao::Quoted(fileTable) % u" ORDER BY Id LIMIT 1"_s, {},
-                u"reading the file's id"_s)
-        .value(0)
-        .value(0)
-        .toString();
-}
-
 // Within the transaction. Files of earlier versions, and those of other programs, lack this; a new file has no id.
 void MakeWhatIsMissing(dao::Database &database)
 {
@@ -192,7 +182,7 @@ bool Look::Read(News &news, Memory &next)
     OwnMessages own;
     if (!next.ownTable.isEmpty())
         own = ReadMessages(database_, next.ownTable);
-    if (next.fileId.isEmpty() && database_.HasTable(fileTable))
+    if (next.fileId.isEmpty())
         next.fileId = ReadFileId(database_);
     news.fileId = next.fileId;
     if (!news.fileId.isEmpty())
@@ -316,6 +306,18 @@ void Look::Sign(QList<Presence::UserRow> &users, const QString &ownName)
 QString RandomId()
 {
     return QUuid::createUuid().toString(QUuid::WithoutBraces);
+}
+
+QString ReadFileId(dao::Database &database)
+{
+    if (!database.HasTable(fileTable))
+        return {};
+    return database
+        .Select(u"SELECT FileId FROM "_s % dao::Quoted(fileTable) % u" ORDER BY Id LIMIT 1"_s, {},
+                u"reading the file's id"_s)
+        .value(0)
+        .value(0)
+        .toString();
 }
 
 News Run(dao::Database &database, Memory &memory, const Request &request)

@@ -96,6 +96,8 @@ struct Memory
     QDateTime lastSign; // when the own sign of life was written; invalid until then
 };
 
+QString ReadFileId(dao::Database &database); // empty when it has none yet; throws dao::Error
+
 // One statement when the file has not changed, nothing can be delivered or acknowledged, and the own sign of life is
 // less than a minute old; two reads when only the file has changed. Throws dao::Error when the file can't be read; what
 // could not be written is in News::refusedWrite.

@@ -1,5 +1,6 @@
 #include "startup/LocalJobCopy.h"
 
+#include "board/Poll.h"
 #include "platform/dao/Database.h"
 #include "platform/dao/Error.h"
 #include "startup/DataFiles.h"
@@ -78,13 +79,17 @@ void Fill(dao::Database &copy, const LocalJobCopy::Snapshot &snapshot)
 // Brings the old copy to rest: a journal that a crash has left beside it is played back, and nobody else is at work in it as
 // long as the connection that is given back stays open. Left there, the journal would be played back into the new copy. The
 // connection is closed when there is no old copy, or only one that is no use.
-dao::Database HoldOldCopy(const QString &target)
+dao::Database HoldOldCopy(const QString &target, const QString &fileId)
 {
+    const QString purpose = u"holding the old copy of the job list"_s;
     dao::Database old;
     try {
         if (QFileInfo::exists(target)) {
             old = dao::Database::OpenDatabase(target, oldCopyWait);
-            old.Execute(u"BEGIN EXCLUSIVE"_s, {}, u"holding the old copy of the job list"_s);
+            old.Execute(u"BEGIN EXCLUSIVE"_s, {}, purpose);
+            // A drive may have several letters, a share several names, and each its own number for the same file.
+            if (!fileId.isEmpty() && Poll::ReadFileId(old) == fileId)
+                throw dao::Error(dao::ErrorKind::Other, purpose, target, u"it is the job database itself"_s);
             return old;
         }
     } catch (const dao::Error &error) {
@@ -96,9 +101,9 @@ dao::Database HoldOldCopy(const QString &target)
     return old;
 }
 
-void Replace(const QString &source, const QString &target)
+void Replace(const QString &source, const QString &target, const QString &fileId)
 {
-    dao::Database old = HoldOldCopy(target);
+    dao::Database old = HoldOldCopy(target, fileId);
 #ifdef Q_OS_WIN
     old.Close(); // no file that is open can be replaced here, so none is replaced in which another program is at work
 #endif
@@ -118,7 +123,8 @@ LocalJobCopy::Snapshot LocalJobCopy::Read(dao::Database &jobDatabase)
     return {
         jobDatabase.Select(u"SELECT JobID, JobName FROM Projects ORDER BY JobID"_s, {}, u"reading the jobs to copy"_s),
         jobDatabase.Select(u"SELECT \"User\", Comment, State, FullName FROM Users ORDER BY \"User\""_s, {},
-                           u"reading the users to copy"_s)};
+                           u"reading the users to copy"_s),
+        Poll::ReadFileId(jobDatabase)};
 }
 
 void LocalJobCopy::Write(const QString &blank, const QString &target, const Snapshot &snapshot)
@@ -128,5 +134,5 @@ void LocalJobCopy::Write(const QString &blank, const QString &target, const Snap
     Fill(copy, snapshot);
     copy.Close();
     file.RemoveAbandoned(QFileInfo(target));
-    Replace(file.Path(), target);
+    Replace(file.Path(), target, snapshot.fileId);
 }

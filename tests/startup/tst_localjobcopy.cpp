@@ -16,7 +16,8 @@ const QString local = u"Jobs.mdb"_s;
 const QString journal = u"Jobs.mdb-journal"_s;
 const LocalJobCopy::Snapshot snapshot{
     {{u"1"_s, u"Roof"_s}, {u"2"_s, QVariant()}},
-    {{u"ANNA"_s, u"at lunch"_s, -1, u"Anna Ø"_s}, {u"BO"_s, QVariant(), 1, QVariant()}}};
+    {{u"ANNA"_s, u"at lunch"_s, -1, u"Anna Ø"_s}, {u"BO"_s, QVariant(), 1, QVariant()}},
+    {}};
 
 void Write(const ProgramFolder &folder)
 {
@@ -57,7 +58,7 @@ void LeaveOldCopy(const ProgramFolder &folder, bool crashed)
     QVERIFY(QFile::copy(folder.File(u"work.mdb"_s), folder.File(local)));
 }
 
-const LocalJobCopy::Snapshot oldCopy{{{u"old"_s, QVariant()}}, {}};
+const LocalJobCopy::Snapshot oldCopy{{{u"old"_s, QVariant()}}, {}, {}};
 
 } // namespace
 
@@ -100,6 +101,20 @@ private slots:
         names.removeOne(local);
         QVERIFY_THROWS_EXCEPTION(dao::Error, Write(folder));
         QCOMPARE(folder.Names(), names);
+    }
+
+    // Where the system can't tell that two names are those of one file.
+    void NeverReplacesTheFileItComesFrom()
+    {
+        const ProgramFolder folder;
+        folder.Copy(blank, local);
+        folder.Sql(local, u"INSERT INTO \":File\" (FileId) VALUES ('the one')"_s);
+        LocalJobCopy::Snapshot own = snapshot;
+        own.fileId = u"the one"_s;
+        QVERIFY_THROWS_EXCEPTION(dao::Error, LocalJobCopy::Write(folder.File(blank), folder.File(local), own));
+        own.fileId = u"another"_s;
+        LocalJobCopy::Write(folder.File(blank), folder.File(local), own);
+        QCOMPARE(Copied(folder), Text(snapshot));
     }
 
     void TakesNoJournalOver()
