@@ -40,8 +40,10 @@ QHash<QString, QString> ByUpperName(const QList<Presence::UserRow> &users)
 {
     QHash<QString, QString> names;
     names.reserve(users.size());
-    for (auto row = users.crbegin(); row != users.crend(); ++row) // of two rows for one person the first counts
-        names.insert(row->user.toUpper(), row->user);
+    for (const Presence::UserRow &row : users)
+        if (const QString name = row.user.toUpper();
+            !names.contains(name)) // of two rows for one person the first counts
+            names.insert(name, row.user);
     return names;
 }
 
