@@ -1,8 +1,8 @@
 # Builds the libraries that the program needs on Windows, SQLite and Qt's base, from the sources of the Debian packages whose
 # Linux builds are installed here, so that program and tests stand on the same versions on both systems. To be sourced after
 # tools/setup.sh; build_libraries leaves them in $libraries/installed.
-# A library is built again when its package's version, its recipe (the text of its function below), the toolchain or a library
-# below it has changed.
+# A library is built again when its package's version, its recipe (the text of its function below), the toolchain (but for
+# its comments) or a library below it has changed.
 
 libraries=${STEMP_WINDOWS_LIBRARIES:-$root/build/windows-libraries}
 installed=$libraries/installed
@@ -113,7 +113,7 @@ build_library() {
     key=$({
         printf '%s %s\n' "$3" "$version"
         declare -f "build_$name"
-        cat "$toolchain"
+        grep -v '^#' "$toolchain"
     } | sha256sum | cut -d' ' -f1)
     [ "$(cat "$stamp" 2>/dev/null)" != "$key" ] || return 0
     say "Building $name $version for Windows; $log tells how far it is"
