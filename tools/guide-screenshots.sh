@@ -2,9 +2,10 @@
 # guide-screenshots.sh [BUILD-FOLDER]: makes the pictures of docs/guide.md and the README anew, in docs/images: uses the program
 # in the build folder (else the release build, built first) with mouse and keys under a virtual display, with demo data.
 # The program believes that it is always the same moment, and that Anna is logged in: a picture changes only when its window does.
-. "$(dirname "$0")/setup.sh"
+. "$(dirname "$0")/screen.sh"
 
 images=$root/docs/images
+patience=60 # seconds, on a machine that has other things to do
 seconds=$(TZ=UTC date -d '2026-11-20 14:05:00' +%s) # a Friday, in Anna's working time
 install_missing "${buildPackages[@]}" "${screenPackages[@]}" poppler-utils python3
 if [ $# -gt 0 ]; then
@@ -13,34 +14,9 @@ else
     build release
     build=$root/build/release
 fi
-
 work=$(mktemp -d)
-program=
-started=()
-clean_up() {
-    kill "${started[@]}" ${program:+"$program"} 2>/dev/null || true
-    wait 2>/dev/null || true
-    rm -rf "$work"
-}
-trap clean_up EXIT
-trap 'exit 130' INT TERM
 
-wrong() {
-    mkdir -p "$root/build"
-    import -window root "$root/build/guide-failed.png" 2>/dev/null || true
-    fail "$* What the screen showed: $root/build/guide-failed.png"
-}
-
-# until_true COMMAND…: polls for 20 seconds.
-until_true() {
-    local end=$((SECONDS + 20))
-    until "$@" >/dev/null 2>&1; do
-        [ $SECONDS -lt $end ] || wrong "Waited in vain for: $*."
-        sleep 0.05
-    done
-}
-
-# A clock that stands still, and the login in $GUEST_LOGIN.
+# A clock that stands still, the login in $GUEST_LOGIN, a caret that does not blink, and a printer.
 make_stage() {
     gcc -shared -fPIC -O1 -o "$work/stage.so" -x c - <<'C'
 #define _GNU_SOURCE
@@ -82,31 +58,42 @@ int getpwuid_r(uid_t user, struct passwd *entry, char *buffer, size_t size, stru
     *result = entry;
     return 0;
 }
+
+// QStyleHints::cursorFlashTime() const
+int _ZNK11QStyleHints15cursorFlashTimeEv(const void *hints)
+{
+    (void)hints;
+    return 0;
+}
+
+// One of the printing system's, as far as the preview asks for it.
+typedef struct
+{
+    const char *name, *instance;
+    int is_default, num_options;
+    void *options;
+} Printer;
+static Printer printer = {.name = "Office", .is_default = 1};
+
+int cupsGetDests(Printer **printers)
+{
+    *printers = &printer;
+    return 1;
+}
+
+Printer *cupsGetNamedDest(void *server, const char *name, const char *instance)
+{
+    (void)server, (void)name, (void)instance;
+    return &printer;
+}
+
+void cupsFreeDests(int count, Printer *printers)
+{
+    (void)count, (void)printers;
+}
 C
 }
 on_stage() { exec env LD_PRELOAD="$work/stage.so" GUEST_MOMENT="$seconds" GUEST_LOGIN="$login" TZ=UTC "$@"; }
-
-start_display() {
-    mkdir -p -m 1777 /tmp/.X11-unix 2>/dev/null || true
-    mkfifo "$work/display"
-    Xvfb -displayfd 3 -screen 0 1280x800x24 -nolisten tcp 3>"$work/display" 2>/dev/null &
-    started=($!)
-    local number=
-    read -r -t 20 number <>"$work/display" || fail "The virtual display did not start."
-    export DISPLAY=:$number QT_QPA_PLATFORM=xcb LANG=C.UTF-8 HOME=$work
-    unset WAYLAND_DISPLAY QT_SCALE_FACTOR
-    mkdir -m 700 "$work/runtime"
-    export XDG_RUNTIME_DIR=$work/runtime
-    openbox >/dev/null 2>&1 &
-    started+=($!)
-    until_true xdotool get_desktop
-}
-
-of= # the process of the program that is meant, where two have windows of the same name
-window() { xdotool search --onlyvisible --all ${of:+--pid "$of"} --name "^$1" 2>/dev/null | tail -n 1; }
-is_shown() { [ -n "$(window "$1")" ]; }
-is_gone() { ! is_shown "$1"; }
-has_ended() { ! kill -0 "$program" 2>/dev/null; }
 
 # new_folder LOGIN: a program folder for a person.
 new_folder() {
@@ -116,14 +103,38 @@ new_folder() {
     cp "$build/stemp" "$build/templates/"*.mdb "$folder"
 }
 start() {
-    (cd "$folder" && on_stage ./stemp) 2>>"$work/program.log" &
+    (cd "$folder" && on_stage ./stemp) &
     program=$!
 }
 end() {
     kill -TERM "$program" # as a logoff does
-    until_true has_ended
+    until_true $patience has_ended
     wait "$program" || true
     program=
+}
+
+# The screen has come to rest: none who draws on it has anything to do, and it stays the same. (Where icons blink, it does so
+# for less than half a second.)
+settle() {
+    local same=0 now before='' end=$((SECONDS + patience))
+    while [ $same -lt 4 ]; do
+        [ $SECONDS -lt $end ] || wrong "the screen did not come to rest"
+        sleep 0.05
+        now=$(cksum <"$work/Xvfb_screen0")
+        if [ "$now" = "$before" ] && nobody_works; then same=$((same + 1)); else same=0; fi
+        before=$now
+    done
+}
+# No thread of a process that was started here runs, wants to run or waits for the disk.
+nobody_works() {
+    local process thread state
+    jobs -p >"$work/processes"
+    while read -r process; do
+        for thread in "/proc/$process/task"/*; do
+            { read -r state <"$thread/stat"; } 2>/dev/null || continue # ended meanwhile
+            [[ $state != *') '[RD]' '* ]] || return 1
+        done
+    done <"$work/processes"
 }
 
 keys() {
@@ -134,47 +145,40 @@ text() {
     xdotool type --delay 15 "$1"
     settle
 }
-# click WINDOW X Y: at a place of its inside, in pixels.
-click() {
-    xdotool mousemove --sync --window "$(window "$1")" "$2" "$3" click 1
-    settle
-}
 # focus WINDOW: waits for it and gives it the keys.
 focus() {
-    until_true is_shown "$1"
+    until_true $patience is_shown "$1"
     xdotool windowfocus --sync "$(window "$1")"
     settle
 }
-
-# settle [TIMES]: the screen has come to rest when pictures of it in a row are the same but for a blinking caret.
-settle() {
-    local same=0 tries=0 differing
-    rm -f "$work/before.ppm"
-    while [ $same -lt "${1:-2}" ] && [ $((tries += 1)) -lt 100 ]; do
-        import -window root "$work/now.ppm"
-        differing=$(compare -metric AE "$work/before.ppm" "$work/now.ppm" null: 2>&1) || true
-        [[ $differing =~ ^[0-9]+$ ]] && [ "$differing" -le 60 ] && same=$((same + 1)) || same=0
-        mv "$work/now.ppm" "$work/before.ppm"
-        sleep 0.05
-    done
+# leave WINDOW: with Escape
+leave() {
+    keys Escape
+    until_true $patience is_gone "$1"
 }
 
-# save NAME < picture: without dates and other baggage; 256 colours are enough for windows.
-save() {
-    convert - -strip +dither -colors 256 -define png:compression-level=9 -define png:exclude-chunks=date,time \
-        "PNG8:$images/$1.png"
-    say "$1.png"
-}
-# shot NAME WINDOW: the window with its frame, the pointer not on it.
-shot() {
+# capture WINDOW: takes the window with its frame, the pointer not on it.
+capture() {
     local id left right top bottom x y width height
-    id=$(window "$2")
-    xdotool mousemove --sync 1279 799 windowraise "$id"
-    settle 4
+    id=$(window "$1")
+    xdotool mousemove 1279 799 windowraise "$id"
+    settle
+    cp "$work/Xvfb_screen0" "$work/rest.xwd"
     IFS=', ' read -r left right top bottom < <(xprop -id "$id" _NET_FRAME_EXTENTS | sed 's/.*= //')
     read -r x y width height < <(xwininfo -id "$id" | awk -F: '/Absolute|Width|Height/ { printf "%d ", $2 } END { print "" }')
-    convert "$work/before.ppm" -crop \
-        "$((width + left + right))x$((height + top + bottom))+$((x - left))+$((y - top))" +repage png:- | save "$1"
+    convert "$work/rest.xwd" -crop \
+        "$((width + left + right))x$((height + top + bottom))+$((x - left))+$((y - top))" +repage "$work/captured.png"
+}
+# save NAME: what was captured, without dates and other baggage; 256 colours are enough for windows.
+save() {
+    convert "$work/captured.png" -strip +dither -colors 256 -define png:compression-level=9 \
+        -define png:exclude-chunks=date,time "PNG8:$images/$1.png"
+    say "$1.png"
+}
+# shot NAME WINDOW
+shot() {
+    capture "$2"
+    save "$1"
 }
 
 set_option() {
@@ -184,7 +188,7 @@ set_option() {
 # The person of the folder works with the company file from the next start on.
 share_company() {
     start # makes the tables that hold the settings
-    until_true is_shown "${login^^} Out"
+    until_true $patience is_shown "${login^^} Out"
     end
     set_option EnterpriseMDBText "$work/network/Jobs.mdb"
     set_option PollDelay 1
@@ -193,14 +197,14 @@ share_company() {
 picture_initials() {
     new_folder blank
     start
-    until_true is_shown stemp # why the login won't do
+    until_true $patience is_shown stemp # why the login won't do
     keys Return
-    focus "Stemp Your Initials"
+    focus "Stemp Your Initials, please"
     keys ctrl+a
     text AN
     keys Tab ctrl+a
     text "Anna Nielsen"
-    shot initials "Stemp Your Initials"
+    shot initials "Stemp Your Initials, please"
     end
 }
 
@@ -208,10 +212,10 @@ picture_main() {
     focus "ANNA Out"
     shot main-out "ANNA Out"
     keys alt+f
-    text pump
+    text "pump s"
     shot main-list "ANNA Out"
     keys Down Return
-    until_true is_gone "ANNA Out"
+    until_true $patience is_gone "ANNA Out"
     main=$(xdotool getactivewindow getwindowname)
     shot main-in "$main"
 }
@@ -224,13 +228,13 @@ picture_notes() {
     text "Ask Søren for the key"
     shot notes Notes
     keys F1
-    until_true is_shown "Stemp Help"
+    until_true $patience is_shown "Stemp Help"
     shot help "Stemp Help"
     focus "Stemp Help"
     keys Escape
     focus Notes
-    keys ctrl+a BackSpace Escape
-    until_true is_gone Notes
+    keys ctrl+a BackSpace
+    leave Notes
 }
 
 picture_create_job() {
@@ -256,8 +260,7 @@ picture_create_job() {
     shot putting-back "$question"
     keys Escape
     focus "Create Job"
-    keys Escape
-    until_true is_gone "Create Job"
+    leave "Create Job"
 }
 
 picture_settings() {
@@ -266,10 +269,11 @@ picture_settings() {
     focus "Stemp Administration"
     keys Tab Tab Tab ctrl+a
     text 'N:\Stemp\Jobs.mdb' # as it may be called; the real one is temporary
+    keys Tab Tab Tab Tab Tab ctrl+a
+    text 15 # that of these pictures is shorter
     keys Tab
     shot settings "Stemp Administration"
-    keys Escape
-    until_true is_gone "Stemp Administration"
+    leave "Stemp Administration"
 }
 
 picture_summary() {
@@ -280,17 +284,22 @@ picture_summary() {
     shot summary-per-job "Hours Summaries"
     keys alt+l alt+d
     shot summary-per-day "Hours Summaries"
+    click "Hours Summaries" 484 88
+    local preview='Print Preview: ANNA .*'
+    focus "$preview"
+    shot preview "$preview"
+    leave "$preview"
+    focus "Hours Summaries"
     keys alt+s h
-    until_true is_shown "Save the timesheet as PDF"
+    until_true $patience is_shown "Save the timesheet as PDF"
     keys ctrl+a
     text "$work/timesheet.pdf"
     keys Return
-    until_true pdftoppm -r 75 -png -singlefile "$work/timesheet.pdf" "$work/timesheet"
-    convert "$work/timesheet.png" -trim -bordercolor white -border 24 -bordercolor '#808080' -border 1 png:- |
-        save timesheet
+    until_true $patience pdftoppm -r 75 -png -singlefile "$work/timesheet.pdf" "$work/timesheet"
+    convert "$work/timesheet.png" -trim -bordercolor white -border 24 -bordercolor '#808080' -border 1 "$work/captured.png"
+    save timesheet
     focus "Hours Summaries"
-    keys Escape
-    until_true is_gone "Hours Summaries"
+    leave "Hours Summaries"
 }
 
 # write_to ROW TEXT: from the board, to the person in that row, the first of which is 0.
@@ -299,15 +308,24 @@ write_to() {
     for ((row = 0; row < $1; ++row)); do downs+=(Down); done
     focus Fairosne
     keys ctrl+Home ${downs[@]+"${downs[@]}"} Return
-    until_true is_shown Message
+    until_true $patience is_shown Message
     text "$2"
 }
-# The board shows a message.
-is_yellow() {
+# has COLOUR PIXELS [PART]: whether there are more than so many in what was captured
+has() {
     local pixels
-    pixels=$(import -window "$(window Fairosne)" ppm:- |
-        convert - -fill black +opaque '#ffff00' -fill white -opaque '#ffff00' -format '%[fx:round(mean*w*h)]' info:)
-    [ "${pixels:-0}" -gt 1000 ]
+    pixels=$(convert "$work/captured.png" ${3:+-crop "$3"} -fill black +opaque "$1" -fill white -opaque "$1" \
+        -format '%[fx:round(mean*w*h)]' info:)
+    [ "$pixels" -gt "$2" ]
+}
+# The board as it shows a message, and in its blinking icon, too.
+captures_message() {
+    capture Fairosne
+    has '#ffff00' 1000 && has '#fee8a8' 10 20x20+0+0
+}
+captures_no_message() {
+    capture Fairosne
+    ! has '#ffff00' 0
 }
 
 # Bo writes to Anna, whose copy runs, and she answers.
@@ -323,24 +341,29 @@ picture_board() {
     keys Escape Tab space # stemps in
     focus Fairosne
     keys ctrl+Home Down Right Return # his own status
-    until_true is_shown "BO Status"
+    until_true $patience is_shown "BO Status"
     keys ctrl+a
     text "At Skive Furniture until 4"
     shot status "BO Status"
     keys Return
-    until_true is_gone "BO Status"
+    until_true $patience is_gone "BO Status"
     write_to 0 "Is the spare pump in the east cellar? The one here is broken."
-    shot message Message
     keys Return
 
     of=$anna
-    until_true is_yellow
-    shot board-anna Fairosne
+    until_true $patience captures_message
+    save board-anna
+    focus Fairosne
+    keys ctrl+Home Down Right Return # reads it
+    until_true $patience captures_no_message
     write_to 1 "Yes, behind the boiler. I can bring it by three."
+    keys alt+s # sends and stays open
+    text "Do you need the big wrench, too?"
+    shot message Message
     keys Return
     of=$bo
-    until_true is_yellow
-    shot board-bo Fairosne
+    until_true $patience captures_message
+    save board-bo
     end
     of=
     login=anna folder=$annasFolder program=$anna
@@ -355,7 +378,10 @@ picture_out_query() {
 
 login=
 make_stage
+export HOME=$work LANG=C.UTF-8
+displayOptions=(-fbdir "$work") # the screen is in a file, too
 start_display
+start_window_manager
 mkdir -p "$images"
 picture_initials
 

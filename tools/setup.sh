@@ -1,4 +1,5 @@
-# What run.sh, test.sh and .ci/run share: the packages they need, and the build. To be sourced.
+# What all scripts share: the packages they need, and the build. To be sourced.
+# shellcheck disable=SC2034 # the lists of packages are for those that source it
 set -euo pipefail
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
@@ -8,7 +9,7 @@ buildPackages=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev qt6-tools-dev libs
     libqt6sql6-sqlite libqt6svg6 fonts-dejavu-core)
 screenPackages=(xvfb openbox xdotool x11-utils imagemagick) # a screen where there is none
 testPackages=("${screenPackages[@]}" wmctrl poppler-utils)
-checkPackages=(clang-format-14 clang-tidy-14 python3)
+checkPackages=(clang-format-14 clang-tidy-14 python3 shellcheck)
 
 # File names hold Danish letters.
 if [ "$(locale charmap 2>/dev/null)" != UTF-8 ]; then

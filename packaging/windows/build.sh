@@ -34,6 +34,12 @@ add_licences() {
         cp "$source/copyright" "$folder/licences/$(basename "$source").txt"
         [ ! -f "$source/version" ] || printf -- '- Debian source package %s\r\n' "$(cat "$source/version")"
     done >>"$folder/licences/Read first.txt"
+    # The terms that they only name
+    mkdir "$folder/licences/common-licenses"
+    grep -ohE '/usr/share/common-licenses/[A-Za-z]+(-[0-9]+(\.[0-9]+)?)?' "$folder"/licences/*.txt | sort -u |
+        while read -r source; do
+            cp "$source" "$folder/licences/common-licenses/${source##*/}.txt"
+        done
 }
 
 make_folder() {
@@ -60,12 +66,18 @@ make_installer() {
         find . -type f -printf '%P\n' | sort | sed 's#/#\\#g' >"$output/files"
     )
     sed 's#.*#RMDir "$INSTDIR\\&"#' "$output/folders" | sort -r >"$output/remove-folders.nsh"
+    # A picture of one blue point, which the installer stretches to the strip beside its last page.
+    {
+        printf 'BM\x3a\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\1\0\0\0\1\0\0\0\1\0\x18\0'
+        head -c 24 /dev/zero
+        printf '\xa8\x5f\x1d\0'
+    } >"$output/side.bmp"
     sed 's#.*#Delete "$INSTDIR\\&"#' "$output/files" >"$output/remove-files.nsh"
     makensis -V2 -NOCD -INPUTCHARSET UTF8 "-DVERSION=$version" "-DFOLDER=$folder" "-DLISTS=$output" \
         "-DICON=$root/build/windows-release/icons/stemp.ico" \
         "-DOUTPUT=$output/stemp-$version-setup.exe" packaging/windows/installer.nsi ||
         fail "The installer could not be made; makensis says above why."
-    rm "$output"/{folders,files} "$output"/*.nsh
+    rm "$output"/{folders,files,side.bmp} "$output"/*.nsh
 }
 
 install_missing "${buildPackages[@]}" "${libraryPackages[@]}" "${packagingPackages[@]}"

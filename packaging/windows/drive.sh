@@ -2,35 +2,16 @@
 # drive.sh INSTALLER: installs the program under Wine as a person does, uses it with mouse and keys, installs it once more,
 # removes it, and looks at its files with the sqlite3 command. Prints what it checks; exits non-zero at the first thing
 # that is wrong.
+. "$(dirname "$0")/../../tools/screen.sh"
+. "$root/packaging/windows/wine.sh"
+
 installer=$(realpath "$1")
-cd "$(dirname "$0")/../.." && . tools/setup.sh
-. packaging/windows/wine.sh
-
 pictures=$root/build/windows/pictures
+failurePicture=$pictures/failure.png
+work=$(mktemp -d)
 folder=
-started=()
-
-clean_up() {
-    wineserver -k 2>/dev/null || true
-    kill "${started[@]}" 2>/dev/null || true
-    wait 2>/dev/null || true
-}
-trap clean_up EXIT
-
-wrong() {
-    import -window root "$pictures/failure.png" 2>/dev/null || true
-    fail "WRONG: $*"
-}
-
-# until_true SECONDS COMMAND…: polls; fails when the time is over.
-until_true() {
-    local end=$((SECONDS + $1))
-    shift
-    until "$@" >/dev/null 2>&1; do
-        [ $SECONDS -lt $end ] || wrong "waited in vain for: $*"
-        sleep 0.1
-    done
-}
+# The processes of Wine's own outlive the program.
+trap 'wineserver -k 2>/dev/null || true; clean_up' EXIT
 
 picture() { import -window root "$pictures/$1.png"; }
 run() { timeout 120 wine64 "$@"; }
@@ -40,25 +21,14 @@ exits_with() {
     run "${@:2}" || code=$?
     [ "$code" = "$1" ] || wrong "exit code $code instead of $1: ${*:2}"
 }
-# Clicks at a place of a window's inside, in pixels.
-click() { xdotool mousemove --sync --window "$(window "$1")" "$2" "$3" click 1; }
-window() { xdotool search --onlyvisible --name "^$1\$" 2>/dev/null | head -n 1; }
-is_shown() { [ -n "$(window "$1")" ]; }
 can_be_installed() { run "$installer" /S; }
-is_gone() { ! is_shown "$1"; }
 rows() { sqlite3 -readonly "$folder/$login.mdb" "SELECT JobID, JobName, StempOutTime IS NULL FROM Stemp" | tr '\n' ' '; }
 rows_are() { [ "$(rows)" = "$1" ]; }
 has_no_program() { [ ! -e "$folder/stemp.exe" ] && [ ! -e "$folder/Uninstall.exe" ] && [ ! -d "$folder/platforms" ]; }
 
-# A display with a window manager.
 mkdir -p "$pictures"
-exec 4< <(exec Xvfb -displayfd 1 -screen 0 1280x800x24 -nolisten tcp 2>/dev/null)
-started=($!)
-read -r -t 20 number <&4 || wrong "no display"
-export DISPLAY=:$number
-openbox 2>/dev/null &
-started+=($!)
-until_true 20 xdotool get_desktop
+start_display
+start_window_manager
 
 # A Wine as on the first day.
 rm -rf "$root/build/windows-wine/installed"
@@ -67,8 +37,9 @@ login=$(run cmd /c 'echo %USERNAME%' | tr -d '\r\n' | tr '[:lower:]' '[:upper:]'
 home=$WINEPREFIX/drive_c/users/${login,,}
 folder=$home/Stemp
 
-say "a folder that cannot be written is refused, and one for administrators too"
+say "a folder that cannot be written is refused, and one that is not there, and one for administrators"
 exits_with 3 "$installer" /S '/D=Z:\proc\Stemp'
+exits_with 3 "$installer" /S '/D=Q:\Stemp'
 exits_with 3 "$installer" /S '/D=C:\Program' 'Files\Stemp'
 [ ! -e "$WINEPREFIX/drive_c/Program Files/Stemp" ] || wrong "something was left in Program Files"
 
@@ -95,10 +66,10 @@ exits_with 4 "$installer" /S
 exits_with 4 "$folder/Uninstall.exe" /S "_?=C:\\users\\${login,,}\\Stemp"
 [ -f "$folder/stemp.exe" ] || wrong "the program is gone"
 
-xdotool windowfocus --sync "$(window "T1 : First job")" key alt+o
+press "T1 : First job" alt+o
 until_true 20 is_shown "$login Out"
 until_true 10 rows_are "T1|First job|0 "
-xdotool windowfocus --sync "$(window "$login Out")" key alt+F4
+close "$login Out"
 until_true 20 is_gone "$login Out"
 say "a new version is installed over the old one and keeps the data"
 cp "$folder/Blank Jobs.mdb" "$folder/Jobs.mdb"

@@ -10,6 +10,7 @@ toolchain=$root/packaging/windows/toolchain.cmake
 triplet=x86_64-w64-mingw32
 libraryJobs=${STEMP_JOBS:-$(nproc)}
 
+# shellcheck disable=SC2034 # for those that source it
 libraryPackages=(g++-mingw-w64-x86-64-posix dpkg-dev gcc make patch perl tcl xz-utils)
 
 # The version of the source package that an installed package was built from.
@@ -48,6 +49,7 @@ build_sqlite() {
     unpack sqlite3 "$version" "$work/packaged"
     # The other patches are about Debian's build; those of the code are all that is wanted on the original sources.
     mkdir "$work/source"
+    # shellcheck disable=SC2140 # the quotes end where the shell is to fill in
     tar -xf "$libraries/sources"/sqlite3_"${version%-*}".orig.tar.* -C "$work/source" --strip-components=1
     while read -r list; do
         list=$work/packaged/debian/patches/$list

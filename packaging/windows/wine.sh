@@ -13,6 +13,8 @@ make_wine() {
     for replacement in "Segoe UI=Tahoma" "Arial=Liberation Sans" "Courier New=Liberation Mono"; do
         wine64 reg add 'HKCU\Software\Wine\Fonts\Replacements' /v "${replacement%%=*}" /d "${replacement#*=}" /f
     done >>"$WINEPREFIX.log" 2>&1
+    # Smooth letters, as on a workstation: without them this font loses its hyphens.
+    wine64 reg add 'HKCU\Control Panel\Desktop' /v FontSmoothingType /t REG_DWORD /d 2 /f >>"$WINEPREFIX.log" 2>&1
     wine64 reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f >>"$WINEPREFIX.log" 2>&1
     wineserver -w
     touch "$WINEPREFIX/ready"

@@ -1,42 +1,15 @@
 #!/usr/bin/env bash
 # drive.sh EXECUTABLE TEMPLATES: uses the built program as a person does, with mouse and keys under a window manager, and
 # looks at its files with the sqlite3 command. Prints what it checks; exits non-zero at the first thing that is wrong.
-set -euo pipefail
+. "$(dirname "$0")/../../tools/screen.sh"
 
-executable=$1 templates=$2
+executable=$(realpath "$1")
+templates=$2
+failurePicture=${executable%/*}/program-failed.png
 work=$(mktemp -d)
 folder=$work/program
 login=$(id -un | tr '[:lower:]' '[:upper:]')
-program=
-started=()
 
-clean_up() {
-    kill "${started[@]}" ${program:+"$program"} 2>/dev/null || true
-    wait 2>/dev/null || true
-    rm -rf "$work"
-}
-trap clean_up EXIT
-
-wrong() {
-    echo "WRONG: $*" >&2
-    import -window root "${STEMP_FAILURE_PICTURE:-/dev/null}" 2>/dev/null || true
-    exit 1
-}
-
-# until_true SECONDS COMMAND…: polls; fails when the time is over.
-until_true() {
-    local end=$((SECONDS + $1))
-    shift
-    until "$@" >/dev/null 2>&1; do
-        [ $SECONDS -lt $end ] || wrong "waited in vain for: $*"
-        sleep 0.05
-    done
-}
-
-window() { xdotool search --onlyvisible --name "^$1\$" 2>/dev/null | head -n 1; }
-is_shown() { [ -n "$(window "$1")" ]; }
-is_gone() { ! is_shown "$1"; }
-has_ended() { ! kill -0 "$program" 2>/dev/null; }
 rows() { sqlite3 -readonly "$folder/$login.mdb" "SELECT JobID, StempOutTime IS NULL FROM Stemp ORDER BY Id" | tr '\n' ' '; }
 rows_are() { [ "$(rows)" = "$1" ]; }
 
@@ -44,22 +17,10 @@ start() {
     (cd "$folder" && exec ./stemp) &
     program=$!
 }
-# Clicks at a place of a window's inside, in pixels.
-click() { xdotool mousemove --sync --window "$(window "$1")" "$2" "$3" click 1; }
-# Closes a window as its frame's button does.
-close() { xdotool windowfocus --sync "$(window "$1")" key alt+F4; }
 
-# A display with a window manager.
-mkfifo "$work/display"
-Xvfb -displayfd 3 -screen 0 1280x800x24 -nolisten tcp 3>"$work/display" 2>/dev/null &
-started=($!)
-read -r -t 20 number <>"$work/display" || wrong "no display"
-export DISPLAY=:$number QT_QPA_PLATFORM=xcb LANG=C.UTF-8
-unset WAYLAND_DISPLAY QT_SCALE_FACTOR
-openbox 2>/dev/null &
-started+=($!)
-until_true 20 xdotool get_desktop
-
+export LANG=C.UTF-8
+start_display
+start_window_manager
 mkdir "$folder"
 cp "$executable" "$folder/stemp"
 cp "$templates"/*.mdb "$folder"
@@ -84,7 +45,7 @@ wait "$program" 2>/dev/null || true
 rows_are "B2|1 " || wrong "the row did not survive the kill"
 start
 until_true 20 is_shown "You are stemped IN!"
-xdotool windowfocus --sync "$(window "You are stemped IN!")" key Down Down
+press "You are stemped IN!" Down Down
 rows_are "B2|1 " || wrong "an arrow key stemped out"
 xdotool key space
 until_true 10 is_shown "$login Out"
