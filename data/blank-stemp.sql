@@ -16,7 +16,7 @@ CREATE TABLE MessageBuffer ( -- the outbox
   Id        INTEGER PRIMARY KEY,
   "To"      TEXT COLLATE NOCASE,
   Message   TEXT,
-  MessageId TEXT -- random; null until a poll asks for it
+  MessageId TEXT -- random; rows of earlier versions get theirs with the next poll
 );
 
 CREATE TABLE MessageHistory ( -- what was received and sent

@@ -579,8 +579,8 @@ Ctrl+E lader dig ændre ethvert vindue: det bliver lysegråt, og et klik på et 
         <translation>Klik på et navn for at skrive en besked, på din status for at ændre den, på en besked for at fjerne den</translation>
     </message>
     <message>
-        <source>Click a colleague&apos;s name to write a message, or your own name or the heading above the names to write to all. Click your own status to change what the others see. A yellow cell is a message to you: click it when you have read it, and the status comes back. Enter does the same in the cell with the frame. Statuses and messages are kept in the company database.</source>
-        <translation>Klik på en kollegas navn for at skrive en besked, eller på dit eget navn eller overskriften over navnene for at skrive til alle. Klik på din egen status for at ændre det, de andre ser. En gul celle er en besked til dig: Klik på den, når du har læst den, så kommer statussen tilbage. Enter gør det samme i cellen med rammen. Statustekster og beskeder gemmes i firmadatabasen.</translation>
+        <source>Click a colleague&apos;s name to write a message, or your own name or the heading above the names to write to all. Click your own status to change what the others see. A yellow cell is a message to you: click it when you have read it, and the status comes back. Enter does the same in the cell with the frame; Delete on a name takes a colleague who has left off the board. Statuses and messages are kept in the company database.</source>
+        <translation>Klik på en kollegas navn for at skrive en besked, eller på dit eget navn eller overskriften over navnene for at skrive til alle. Klik på din egen status for at ændre det, de andre ser. En gul celle er en besked til dig: Klik på den, når du har læst den, så kommer statussen tilbage. Enter gør det samme i cellen med rammen; Delete på et navn tager en kollega, der er rejst, af tavlen. Statustekster og beskeder gemmes i firmadatabasen.</translation>
     </message>
     <message>
         <source>Board of all users</source>
@@ -1315,8 +1315,8 @@ Ctrl+E lader dig ændre ethvert vindue: det bliver lysegråt, og et klik på et 
         <translation>Skriv noter om dine job</translation>
     </message>
     <message>
-        <source>Opens your dated notes, one list for each job. Use them to remember what you did or agreed. Notes are kept in your own database, and nobody else sees them.</source>
-        <translation>Åbner dine daterede noter, en liste for hvert job. Brug dem til at huske, hvad du har lavet eller aftalt. Noterne gemmes i din egen database, og ingen andre ser dem.</translation>
+        <source>Opens your dated notes on all jobs. Use them to remember what you did or agreed. Notes are kept in your own database, and nobody else sees them.</source>
+        <translation>Åbner dine daterede noter til alle job. Brug dem til at huske, hvad du har lavet eller aftalt. Noterne gemmes i din egen database, og ingen andre ser dem.</translation>
     </message>
     <message>
         <source>&amp;Create Job</source>
@@ -1366,8 +1366,8 @@ Ctrl+E lader dig ændre ethvert vindue: det bliver lysegråt, og et klik på et 
         <translation>Stemp dine initialer, tak</translation>
     </message>
     <message>
-        <source>The program does not know yet who you are. Type your initials and your full name and press OK. Your time rows are kept under these initials, and your colleagues see them on the board.</source>
-        <translation>Programmet ved endnu ikke, hvem du er. Skriv dine initialer og dit fulde navn, og tryk på OK. Dine tidsrækker gemmes under disse initialer, og dine kolleger ser dem på tavlen.</translation>
+        <source>The program does not know yet who you are. Type your initials and press OK; leave your login under Full name, for the program finds you by it at the next start. Your time rows are kept under these initials, and your colleagues see them on the board.</source>
+        <translation>Programmet ved endnu ikke, hvem du er. Skriv dine initialer, og tryk på OK; lad dit login stå under Fulde navn, for programmet finder dig ud fra det ved næste start. Dine tidsrækker gemmes under disse initialer, og dine kolleger ser dem på tavlen.</translation>
     </message>
     <message>
         <source>Your initials, without blanks at the ends</source>
@@ -1386,12 +1386,12 @@ Ctrl+E lader dig ændre ethvert vindue: det bliver lysegråt, og et klik på et 
         <translation>Initialer</translation>
     </message>
     <message>
-        <source>Your full name as your colleagues know it</source>
-        <translation>Dit fulde navn, som dine kolleger kender det</translation>
+        <source>Your login, by which the program finds you again</source>
+        <translation>Dit login, som programmet finder dig igen ud fra</translation>
     </message>
     <message>
-        <source>Your full name; it is suggested from your login. It is stored with your initials in the company&apos;s list of users, so that the program finds you again by your login at the next start. You may leave it as it is.</source>
-        <translation>Dit fulde navn; det foreslås ud fra dit login. Det gemmes sammen med dine initialer i firmaets brugerliste, så programmet finder dig igen ud fra dit login ved næste start. Du kan lade det stå, som det er.</translation>
+        <source>The name under which you log in to this machine; it is suggested. It is stored with your initials in the company&apos;s list of users, and the program finds you by it at the next start. Leave it as it is: with another name here the program takes you for somebody new then.</source>
+        <translation>Det navn, som du logger på denne maskine med; det foreslås. Det gemmes sammen med dine initialer i firmaets brugerliste, og programmet finder dig ud fra det ved næste start. Lad det stå: med et andet navn her tager programmet dig til den tid for en ny.</translation>
     </message>
     <message>
         <source>&amp;Full name:</source>

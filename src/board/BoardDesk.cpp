@@ -97,7 +97,8 @@ void BoardDesk::Enterprise_Init()
 {
     SetRefreshInterval();
     EnableTimer(parts_.jobDatabase.EnterpriseOn);
-    if (std::exchange(path_, parts_.jobDatabase.CompanyPath) == parts_.jobDatabase.CompanyPath)
+    const bool isSame = std::exchange(path_, parts_.jobDatabase.CompanyPath) == parts_.jobDatabase.CompanyPath;
+    if (isSame && (notice_.isThere || !parts_.jobDatabase.EnterpriseOn)) // else what stood in for it was picked itself
         return;
     patience_.stop();
     notice_ = {};
@@ -106,7 +107,7 @@ void BoardDesk::Enterprise_Init()
     if (parts_.jobDatabase.EnterpriseOn && !parts_.startingUp)
         Refresh_Enterprise();
     else if (parts_.jobDatabase.EnterpriseOn || parts_.jobDatabase.LocalJobs)
-        parts_.jobDatabase.LookAtUsers(); // the first poll ends the start, which may have a question to ask
+        parts_.jobDatabase.ReadUsers(); // the first poll ends the start, which may have a question to ask
     messageBoard_->ShowNotice(notice_.Text());
 }
 
@@ -114,6 +115,7 @@ void BoardDesk::Refresh_Enterprise()
 {
     if (!parts_.jobDatabase.EnterpriseOn || dialogIsOpen_)
         return;
+    pollAgain_ = parts_.jobDatabase.IsPolling(); // that one knows nothing of what was just written
     EnableTimer(false);
     RefreshTimer_Timer();
     EnableTimer(true);
@@ -138,9 +140,8 @@ void BoardDesk::RefreshTimer_Timer()
 {
     if (parts_.startingUp)
         return;
-    if (parts_.jobDatabase
-            .IsPolling()) { // the file takes its time; cleared cells and waiting messages do not wait for it
-        ShowUsers();
+    if (parts_.jobDatabase.IsPolling()) {
+        ShowUsers(); // cleared cells and waiting messages do not wait for a file that takes its time
         return;
     }
     Poll::Request request{parts_.identity.UserInitials, parts_.time.Now(), {}, {}};
@@ -154,7 +155,9 @@ void BoardDesk::Polled(const Poll::News &news)
     patience_.stop();
     notice_.isStale = false;
     notice_.lastCurrent = parts_.time.Now();
-    if (!Succeeds([&] { mail_.Take(news, notice_.lastCurrent); }))
+    if (Succeeds([&] { mail_.Take(news, notice_.lastCurrent); }))
+        loggedError_.clear();
+    else
         parts_.jobDatabase.ForgetPolls();
     if (news.changed) {
         parts_.board.TakeUsers(news.users, parts_.identity.UserInitials, notice_.lastCurrent);
@@ -172,6 +175,7 @@ void BoardDesk::Polled(const Poll::News &news)
                            [this, text = RefusedWriteText(parts_.jobDatabase.CompanyPath, *news.refusedWrite)] {
                                prompts_.MsgBox(messageBoard_.get(), text);
                            });
+    PollAgain();
 }
 
 void BoardDesk::PollFailed(std::optional<dao::ErrorKind> kind)
@@ -181,6 +185,14 @@ void BoardDesk::PollFailed(std::optional<dao::ErrorKind> kind)
     notice_.failure = kind;
     ShowUsers();
     messageBoard_->ShowNotice(notice_.Text());
+    if (kind)
+        PollAgain();
+}
+
+void BoardDesk::PollAgain()
+{
+    if (std::exchange(pollAgain_, false))
+        Refresh_Enterprise();
 }
 
 void BoardDesk::ShowUsers()
@@ -229,7 +241,7 @@ void BoardDesk::BlinkIcons()
 
 void BoardDesk::UserGridService(int row, int column)
 {
-    if (parts_.startingUp)
+    if (parts_.startingUp || dialogIsOpen_)
         return;
     const bool isHeader = row < 0;
     if (isHeader) {
@@ -265,10 +277,7 @@ void BoardDesk::WriteTo(const QString &recipient)
     message_ = std::make_unique<Message>(services_, prompts_, parts_.localDB, parts_.board, parts_.time);
     message_->Load();
     message_->Begin(recipient);
-    Display(*message_);
-    message_->Unload();
-    message_.reset();
-    AfterDialog();
+    Open(*message_, [this] { message_.reset(); });
 }
 
 void BoardDesk::EditUserStatus(const QString &user, const QString &comment)
@@ -276,23 +285,26 @@ void BoardDesk::EditUserStatus(const QString &user, const QString &comment)
     if (!CanWriteUsers())
         return;
     status_ = std::make_unique<Status>(services_, parts_.localDB, user, comment);
-    status_->Load();
-    Display(*status_);
-    const bool accepted = status_->IsAccepted();
-    const QString text = status_->Text();
-    status_->Unload();
-    status_.reset();
-    if (accepted)
-        parts_.jobDatabase.WriteComment(this, user, text, [this, text](bool written) {
+    Open(*status_, [this, user] {
+        if (status_->IsAccepted())
+            WriteStatus(user, status_->Text());
+        status_.reset();
+    });
+}
+
+void BoardDesk::WriteStatus(const QString &user, const QString &comment)
+{
+    parts_.jobDatabase.WriteComment(
+        this, user, comment,
+        [this, comment](bool written) {
             TellUnlessWritten(written, u"The status\n%1\ncould not be written, because the company database is locked, "
-                                       "write-protected or not there. Please try again."_s.arg(text));
+                                       "write-protected or not there. Please try again."_s.arg(comment));
         });
-    AfterDialog();
 }
 
 void BoardDesk::DeleteUser(const QString &user)
 {
-    if (parts_.startingUp || parts_.board.IsOwn(user) || !CanWriteUsers())
+    if (parts_.startingUp || dialogIsOpen_ || parts_.board.IsOwn(user) || !CanWriteUsers())
         return;
     BeforeDialog();
     const bool yes = prompts_.AskYesNo(messageBoard_.get(), u"Are you sure you want to DELETE user :%1"_s.arg(user));
@@ -321,11 +333,15 @@ void BoardDesk::TellUnlessWritten(bool written, const QString &message)
         prompts_.MsgBox(messageBoard_.get(), message);
 }
 
-void BoardDesk::Display(Form &dialog)
+void BoardDesk::Open(Form &dialog, const std::function<void()> &closed)
 {
     dialog.setWindowIcon(messageBoard_->windowIcon());
+    connect(&dialog, &Form::Closed, this, [this, closed] {
+        closed();
+        AfterDialog();
+    });
     BeforeDialog();
-    dialog.ShowModal(messageBoard_.get());
+    dialog.OpenModal(messageBoard_.get());
 }
 
 void BoardDesk::BeforeDialog()

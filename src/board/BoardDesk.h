@@ -53,7 +53,7 @@ public:
 
     // Brings board and timer in line with the job database in use; another file than before is polled at once.
     void Enterprise_Init();
-    // Polls at once, and the next time a full interval later. Nothing without EnterpriseOn, or while a dialog of the board is
+    // Polls at once, or as soon as the poll under way has ended, and the next time a full interval later. Nothing without EnterpriseOn, or while a dialog of the board is
     // open: that polls when it closes.
     void Refresh_Enterprise();
     void SetRefreshInterval(); // from the option's poll delay
@@ -68,6 +68,7 @@ private:
     void BlinkIcons();
     void Polled(const Poll::News &news);
     void PollFailed(std::optional<dao::ErrorKind> kind); // nothing: no answer has come
+    void PollAgain();                                    // if that is due
     void ShowUsers();
     void PopUp();
     bool Succeeds(const std::function<void()> &work);
@@ -77,7 +78,8 @@ private:
     void WriteTo(const QString &recipient);
     void EditUserStatus(const QString &user, const QString &comment); // as it is now
     void DeleteUser(const QString &user);
-    void Display(Form &dialog); // modal; AfterDialog is to follow
+    void WriteStatus(const QString &user, const QString &comment);
+    void Open(Form &dialog, const std::function<void()> &closed); // as a modal window of the board
     void BeforeDialog();
     void AfterDialog();
     bool CanWriteUsers(); // else it is said why not
@@ -93,6 +95,7 @@ private:
     QTimer refreshTimer_;
     QTimer blinkTimer_;
     QTimer patience_;           // with the poll that is under way
+    bool pollAgain_ = false;    // once the one that is under way has ended
     bool dialogIsOpen_ = false; // no poll then: it would change the board beneath
     bool BlinkPhase = false;
     bool popUpWaits_ = false; // for a new message, until no modal window is open

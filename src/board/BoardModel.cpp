@@ -9,7 +9,6 @@
 #include <chrono>
 
 using namespace Qt::Literals::StringLiterals;
-using namespace std::chrono_literals;
 
 namespace {
 
@@ -18,8 +17,8 @@ constexpr QRgb outColor = 0xffe0e0e0;
 constexpr QRgb offColor = 0xff808080;
 constexpr QRgb messageColor = 0xffffff00;
 
-constexpr std::chrono::milliseconds longSilence =
-    3min; // a copy gives a sign each minute, unless a dialog of its board is open
+// A copy gives no sign while a dialog of its board is open.
+constexpr std::chrono::milliseconds longSilence = 3 * Presence::signPeriod;
 
 constexpr qsizetype textRoom = 1000; // characters; more than any copy of the program writes, and little to lay out
 

@@ -2,8 +2,10 @@
 
 #include "ui_MessageBoard.h"
 
+#include <QApplication>
 #include <QHelpEvent>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
 #include <QScrollBar>
@@ -132,6 +134,22 @@ void MessageBoard::resizeEvent(QResizeEvent *event)
         Form_Resize();
 }
 
+// What the grid does not take there goes on to the surface.
+bool MessageBoard::eventFilter(QObject *watched, QEvent *event)
+{
+    const bool isPress = event->type() == QEvent::MouseButtonPress;
+    if ((isPress || event->type() == QEvent::MouseMove) && watched == ui_->UserGrid->viewport()) {
+        const QPoint at = static_cast<QMouseEvent *>(event)->position().toPoint();
+        if (isPress)
+            isPressedBelowRows_ = !ui_->UserGrid->indexAt(at).isValid();
+        if (isPressedBelowRows_) {
+            event->ignore();
+            return true;
+        }
+    }
+    return Form::eventFilter(watched, event);
+}
+
 void MessageBoard::Arrange(QSize surface)
 {
     QLabel &label = *ui_->NoticeLabel;
@@ -187,7 +205,9 @@ void MessageBoard::PopUp(bool restore)
     }
     if (!isVisible())
         show();
-    if (restore)
+    if (QWidget *question = QApplication::activeModalWidget())
+        question->raise(); // a new window comes up above it on some systems
+    else if (restore)
         raise();
     setAttribute(Qt::WA_ShowWithoutActivating, false);
 }

@@ -13,6 +13,7 @@ class MessageBoard;
 }
 
 // The board of all users. A person who closes it only minimises it, so that what it shows survives; the program unloads it.
+// The grid covers its surface, so it is dragged by the room below the rows.
 class MessageBoard : public Form
 {
     Q_OBJECT
@@ -44,6 +45,7 @@ protected:
     bool QueryUnload() override;
     void ShowRunTimeTexts() override;
     void resizeEvent(QResizeEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void SetUpGrid();
@@ -54,4 +56,5 @@ private:
     QIcon iconYell_;
     QIcon iconYellNot_;
     QString notice_;
+    bool isPressedBelowRows_ = false;
 };

@@ -20,8 +20,6 @@ namespace {
 
 Q_LOGGING_CATEGORY(log, "stemp.board")
 
-constexpr qint64 signPeriod = 60; // seconds
-
 const QString receipts = u":Receipts"_s;
 const QString fileTable = u":File"_s;
 
@@ -90,8 +88,7 @@ void MakeWhatIsMissing(dao::Database &database)
     if (ReadFileId(database).isEmpty())
         database.Insert(u"INSERT INTO "_s % dao::Quoted(fileTable) % u" (FileId) VALUES (?)"_s, {RandomId()},
                         u"giving the file an id"_s);
-    if (!database.FieldNames(u"Users"_s).contains(u"LastSign"_s, Qt::CaseInsensitive))
-        database.Execute(u"ALTER TABLE Users ADD COLUMN LastSign REAL"_s, {}, u"adding the signs of life"_s);
+    Presence::AddMissingFields(database);
 }
 
 // One look. What it finds is remembered only when all of it was read and, where it writes, committed.
@@ -155,7 +152,7 @@ News Look::Run()
 bool Look::IsWriteDue(const Memory &known) const
 {
     const QDateTime &sign = known.lastSign;
-    if (!sign.isValid() || sign > request_.now || sign.secsTo(request_.now) >= signPeriod)
+    if (!sign.isValid() || sign > request_.now || sign.secsTo(request_.now) >= Presence::signPeriod.count())
         return true;
     const auto isForHere = [&](const OutgoingMessage &message) {
         const QString to = message.to.toUpper();

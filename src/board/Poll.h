@@ -22,6 +22,8 @@
 //    when the recipient has deleted the message meanwhile.
 //  - The recipient takes the messages in, by their ids, and remembers to acknowledge them; a later company transaction
 //    deletes them from the table.
+//  - Two looks with the same outbox may follow each other: nobody hears the answer of the first when another file came into
+//    use meanwhile, and this one again. The second finds the receipts, adds nothing, and tells of the same deliveries.
 // Each file has an id of its own, in its table ":File": what is to be acknowledged in one file is never looked for in
 // another. The names of these tables can't be those of users.
 namespace Poll {

@@ -31,6 +31,17 @@ std::optional<UserRow> FindRow(const QList<UserRow> &rows, QString UserRow::*fie
     return *found;
 }
 
+// The fields that "Users" lacks, as they are declared.
+QStringList MissingFields(dao::Database &database)
+{
+    const QStringList there = database.FieldNames(u"Users"_s);
+    QStringList missing{u"FullName TEXT"_s, u"State INTEGER NOT NULL DEFAULT 0"_s, u"Comment TEXT"_s,
+                        u"LastSign REAL"_s};
+    missing.removeIf(
+        [&there](const QString &field) { return there.contains(field.section(u' ', 0, 0), Qt::CaseInsensitive); });
+    return missing;
+}
+
 // Reads from `source`, which has the fields of "Users" and may have one named "JobsMark".
 UsersAndJobs ReadFrom(dao::Database &database, const QString &source)
 {
@@ -92,14 +103,21 @@ std::optional<QString> MatchLogin(dao::Database &database, const QString &login)
     return row ? std::optional(row->user.toUpper()) : std::nullopt;
 }
 
+void AddMissingFields(dao::Database &database)
+{
+    for (const QString &field : MissingFields(database))
+        database.Execute(u"ALTER TABLE Users ADD COLUMN "_s % field, {}, u"adding a field of the users"_s);
+}
+
 void AddSelfToUsers(dao::Database &database, const QString &user, const QString &fullName)
 {
     const auto find = [&] { return FindRow(ReadUsers(database), &UserRow::user, user); };
     const auto lacksName = [&](const UserRow &row) { return row.fullName.isEmpty() && !fullName.isEmpty(); };
     std::optional<UserRow> row = find();
-    if (row && !lacksName(*row) && MessageTables(database).Find(user))
+    if (row && !lacksName(*row) && MissingFields(database).isEmpty() && MessageTables(database).Find(user))
         return;
     dao::Transaction transaction(database, u"adding a user"_s);
+    AddMissingFields(database);
     row = find(); // another copy for the same person may have been faster
     if (!row)
         database.Insert(u"INSERT INTO Users (\"User\", FullName) VALUES (?, ?)"_s,

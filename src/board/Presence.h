@@ -4,6 +4,7 @@
 #include <QList>
 #include <QString>
 
+#include <chrono>
 #include <optional>
 
 namespace dao {
@@ -17,6 +18,8 @@ namespace Presence {
 enum class State { In = -1, Out = 0, Off = 1 };
 
 constexpr qsizetype longestComment = 80; // characters
+
+constexpr std::chrono::seconds signPeriod{60}; // between two signs of life of a copy that polls
 
 struct UserRow
 {
@@ -47,8 +50,12 @@ QString ReadJobsMark(dao::Database &database);
 // Upper-cased.
 std::optional<QString> MatchLogin(dao::Database &database, const QString &login);
 
-// Adds a row for `user`, and a message table with it, unless there is one. A full name that is known is stored in a row
-// that has none.
+// Gives "Users" the fields that it lacks: files of earlier versions lack some, those of other programs maybe all but "User".
+// Within a transaction, as another copy may be at it, too.
+void AddMissingFields(dao::Database &database);
+
+// Adds a row for `user`, and a message table with it, unless there is one, and the fields that "Users" lacks. A full name that
+// is known is stored in a row that has none.
 void AddSelfToUsers(dao::Database &database, const QString &user, const QString &fullName);
 
 // Nothing when the row is missing, or holds that already. Of a comment the first `longestComment` characters are

@@ -309,7 +309,6 @@ void StempWin::ShowOutQuery()
     outQuery_->setWindowIcon(windowIcon());
     connect(outQuery_.get(), &IOQuery::StempInLook, this, &StempWin::StempInLook);
     connect(outQuery_.get(), &IOQuery::StempOutAt, this, &StempWin::StempOutAt);
-    outQuery_->Load();
     outQuery_->ShowModal(this);
     outQuery_.reset();
 }
@@ -318,20 +317,16 @@ void StempWin::mnuNotes_Click()
 {
     notes_ = std::make_unique<Notes>(services_, prompts_, parts_.localDB, parts_.time, parts_.clock.state.CurrentJobID);
     notes_->setWindowIcon(windowIcon());
-    notes_->Load();
-    notes_->ShowModal(this);
-    notes_->Unload();
-    notes_.reset();
+    connect(notes_.get(), &Form::Closed, this, [this] { notes_.reset(); });
+    notes_->OpenModal(this);
 }
 
 void StempWin::mnuCreateJob_Click()
 {
     createJob_ = std::make_unique<CreateJob>(services_, prompts_, parts_.jobDatabase, parts_.lists);
     createJob_->setWindowIcon(windowIcon());
-    createJob_->Load();
-    createJob_->ShowModal(this);
-    createJob_->Unload();
-    createJob_.reset();
+    connect(createJob_.get(), &Form::Closed, this, [this] { createJob_.reset(); });
+    createJob_->OpenModal(this);
 }
 
 void StempWin::FillRecentList()
@@ -362,7 +357,13 @@ void StempWin::DeleteJob(const QString &item)
     if (parts_.lists.Mode != ListMode::Company || !parts_.options.AdminMode)
         return;
     if (prompts_.AskYesNo(this, QStringLiteral("Do you want to DELETE %1 ?").arg(item)))
-        parts_.jobDatabase.DeleteJob(item);
+        parts_.jobDatabase.DeleteJob(this, item, [this, item](bool written) {
+            if (!written)
+                prompts_.MsgBox(this,
+                                QStringLiteral("The job\n%1\ncould not be deleted, because the job list is locked, "
+                                               "write-protected or not there. Please try again.")
+                                    .arg(item));
+        });
 }
 
 void StempWin::ShowCurrentJob()
@@ -420,7 +421,7 @@ void StempWin::ShowUnsaved()
 
 void StempWin::Form_Resize()
 {
-    // The title bar and the menu lie outside the surface, so their height is not taken off here.
+    // The frame, the title bar and the menu lie outside the surface, so they are not taken off here.
     const int top = ui_->StempGrid->y();
     const double height = (Surface()->height() - top) * twipsPerPixel - gridBottom;
     // The search box goes on ending where the grid does, unless it was moved or resized away from there.
@@ -428,8 +429,7 @@ void StempWin::Form_Resize()
     const QScrollBar *bar = ui_->StempGrid->verticalScrollBar();
     const bool newestShown = bar->value() == bar->maximum();
     if (height > leastGridHeight)
-        ui_->StempGrid->resize(qRound(frameGeometry().width() - gridMargin / twipsPerPixel),
-                               qRound(height / twipsPerPixel));
+        ui_->StempGrid->resize(qRound(Surface()->width() - gridMargin / twipsPerPixel), qRound(height / twipsPerPixel));
     if (aligned)
         ui_->TextUtil->resize(ui_->StempGrid->geometry().right() + 1 - ui_->TextUtil->x(), ui_->TextUtil->height());
     if (newestShown)

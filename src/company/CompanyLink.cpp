@@ -28,7 +28,7 @@ struct CompanyLink::Mailbox
         if (!link)
             return LogError(result);
         QMetaObject::invokeMethod(
-            link, [to = link, request, result = std::move(result)] { to->Take(request, result); },
+            link, [to = link, request, result = std::move(result)] { to->TakeAnswer(request, result); },
             Qt::QueuedConnection);
     }
 };
@@ -76,16 +76,14 @@ void CompanyLink::Enqueue(const QString &path, Job job, Deliver deliver)
         return result;
     };
     CompanyWorker &worker = WorkerOf(path);
+    const quint64 request = ++lastRequest_;
+    waiting_.emplace(request, std::move(deliver));
     if (mode_ == Mode::Inline) {
         Result result;
         worker.Post([&](CompanyFile &file) { result = run(file, job); });
-        if (result.replaced)
-            emit Replaced();
-        deliver(result);
+        TakeAnswer(request, result);
         return;
     }
-    const quint64 request = ++lastRequest_;
-    waiting_.emplace(request, std::move(deliver));
     worker.Post([run, job = std::move(job), mailbox = mailbox_, request](CompanyFile &file) mutable {
         mailbox->Post(request, run(file, job));
     });
@@ -119,13 +117,13 @@ std::optional<CompanyLink::Result> CompanyLink::EnqueueAndWait(Job job, std::chr
     return request->result;
 }
 
-void CompanyLink::Take(quint64 request, const Result &result)
+void CompanyLink::TakeAnswer(quint64 request, const Result &result)
 {
-    auto asked = waiting_.extract(request); // before it is called, as it may ask again
-    if (!asked)
-        return LogError(result);
-    if (result.replaced)
+    if (result.replaced && waiting_.contains(request))
         emit Replaced();
+    auto asked = waiting_.extract(request); // before it is called, as it may ask again
+    if (!asked)                             // or another file was opened just now
+        return LogError(result);
     asked.mapped()(result);
 }
 

@@ -80,8 +80,9 @@ public:
     template <class Work> void Tell(Work work) { EnqueueUnanswered(Box<void>(std::move(work))); }
 
     // Waits for the answer at most `limit`; nothing when it did not come in time (the request still runs later, and its error
-    // goes to the log). While a file has not ended what was waited for in vain, nothing that is asked of it is waited for. At
-    // start and at exit only.
+    // goes to the log). The windows stand still meanwhile, so it is for start and exit, for a path in the settings, and for
+    // the program folder's own file when it has to stand in for another. While a file has not ended what was waited for in
+    // vain, nothing that is asked of it is waited for: one that hangs costs one limit, however often it is asked.
     template <class Work, class R = std::invoke_result_t<Work, dao::Database &>>
     std::optional<Answer<R>> AskWithin(std::chrono::milliseconds limit, Work work)
     {
@@ -102,7 +103,7 @@ public:
 
 signals:
     // Another file has taken the place of the one in use, which did not fail meanwhile: it may lack what was written. Comes
-    // before the answer of the request that noticed.
+    // before the answer of the request that noticed, which is dropped when another file is opened then.
     void Replaced();
 
 private:
@@ -141,7 +142,7 @@ private:
     void Enqueue(const QString &path, Job job, Deliver deliver);
     void EnqueueUnanswered(Job job);
     std::optional<Result> EnqueueAndWait(Job job, std::chrono::milliseconds limit);
-    void Take(quint64 request, const Result &result);
+    void TakeAnswer(quint64 request, const Result &result);
     static Result Run(CompanyFile &file, Job &job);
     static void LogError(const Result &result);
 

@@ -13,6 +13,7 @@
 
 #include <chrono>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 
@@ -55,17 +56,17 @@ public:
     void Set_Out() { WriteState(Presence::State::Out); }
     void Set_OFF();
 
-    // Each goes on in `done`, unless `context` is gone by then or another file is in use: whether it was written. Never in a
-    // local copy.
+    // Each goes on in `done`, unless `context` is gone by then or another file is in use: whether it was written. The first two
+    // never in a local copy; DeleteJob fills the list anew.
     void WriteComment(QObject *context, const QString &user, const QString &comment, std::function<void(bool)> done);
     void DeleteUser(QObject *context, const QString &user, std::function<void(bool)> done);
+    void DeleteJob(QObject *context, const QString &item, std::function<void(bool)> done);
 
-    // JobListFilled() follows when the list has changed. While the file in use has not answered, the list is that of the local
-    // copy.
+    // JobListFilled() follows when the list has changed. The file in use is read unless its list is known and no job was added
+    // or deleted since; until it has answered, the list is that of the local copy.
     void FillJobList();
-    void DeleteJob(const QString &item); // and fills the list anew
     // Adds a job and fills the list anew. `done` comes when the file has answered, or as Failed when another one is chosen
-    // before, unless `context` is gone by then. One at a time.
+    // before, unless `context` is gone by then.
     void CreateJob(QObject *context, const JobItem &job, std::function<void(Projects::Creation)> done);
 
     // Looks what others have changed, and delivers: Polled() or PollFailed() follows, unless another file comes into use or
@@ -75,7 +76,7 @@ public:
     // An answer was lost on its way to the per-login database: the next poll tells everything again.
     void ForgetPolls();
     // Reads the users of a file that is not polled, the local copy: UsersRead() follows if it can be read.
-    void LookAtUsers();
+    void ReadUsers();
 
     bool FileExists(const QString &path);    // false when it does not answer
     bool IsOwnJobsFile(const QString &path); // the program folder's own "Jobs.mdb", under any spelling
@@ -104,34 +105,42 @@ signals:
 
 private:
     using Deadline = std::chrono::steady_clock::time_point;
+    static constexpr std::chrono::milliseconds waitLimit{2000}; // what a file that does not answer may cost
 
-    // What the requests on one file, which run in order, leave to the next.
+    using JobsMark = std::optional<QString>; // of the list that was read last; nothing before that
+
+    // What the requests on one file, which run in order, leave to the next. Each belongs to them once it is given to one: it is
+    // forgotten by giving the next ones another.
     struct Seen
     {
-        Poll::Memory poll;
-        QString jobsMark; // of the list that was read last
+        std::shared_ptr<Poll::Memory> poll = std::make_shared<Poll::Memory>();
+        std::shared_ptr<JobsMark> jobsMark = std::make_shared<JobsMark>();
     };
     struct PollAnswer
     {
         Poll::News news;
         std::optional<JobList> jobs; // when there are others than before
     };
-    struct Look
+    struct Finding
     {
         bool answers = true;
         bool serves = false; // taken for granted while it does not answer
         bool isOwnFile = false;
     };
 
-    static JobList ReadJobList(dao::Database &database, Seen &seen, const QString &mark);
-    static PollAnswer RunPoll(dao::Database &database, Seen &seen, const Poll::Request &request);
+    static JobList ReadJobList(dao::Database &database, const Seen &seen, const QString &mark);
+    static PollAnswer RunPoll(dao::Database &database, const Seen &seen, const Poll::Request &request);
 
+    // The choice of the file, in JobDatabaseChoice.cpp.
     QString OwnJobsFile() const;
-    static Look LookOf(const QString &path, const QString &own, const std::optional<Answer<bool>> &answer);
-    Look Open(const QString &path, Deadline deadline);
+    static Finding FindingOf(const QString &path, const QString &own, const std::optional<Answer<bool>> &answer);
+    void Use(const QString &path);
+    Finding Open(const QString &path, Deadline deadline);
     void TryOut(const QString &path, bool quietly);
-    void Take(const QString &configured, Look look, Deadline deadline);
+    void TakeIntoUse(const QString &configured, Finding finding, Deadline deadline);
+
     void WriteState(Presence::State state);
+    void ForgetJobs();
     void FillFromLocalCopy();
     void TakeJobList(const JobList &list);
     void ShowJobList(const JobList &list);
@@ -142,15 +151,18 @@ private:
     JobLists &lists_;
     CompanyLink link_;
     QTimer searchTimer_;
+    QTimer retryTimer_; // for the list, where no poll tries again
     QString configured_;
-    QString wanted_;             // the file that was last asked to come into use; answers of others are not heard
-    std::optional<Look> looked_; // its answer
-    bool searching_ = false;     // a look for the configured file is under way
-    std::function<void(Projects::Creation)> creating_; // what waits for the answer of a creation
-    bool polling_ = false;                             // a poll is under way
+    QString wanted_;                 // the file that was last asked to come into use; answers of others are not heard
+    std::optional<Finding> finding_; // its answer
+    bool searching_ = false;         // a look for the configured file is under way
+    std::map<quint64, std::function<void(Projects::Creation)>> creating_; // what waits for the answers of creations
+    quint64 lastCreation_ = 0;
+    bool polling_ = false;  // a poll is under way
     bool missed_ = false;   // a request failed, the file did not answer at first, or it was replaced; no poll since
     QString loggedError_;   // since the person was last known to be among the users
     bool listRead_ = false; // the list in memory is that of the file in use
-    std::shared_ptr<Seen> seen_;          // the requests', once it is given to one
-    std::chrono::milliseconds nextLimit_; // of the next Choose: what was waited for at start before counts, too
+    Seen seen_;
+    std::chrono::milliseconds nextLimit_ =
+        waitLimit; // of the next Choose: what was waited for at start before counts, too
 };

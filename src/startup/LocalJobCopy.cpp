@@ -69,10 +69,9 @@ void Fill(dao::Database &copy, const LocalJobCopy::Snapshot &snapshot)
     // left out.
     for (const QVariantList &job : snapshot.projects)
         copy.Execute(u"INSERT OR IGNORE INTO Projects (JobID, JobName) VALUES (?, ?)"_s, job, purpose);
-    for (const QVariantList &user : snapshot.users)
-        copy.Execute(
-            u"INSERT OR IGNORE INTO Users (\"User\", Comment, State, FullName) VALUES (?, ?, ifnull(?, 0), ?)"_s, user,
-            purpose);
+    for (const Presence::UserRow &user : snapshot.users)
+        copy.Execute(u"INSERT OR IGNORE INTO Users (\"User\", Comment, State, FullName) VALUES (?, ?, ?, ?)"_s,
+                     {user.user, user.comment, user.state, user.fullName}, purpose);
     transaction.Commit();
 }
 
@@ -122,9 +121,7 @@ LocalJobCopy::Snapshot LocalJobCopy::Read(dao::Database &jobDatabase)
 {
     return {
         jobDatabase.Select(u"SELECT JobID, JobName FROM Projects ORDER BY JobID"_s, {}, u"reading the jobs to copy"_s),
-        jobDatabase.Select(u"SELECT \"User\", Comment, State, FullName FROM Users ORDER BY \"User\""_s, {},
-                           u"reading the users to copy"_s),
-        Poll::ReadFileId(jobDatabase)};
+        Presence::ReadUsers(jobDatabase), Poll::ReadFileId(jobDatabase)};
 }
 
 void LocalJobCopy::Write(const QString &blank, const QString &target, const Snapshot &snapshot)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "board/Presence.h"
+
 #include <QList>
 #include <QString>
 #include <QVariantList>
@@ -14,8 +16,8 @@ namespace LocalJobCopy {
 struct Snapshot
 {
     QList<QVariantList> projects; // JobID, JobName
-    QList<QVariantList> users;    // User, Comment, State, FullName
-    QString fileId;               // of the file they come from; empty when it has none yet
+    QList<Presence::UserRow> users;
+    QString fileId; // of the file they come from; empty when it has none yet
 };
 
 Snapshot Read(dao::Database &jobDatabase); // throws dao::Error

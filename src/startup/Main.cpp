@@ -24,7 +24,10 @@ Q_LOGGING_CATEGORY(log, "stemp.startup")
 
 } // namespace
 
-Main::Main(Program &program, Prompts &prompts) : program_(program), prompts_(prompts) {}
+Main::Main(Program &program, Prompts &prompts)
+    : program_(program), prompts_(prompts), printing_(std::make_unique<SystemPrinting>(prompts))
+{
+}
 
 Main::~Main() = default;
 
@@ -165,6 +168,7 @@ void Main::ApplySettings()
         *common_, prompts_, [&jobs](const QString &path) { return jobs.FileExists(path); },
         [&jobs](const QString &path) { return jobs.IsOwnJobsFile(path); });
     connect(adminForm_.get(), &AdminForm::Accepted, this, &Main::SettingsAccepted);
+    connect(adminForm_.get(), &Form::Closed, boardDesk_.get(), &BoardDesk::SetRefreshInterval);
     adminForm_->Load();
 
     if (identity.UserInitials.isEmpty()) {
@@ -237,21 +241,19 @@ void Main::FillLists()
 
 void Main::mnuAdmin_Click()
 {
-    adminForm_->ShowModal(stempWin_.get());
-    boardDesk_->SetRefreshInterval();
+    adminForm_->OpenModal(stempWin_.get());
 }
 
 void Main::mnuSummary_Click()
 {
     program_.timeTable.Flush(); // what is summed is read from the file
-    SystemPrinting printing(prompts_);
-    repGen_ = std::make_unique<RepGen>(*common_, prompts_, printing,
+    repGen_ = std::make_unique<RepGen>(*common_, prompts_, *printing_,
                                        RepGenParts{program_.timeTable.Path(), program_.options.SummaryRounding,
                                                    program_.identity.UserInitials, program_.time,
                                                    [this] { return program_.timeTable.UnsavedCount(); }});
     repGen_->setWindowIcon(stempWin_->windowIcon());
-    repGen_->ShowModal(stempWin_.get());
-    repGen_.reset();
+    connect(repGen_.get(), &Form::Closed, this, [this] { repGen_.reset(); });
+    repGen_->OpenModal(stempWin_.get());
 }
 
 void Main::SettingsAccepted()

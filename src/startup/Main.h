@@ -12,6 +12,7 @@ class AdminForm;
 class BoardDesk;
 class Common;
 class Program;
+class Printing;
 class Prompts;
 class RepGen;
 class StempWin;
@@ -62,6 +63,7 @@ private:
 
     Program &program_;
     Prompts &prompts_;
+    std::unique_ptr<Printing> printing_;
     std::unique_ptr<Common> common_;
     std::unique_ptr<AdminForm> adminForm_;
     std::unique_ptr<BoardDesk> boardDesk_;

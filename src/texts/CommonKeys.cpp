@@ -1,6 +1,7 @@
 #include "platform/dao/Error.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/Prompts.h"
+#include "platform/forms/WindowPlace.h"
 #include "texts/Common.h"
 #include "texts/ControlIndex.h"
 #include "texts/Danish.h"
@@ -8,7 +9,6 @@
 #include "texts/ShippedTexts.h"
 #include "texts/TextRow.h"
 
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLoggingCategory>
 #include <QMouseEvent>
@@ -50,12 +50,6 @@ QString ResetQuestion(const QStringList &changedTexts)
     if (changedTexts.size() > longestList)
         question += u"\n… and %1 more"_s.arg(changedTexts.size() - longestList);
     return question;
-}
-
-// Not every system lets a window place itself.
-bool IsPlacedBySystem()
-{
-    return QGuiApplication::platformName().startsWith("wayland"_L1);
 }
 
 bool FillsScreen(const Form &form)
@@ -114,7 +108,7 @@ void Common::FormMouseMove(Form &form, const QMouseEvent &mouse)
 {
     if (dragged_ != &form || mouse.buttons() != Qt::LeftButton)
         return;
-    if (IsPlacedBySystem()) {
+    if (SystemPlacesWindows()) {
         dragged_ = nullptr; // the system takes the mouse
         form.windowHandle()->startSystemMove();
     } else {
@@ -170,10 +164,12 @@ void Common::PutShippedBack(Form &form)
         const QPointer<Form> asked = &form;
         if (!prompts_.AskYesNo(&form, ResetQuestion(changed)) || !asked || !form.IsLoaded())
             return;
-        ShippedTexts::Show(form, shipped, state_.language, state_.ShowToolTips.value_or(false));
         if (dao::Recordset *table = RowsOf(form))
             TextRows::Write(localDB_, *table, shipped, u"putting back the shipped texts of "_s + form.Name());
+        ShippedTexts::Show(form, shipped, state_.language, state_.ShowToolTips.value_or(false));
     } catch (const dao::Error &error) {
         qCWarning(log).noquote() << form.Name() << error.Text();
+        prompts_.MsgBox(&form, u"The shipped layout and texts could not be put back, because your database could not "
+                               "be read or written. Please try again."_s);
     }
 }

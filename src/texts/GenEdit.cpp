@@ -45,12 +45,6 @@ QPoint StepOf(int arrow)
     }
 }
 
-GenEdit *EditorOn(const Form &form)
-{
-    const QWidget *surface = form.Surface(); // gone already while the form is destroyed
-    return surface ? surface->findChild<GenEdit *>(QString(), Qt::FindDirectChildrenOnly) : nullptr;
-}
-
 } // namespace
 
 GenEdit::Outcome GenEdit::Run(Form &form, QPoint surfacePoint)
@@ -69,6 +63,16 @@ GenEdit::Outcome GenEdit::Run(Form &form, QPoint surfacePoint)
     const Outcome outcome = *editor->outcome_;
     delete editor;
     return outcome;
+}
+
+// One that has ended may still wait for a window that was opened meanwhile.
+GenEdit *GenEdit::EditorOn(const Form &form)
+{
+    if (const QWidget *surface = form.Surface()) // gone already while the form is destroyed
+        for (auto *editor : surface->findChildren<GenEdit *>(QString(), Qt::FindDirectChildrenOnly))
+            if (!editor->outcome_)
+                return editor;
+    return nullptr;
 }
 
 bool GenEdit::IsOn(const Form &form)
@@ -237,13 +241,6 @@ void GenEdit::Arrange()
 {
     setGeometry(place_.EditorRect());
     view_.Arrange(place_);
-}
-
-bool GenEdit::event(QEvent *event)
-{
-    if (event->type() == QEvent::WindowDeactivate)
-        End(Outcome::Cancelled);
-    return QWidget::event(event);
 }
 
 // Its form, or what it lies on, went out of sight.

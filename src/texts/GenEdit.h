@@ -25,7 +25,7 @@ public:
     enum class Outcome { Accepted, Cancelled, NothingPicked };
 
     // Picks the control under the point (ControlPicker.h) and returns when its editing has ended. The form may be
-    // hidden, unloaded or destroyed meanwhile, or its window lose activation: that cancels. One editor at a time on a
+    // hidden, unloaded or destroyed meanwhile: that cancels. Other windows may be used. One editor at a time on a
     // form: while one is open, nothing is picked.
     static Outcome Run(Form &form, QPoint surfacePoint);
     static bool IsOn(const Form &form); // one is open on it
@@ -38,7 +38,6 @@ public:
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
-    bool event(QEvent *event) override;
     void hideEvent(QHideEvent *event) override;
 
 private:
@@ -52,6 +51,8 @@ private:
     };
 
     GenEdit(Form &form, Control &control);
+
+    static GenEdit *EditorOn(const Form &form); // the open one
 
     bool PressKey(const QKeyEvent &key); // false: for the text
     bool HandleMouse(QWidget &target, const QMouseEvent &mouse);

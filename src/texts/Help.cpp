@@ -1,12 +1,20 @@
 #include "texts/Help.h"
 
+#include "platform/forms/WindowPlace.h"
 #include "ui_Help.h"
 
 #include <QKeyEvent>
 #include <QScreen>
-#include <QWindow>
+#include <QTimer>
+
+#include <chrono>
+
+using namespace std::chrono_literals;
 
 namespace {
+
+// From the moment that a window comes up, or another one goes, until the system has settled which one has the keys.
+constexpr auto settlingTime = 1s;
 
 constexpr int margin = 8;    // around the text
 constexpr int distance = 12; // from the window that it first stands beside
@@ -45,17 +53,41 @@ void Help::ShowText(const QString &text, Form &asker)
 
 void Help::ComeUp(Form &asker)
 {
-    // A window that is modal to the whole program would block all but those that it owns.
-    QWindow *owner = asker.windowModality() == Qt::ApplicationModal ? asker.windowHandle() : nullptr;
+    // A window that is modal to the whole program would block all but those that it owns. Where the system places the
+    // windows, one that becomes active covers all but those that it owns.
+    const bool isOwned = asker.windowModality() == Qt::ApplicationModal || SystemPlacesWindows();
+    QWindow *owner = isOwned ? asker.windowHandle() : nullptr;
     winId(); // makes the window that the owner is set of
     if (windowHandle()->transientParent() != owner) {
         hide();
         windowHandle()->setTransientParent(owner);
     }
     setWindowState(windowState() & ~Qt::WindowMinimized);
+    asker_ = asker.windowHandle();
+    if (!isVisible())
+        handsOn_.setRemainingTime(settlingTime);
     show();
     asker.activateWindow();
     raise(); // last, or an asker as large as that would cover it
+}
+
+// Wayland's compositors, and some window managers, make each window that comes up the active one, whatever it asks for.
+bool Help::event(QEvent *event)
+{
+    // Afterwards, as the toolkit asks for this window itself while it becomes active.
+    if (event->type() == QEvent::WindowActivate && asker_ && !handsOn_.hasExpired())
+        QTimer::singleShot(0, asker_, [asker = asker_.get()] { asker->requestActivate(); });
+    return Form::event(event);
+}
+
+// When the asker goes, the one that owns it is to have the keys, and not this window, which may lie nearest.
+bool Help::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Hide && watched == asker_) {
+        asker_ = asker_->transientParent();
+        handsOn_.setRemainingTime(settlingTime);
+    }
+    return Form::eventFilter(watched, event);
 }
 
 void Help::Form_Load()

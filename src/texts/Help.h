@@ -2,6 +2,10 @@
 
 #include "platform/forms/Form.h"
 
+#include <QDeadlineTimer>
+#include <QPointer>
+#include <QWindow>
+
 #include <memory>
 
 namespace Ui {
@@ -26,9 +30,13 @@ protected:
     void Form_Unload() override;
     void Form_Resize() override;
     bool Form_KeyDown(QKeyEvent &event) override;
+    bool event(QEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void ComeUp(Form &asker);
 
     std::unique_ptr<Ui::Help> ui_;
+    QPointer<QWindow> asker_;   // that the keys go back to
+    QDeadlineTimer handsOn_{0}; // until then the system, and not a person, makes this the active window
 };

@@ -1,16 +1,13 @@
 #include "board/MessageBoard.h"
+#include "support/AtWindow.h"
 #include "support/RunningCopy.h"
 
 #include <QComboBox>
-#include <QLabel>
-#include <QPushButton>
 #include <QTableView>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-const QString companyFile = u"company.mdb"_s;
 
 // People who share a company file, each with a running copy in a folder of its own.
 class Team
@@ -18,7 +15,7 @@ class Team
 public:
     explicit Team(const QStringList &logins)
     {
-        company.Copy(u"Blank Jobs.mdb"_s, companyFile);
+        company.MakeJobs(companyFile);
         for (const QString &login : logins)
             folders[login] = std::make_unique<ProgramFolder>();
         for (const QString &login : logins)
@@ -50,52 +47,43 @@ public:
 
 QTableView *Grid(RunningCopy &copy)
 {
-    return copy.main.Desk()->Window().findChild<QTableView *>(u"UserGrid"_s);
+    return Child<QTableView>(copy.main.Desk()->Window(), "UserGrid");
 }
 
 // The board, "name=second column" for each row.
 QStringList Shown(RunningCopy &copy)
 {
-    const QAbstractItemModel *model = Grid(copy)->model();
-    QStringList rows;
-    for (int row = 0; row < model->rowCount(); ++row)
-        rows.append(model->index(row, 0).data().toString() + u'=' + model->index(row, 1).data().toString());
-    return rows;
-}
-
-void Click(RunningCopy &copy, int row, int column)
-{
-    const QTableView *grid = Grid(copy);
-    QTest::mouseClick(grid->viewport(), Qt::LeftButton, {},
-                      grid->visualRect(grid->model()->index(row, column)).center());
+    return ShownRows(*Grid(copy), u"="_s);
 }
 
 // Clicks a name and sends what is typed in the window that opens.
 void Send(RunningCopy &copy, int row, const QString &text, const char *button = "OKButton")
 {
-    WhenShown window(u"Message"_s, [&](QWidget &shown) {
-        shown.findChild<QLineEdit *>(u"MessageText"_s)->setText(text);
-        QTest::mouseClick(shown.findChild<QPushButton *>(QLatin1String(button)), Qt::LeftButton);
-        QTest::mouseClick(shown.findChild<QPushButton *>(u"OKButton"_s), Qt::LeftButton);
-    });
-    Click(copy, row, 0);
-    QVERIFY(window.done);
+    ClickCell(*Grid(copy), row, 0);
+    const QPointer<QWidget> message = ShownWindow(u"Message"_s);
+    QVERIFY(message);
+    Child<QLineEdit>(*message, "MessageText")->setText(text);
+    Click(*message, button);
+    if (message->isVisible())
+        Click(*message, "OKButton");
+    QTRY_VERIFY(!message);
 }
 
 // Whether the dialog opened.
 bool SetStatus(RunningCopy &copy, int row, const QString &text)
 {
-    WhenShown window(u"Status"_s, [&](QWidget &shown) {
-        shown.findChild<QComboBox *>(u"StatusCombo"_s)->setCurrentText(text);
-        QTest::mouseClick(shown.findChild<QPushButton *>(u"SendButton"_s), Qt::LeftButton);
-    });
-    Click(copy, row, 1);
-    return window.done;
+    ClickCell(*Grid(copy), row, 1);
+    const QPointer<QWidget> status = ShownWindow(u"Status"_s);
+    if (!status)
+        return false;
+    Child<QComboBox>(*status, "StatusCombo")->setCurrentText(text);
+    Click(*status, "SendButton");
+    return QTest::qWaitFor([&] { return !status; });
 }
 
 QString Notice(RunningCopy &copy)
 {
-    const QLabel *label = copy.main.Desk()->Window().findChild<QLabel *>(u"NoticeLabel"_s);
+    const QLabel *label = Child<QLabel>(copy.main.Desk()->Window(), "NoticeLabel");
     return label->isHidden() ? QString() : label->text();
 }
 
@@ -148,15 +136,14 @@ private slots:
         RunningCopy &again = team[u"bo"_s];
         QCOMPARE(Shown(again)[0], u"ANNA=Mon 09:00 - one"_s);
         QVERIFY(again.program.board.Alert);
-        Click(again, 0, 1);
+        ClickCell(*Grid(again), 0, 1);
         QCOMPARE(Shown(again)[0], u"ANNA=Mon 09:00 - two"_s);
-        Click(again, 0, 1);
+        ClickCell(*Grid(again), 0, 1);
         QCOMPARE(Shown(again)[0], u"ANNA="_s);
         QVERIFY(!again.program.board.Alert);
         team.Poll({u"bo"_s, u"anna"_s, u"bo"_s, u"anna"_s});
-        QCOMPARE(team.company.Sql(companyFile, u"SELECT (SELECT count(*) FROM BO), (SELECT count(*) FROM EVA), "
-                                               "(SELECT count(*) FROM \":Receipts\")"_s),
-                 QList<QVariantList>({{0, 1, 0}}));
+        const QString left = u"SELECT (SELECT count(*) FROM BO), count(*) FROM \":Receipts\""_s;
+        QCOMPARE(team.company.Rows(companyFile, left), u"0 0"_s);
     }
 
     void AsksBeforeItDeletes()
@@ -215,10 +202,7 @@ private slots:
     {
         Team team({u"anna"_s, u"bo"_s});
         team.Stop(u"bo"_s);
-        dao::Database reader = dao::Database::OpenDatabase(team.company.File(companyFile));
-        reader.Execute(u"BEGIN"_s, {}, u"a test"_s);
-        reader.Select(u"SELECT * FROM Users"_s, {},
-                      u"a test"_s); // from now on no commit gets through, as on a drive without locks
+        Holder reader(team.company.File(companyFile), Holder::Reading); // as on a drive without locks
         team.Start(u"bo"_s);
         RunningCopy &bo = team[u"bo"_s];
         QTRY_COMPARE(bo.prompts.messages.size(), 1);
@@ -226,11 +210,10 @@ private slots:
         QVERIFY(!Notice(bo).isEmpty());
         QCOMPARE(Shown(bo), QStringList({u"ANNA="_s, u"BO="_s}));
         bo.main.Window()->StempIn(u"K-12 : Kolding"_s);
-        reader.Close();
+        reader.LetGo();
         bo.Poll();
         QCOMPARE(Notice(bo), QString());
-        QCOMPARE(team.company.Sql(companyFile, u"SELECT State FROM Users WHERE User = 'BO'"_s),
-                 QList<QVariantList>({{-1}}));
+        QCOMPARE(team.company.Rows(companyFile, u"SELECT State FROM Users WHERE User = 'BO'"_s), u"-1"_s);
         QCOMPARE(bo.prompts.messages.size(), 1);
     }
 
@@ -239,14 +222,12 @@ private slots:
         Team team({u"anna"_s, u"bo"_s});
         RunningCopy &anna = team[u"anna"_s];
         anna.Poll();
-        WhenShown window(u"Message"_s, [&](QWidget &shown) {
-            shown.findChild<QLineEdit *>(u"MessageText"_s)->setText(u"half a mess"_s);
-            anna.Close();
-        });
-        Click(anna, 1, 0);
+        ClickCell(*Grid(anna), 1, 0);
+        Child<QLineEdit>(*ShownWindow(u"Message"_s), "MessageText")->setText(u"half a mess"_s);
+        anna.Close();
         QVERIFY(anna.main.HasEnded());
-        QCOMPARE(team.folders[u"anna"_s]->Sql(u"ANNA Stemp.mdb"_s, u"SELECT Message FROM MessageBuffer"_s),
-                 QList<QVariantList>({{u"half a mess"_s}}));
+        const ProgramFolder &folder = *team.folders[u"anna"_s];
+        QCOMPARE(folder.Rows(personalFile, u"SELECT Message FROM MessageBuffer"_s), u"half a mess"_s);
     }
 
     void BringsAMinimisedBoardBackForANewMessageOnly()
@@ -268,7 +249,7 @@ private slots:
         bo.Poll();
         QVERIFY(board.isMinimized()); // waits for the first
         bo.program.options.PopUpMessages = false;
-        Click(bo, 0, 1);
+        ClickCell(*Grid(bo), 0, 1);
         QVERIFY(board.isMinimized());
     }
 };

@@ -1,9 +1,6 @@
 #include "board/Mail.h"
-#include "platform/dao/Database.h"
-#include "platform/dao/Error.h"
 #include "support/ProgramFolder.h"
 
-#include <QLocale>
 #include <QTest>
 
 using namespace Qt::Literals::StringLiterals;
@@ -18,8 +15,12 @@ const QString file = u"F"_s; // the company database's id
 // A person's mail; a restart stands for a program that was killed, too.
 struct Copy
 {
-    Copy() { folder.Copy(u"blank Stemp.mdb"_s, u"anna.mdb"_s), Restart(); }
-    void Restart() { localDB = dao::Database::OpenDatabase(folder.File(u"anna.mdb"_s), std::chrono::milliseconds(1)); }
+    Copy()
+    {
+        folder.MakePersonal();
+        Restart();
+    }
+    void Restart() { localDB = dao::Database::OpenDatabase(folder.File(personalFile), std::chrono::milliseconds(1)); }
     QList<QVariantList> Sql(const QString &statement) { return localDB.Select(statement, {}, u"a test"_s); }
     Poll::Request Request() { return mail.MakeRequest(u"ANNA"_s, now); }
     void Take(const QStringList &incoming, const QStringList &delivered = {}, const Acknowledgements &acknowledged = {})
@@ -63,8 +64,7 @@ private slots:
         QCOMPARE(copy.Sql(schema), complete);
         const QList<Poll::OutgoingMessage> outbox = copy.Request().outbox;
         QVERIFY(outbox.size() == 1 && !outbox[0].id.isEmpty());
-        dao::Database other = dao::Database::OpenDatabase(copy.localDB.Path());
-        const dao::Transaction lock(other, u"a test"_s); // from here on nothing needs to be written any more
+        const Holder other(copy.localDB.Path(), Holder::Writing); // from here on nothing needs to be written any more
         copy.mail.Prepare();
         QCOMPARE(copy.Request().outbox, outbox);
         copy.Take({});

@@ -1,14 +1,11 @@
 #include "clock/Clock.h"
 #include "clock/DateText.h"
 #include "clock/IOQuery.h"
-#include "support/AnsweredPrompts.h"
-#include "support/NoTexts.h"
-#include "support/SettableTime.h"
+#include "platform/dao/DateValue.h"
+#include "support/AtWindow.h"
 
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QRadioButton>
+#include <QRandomGenerator>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -16,12 +13,11 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
+const QDateTime now = dao::WallTime(QDate(2026, 3, 1), QTime(12, 0));
+
 // The window on the screen, for a row that was begun at eight; it is nine now.
-struct Query
+struct Query : AtWindow
 {
-    SettableTime time;
-    AnsweredPrompts prompts;
-    NoTexts texts;
     ClockState clock;
     IOQuery form{texts, prompts, time, clock};
     QSignalSpy remained{&form, &IOQuery::StempInLook};
@@ -32,24 +28,13 @@ struct Query
         clock.CurrentJob = u"17 : <b>Warehouse</b>"_s;
         clock.LastInTime = At(8, 0);
     }
-    void Show()
-    {
-        form.Load();
-        form.show();
-    }
+    void Show() { Open(form); }
 
     QDateTime At(int hour, int minute) const { return QDateTime(time.now.date(), QTime(hour, minute), Qt::UTC); }
     QRadioButton *Option(int index) const { return form.findChild<QRadioButton *>(u"Options_%1"_s.arg(index)); }
-    QLineEdit *Box() const { return form.findChild<QLineEdit *>(u"Texts_0"_s); }
-    QPushButton *Button() const { return form.findChild<QPushButton *>(u"Commands_0"_s); }
-
-    void Type(const QString &text) const
-    {
-        Box()->setFocus();
-        Box()->selectAll();
-        QTest::keyClicks(Box(), text);
-    }
-    void Choose(int index) const // as the arrow keys do, without acting
+    QLineEdit *Box() const { return Child<QLineEdit>(form, "Texts_0"); }
+    void Type(const QString &text) const { TypeInto(Box(), text); }
+    void MoveTo(int index) const // as the arrow keys do, without acting
     {
         while (!Option(index)->isChecked())
             QTest::keyClick(form.focusWidget(), Qt::Key_Down);
@@ -64,11 +49,65 @@ struct Query
 
 } // namespace
 
+// Times as people write them, and the window that asks for one.
 class TestIOQuery : public QObject
 {
     Q_OBJECT
 
 private slots:
+    void EveryLocaleReadsItsOwnText()
+    {
+        QRandomGenerator random(7);
+        QList<QDateTime> times = {dao::WallTime({2026, 3, 29}, {2, 30}), // an hour that summer time skips
+                                  dao::WallTime({2026, 1, 1}, {0, 0}), dao::WallTime({2026, 12, 31}, {12, 0, 1}),
+                                  dao::WallTime({1999, 2, 3}, {23, 59, 59})};
+        for (int i = 0; i < 20; ++i)
+            times.append(dao::WallTime({2000, 1, 1}, {0, 0}).addSecs(random.bounded(1, 1'500'000'000)));
+        for (const QLocale &locale :
+             QLocale::matchingLocales(QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyTerritory))
+            for (const QDateTime &time : std::as_const(times)) {
+                const QString text = DateTimeText(time, locale);
+                QVERIFY2(ReadDateTime(text, locale, now) == time, qPrintable(locale.name() + u": "_s + text));
+            }
+    }
+
+    void Reads()
+    {
+        const QString da = u"da_DK"_s;
+        const QString us = u"en_US"_s;
+        const QStringList cases[] = {
+            {da, u" 8.30 "_s, u"2026-03-01 08:30:00"_s}, // bare
+            {us, u"0830"_s, u"2026-03-01 08:30:00"_s},
+            {da, u"830"_s, u"2026-03-01 08:30:00"_s},
+            {us, u"8:30 pm"_s, u"2026-03-01 20:30:00"_s},
+            {us, u"3/1/2026 12:15 AM"_s, u"2026-03-01 00:15:00"_s},             // midnight
+            {us, u"3/1/2026 3:15\u202fPM"_s, u"2026-03-01 15:15:00"_s},         // a narrow no-break blank
+            {u"es_MX"_s, u"1/3/2026 3:15 p. m."_s, u"2026-03-01 15:15:00"_s},   // halves of the day of its own
+            {u"ko_KR"_s, u"2026. 3. 1. 오후 3:15"_s, u"2026-03-01 15:15:00"_s}, // in front
+            {us, u"3/1/26 18:15"_s, u"2026-03-01 18:15:00"_s},
+            {da, u"1.3.70 18.15"_s, u"2070-03-01 18:15:00"_s}, // the century of 2000
+            {da, u"1-3-2026 8:30"_s, u"2026-03-01 08:30:00"_s},
+            {da, u"2026-03-01T08:30:15"_s, u"2026-03-01 08:30:15"_s},
+            {da, u"søndag den 1. marts 2026 08.30.15"_s, u"2026-03-01 08:30:15"_s},
+            {u"fr_CA"_s, u"2026-03-01 08 h 30"_s, u"2026-03-01 08:30:00"_s},
+            {u"C"_s, u"1 Mar 2026 08:30:15"_s, u"2026-03-01 08:30:15"_s},
+        };
+        for (const QStringList &each : cases) {
+            const std::optional<QDateTime> time = ReadDateTime(each[1], QLocale(each[0]), now);
+            QVERIFY2(time && time->timeSpec() == Qt::UTC, qPrintable(each[1]));
+            QCOMPARE(time->toString(u"yyyy-MM-dd HH:mm:ss"_s), each[2]);
+        }
+    }
+
+    void Refuses()
+    {
+        for (const QString &text : {u""_s, u"abc"_s, u"8"_s, u"25:00"_s, u"8:75"_s, u"0875"_s, u"83015"_s, u"8:30 xm"_s,
+                                    u"13:30 PM"_s, u"1.3.2026"_s, u"2026-02-30"_s, u"2026-02-30 08:30"_s,
+                                    u"30.02.2026 08:30"_s, u"1.3.126 08:30"_s, u"1.3.2026 08:30 and more"_s})
+            for (const QString &locale : {u"da_DK"_s, u"en_US"_s, u"C"_s})
+                QVERIFY2(!ReadDateTime(text, QLocale(locale), now), qPrintable(text + u" in "_s + locale));
+    }
+
     void initTestCase() { QLocale::setDefault(QLocale(QLocale::Danish, QLocale::Denmark)); }
     void OpensUndecided()
     {
@@ -80,7 +119,7 @@ private slots:
         query.Show();
         QVERIFY(query.Option(1)->isChecked());
         QCOMPARE(ReadDateTime(query.Box()->text(), QLocale(), query.At(0, 0)), query.time.now);
-        QCOMPARE(query.form.findChild<QLabel *>(u"Labels_0"_s)->text(), query.clock.CurrentJob);
+        QCOMPARE(query.Text("Labels_0"), query.clock.CurrentJob);
         QVERIFY(query.Undecided());
     }
 
@@ -94,7 +133,7 @@ private slots:
                 query.Show();
                 query.time.Advance(90);
                 if (way != "mouse")
-                    query.Choose(option);
+                    query.MoveTo(option);
                 if (way == "mouse")
                     QTest::mouseClick(query.Option(option), Qt::LeftButton, {}, QPoint(10, 10));
                 else if (way == "frame")
@@ -127,11 +166,11 @@ private slots:
     {
         Query query;
         query.Show();
-        query.Choose(3);
-        QTest::mouseClick(query.Button(), Qt::LeftButton);
+        query.MoveTo(3);
+        query.Press("Commands_0");
         QVERIFY(query.Option(2)->isChecked());
         QVERIFY(query.Undecided());
-        QTest::mouseClick(query.Button(), Qt::LeftButton);
+        query.Press("Commands_0");
         QVERIFY(query.OutAt(query.time.now));
     }
 
@@ -142,7 +181,7 @@ private slots:
             query.Show();
             query.Type(u"25:00"_s);
             if (way == "button")
-                QTest::mouseClick(query.Button(), Qt::LeftButton);
+                query.Press("Commands_0");
             else if (way == "frame")
                 QVERIFY(!query.form.close());
             else

@@ -1,45 +1,32 @@
 #include "clock/NoteText.h"
 #include "clock/Notes.h"
-#include "platform/dao/Database.h"
-#include "support/AnsweredPrompts.h"
-#include "support/NoTexts.h"
-#include "support/ProgramFolder.h"
-#include "support/SettableTime.h"
+#include "support/AtWindow.h"
 
 #include <QClipboard>
-#include <QLabel>
-#include <QLineEdit>
 #include <QMimeData>
 #include <QPlainTextEdit>
-#include <QPushButton>
 #include <QTableView>
-#include <QTest>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-const QString notesFile = u"ANNA Stemp.mdb"_s;
-
 // The window on the screen, while the clock stands at job "O'B" and at 2 March 2026.
-struct Notebook
+struct Notebook : AtWindow
 {
     explicit Notebook(const std::vector<Note> &notes = {})
     {
-        folder.Copy(u"blank Stemp.mdb"_s, notesFile);
-        localDB = dao::Database::OpenDatabase(folder.File(notesFile), std::chrono::milliseconds(1));
+        folder.MakePersonal();
+        localDB = dao::Database::OpenDatabase(folder.File(personalFile), std::chrono::milliseconds(1));
         dao::Transaction adding(localDB, {});
         for (const Note &note : notes)
             AddNote(localDB, note);
         adding.Commit();
-        form.Load();
-        form.show();
+        Open(form);
     }
 
-    template <class T> T *Find(const char *name) const { return form.findChild<T *>(QLatin1String(name)); }
     QPlainTextEdit *NewNote() const { return Find<QPlainTextEdit>("NoteText"); }
-    QString Status() const { return Find<QLabel>("StatusLabel")->text(); }
-    void Press(const char *button) const { QTest::mouseClick(Find<QPushButton>(button), Qt::LeftButton); }
+    QString Status() const { return Text("StatusLabel"); }
     void Save(const QString &text) const
     {
         NewNote()->setPlainText(text);
@@ -62,11 +49,7 @@ struct Notebook
         return stored;
     }
 
-    ProgramFolder folder;
     dao::Database localDB;
-    SettableTime time;
-    AnsweredPrompts prompts;
-    NoTexts texts;
     Notes form{texts, prompts, localDB, time, u"O'B"_s};
 };
 
@@ -106,8 +89,8 @@ private slots:
         QFETCH(QString, typed);
         QFETCH(QString, stored);
         Notebook book(Many());
-        book.Find<QLineEdit>("FindText")->setText(u"second"_s);
-        book.Find<QLineEdit>("JobText")->setText(u" D'A \" 7 "_s);
+        book.Box("FindText")->setText(u"second"_s);
+        book.Box("JobText")->setText(u" D'A \" 7 "_s);
         book.Save(typed);
         QCOMPARE(book.Stored().last(), u"D'A \" 7|"_s + stored);
         QCOMPARE(book.Current(), stored);
@@ -122,8 +105,8 @@ private slots:
     void FindsNotes()
     {
         const Notebook book(Many());
-        auto *job = book.Find<QLineEdit>("JobText");
-        auto *find = book.Find<QLineEdit>("FindText");
+        auto *job = book.Box("JobText");
+        auto *find = book.Box("FindText");
         const auto *grid = book.Find<QTableView>("NotesGrid");
         QCOMPARE(job->text(), u"O'B"_s);
         QCOMPARE(book.Current(), u"2026.01.02 - first of the job"_s);
@@ -153,15 +136,14 @@ private slots:
     void LosesNothing()
     {
         Notebook book;
-        dao::Database other = dao::Database::OpenDatabase(book.folder.File(notesFile));
-        other.Execute(u"BEGIN EXCLUSIVE"_s, {}, {});
+        Holder other(book.folder.File(personalFile));
         book.Save(u"kept"_s);
         QVERIFY(!book.Status().isEmpty());
         QTest::keyClick(book.NewNote(), Qt::Key_Escape); // and back
         QCOMPARE(book.NewNote()->toPlainText(), u"kept"_s);
         QCOMPARE(book.prompts.messages.size(), 1);
         QVERIFY(book.form.IsLoaded());
-        other.Close();
+        other.LetGo();
         book.Press("SaveButton");
         QCOMPARE(book.Status(), QString());
         QCOMPARE(book.Current(), u"2026.03.02 - kept"_s);
@@ -182,36 +164,6 @@ private slots:
         book.prompts.firstChoice = false;
         book.Press("OKButton");
         QVERIFY(!book.form.IsLoaded() && book.Stored().isEmpty());
-    }
-
-    void FollowsTheWindow()
-    {
-        Notebook book;
-        QTRY_VERIFY(book.form.IsSettled());
-        const auto place = [&](const char *name) { return book.Find<QWidget>(name)->geometry(); };
-        const auto places = [&] {
-            QString text;
-            for (const auto &control : book.form.Controls())
-                if (const QWidget *widget = control->Widget())
-                    QDebug(&text) << widget->geometry();
-            return text;
-        };
-        const QString before = places();
-        const QRect grid = place("NotesGrid");
-        const QRect whole = place("WholeNote");
-        const QSize size = book.form.size();
-        for (int step = 1; step <= 90; ++step)
-            book.form.resize(size + QSize(step, step));
-        QCOMPARE(place("NotesGrid"), grid.adjusted(0, 0, 90, 60));
-        QCOMPARE(place("WholeNote"), whole.adjusted(0, 60, 90, 90));
-        book.form.resize(size);
-        QCOMPARE(places(), before);
-        book.form.showMaximized();
-        QTRY_VERIFY(places() != before);
-        QString stored;
-        book.texts.saved = [&](const Form &) { stored = places(); };
-        book.form.Unload();
-        QCOMPARE(stored, before);
     }
 };
 

@@ -1,9 +1,7 @@
 #include "company/CompanyLink.h"
-#include "platform/dao/Database.h"
 #include "support/ProgramFolder.h"
 
 #include <QElapsedTimer>
-#include <QFile>
 #include <QRegularExpression>
 #include <QSemaphore>
 #include <QTest>
@@ -33,21 +31,16 @@ QString UserNames(dao::Database &database)
     return rows[0][0].toString();
 }
 
-// Copies of the template of the job database, "a.mdb" and "b.mdb".
 struct Files : ProgramFolder
 {
     Files()
     {
-        Copy(u"Blank Jobs.mdb"_s, u"a.mdb"_s);
-        Copy(u"Blank Jobs.mdb"_s, u"b.mdb"_s);
+        MakeJobs(u"a.mdb"_s);
+        MakeJobs(u"b.mdb"_s);
     }
     QString Users(const QString &name) const
     {
-        const QList<QVariantList> rows = Sql(name, u"SELECT User FROM Users ORDER BY Id"_s);
-        QStringList users;
-        for (const QVariantList &row : rows)
-            users.append(row[0].toString());
-        return users.join(u' ');
+        return Rows(name, u"SELECT group_concat(User, ' ') FROM (SELECT User FROM Users ORDER BY Id)"_s);
     }
 };
 
@@ -209,21 +202,20 @@ private slots:
         CompanyLink link(CompanyLink::Mode::Thread);
         link.Open(files.File(u"a.mdb"_s));
         QVERIFY(link.AskWithin(plenty, UserNames));
-        dao::Database other = dao::Database::OpenDatabase(files.File(u"a.mdb"_s));
         {
-            const dao::Transaction lock(other, u"a test"_s);
+            const Holder other(files.File(u"a.mdb"_s), Holder::Writing);
             QVERIFY(!link.AskWithin(little, AddUser(u"ANNA"_s)));
         }
         QTRY_VERIFY(link.AskWithin(plenty, UserNames));
         QCOMPARE(link.AskWithin(plenty, UserNames)->value.value(), u"ANNA"_s); // late, not lost
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"UNIQUE"_s));   // nor is a late error
         {
-            const dao::Transaction lock(other, u"a test"_s);
+            const Holder other(files.File(u"a.mdb"_s), Holder::Writing);
             QVERIFY(!link.AskWithin(little, AddUser(u"ANNA"_s)));
         }
         QTRY_VERIFY(link.AskWithin(plenty, UserNames));
         {
-            const dao::Transaction lock(other, u"a test"_s);
+            const Holder other(files.File(u"a.mdb"_s), Holder::Writing);
             QVERIFY(link.AskWithin(plenty, [](dao::Database &database) { database.SetBusyWait(little); }));
             QCOMPARE(link.AskWithin(plenty, AddUser(u"BO"_s))->error->Kind(), dao::ErrorKind::Busy);
         }
@@ -238,12 +230,15 @@ private slots:
 #endif
         const Files files;
         const QString path = files.File(u"a.mdb"_s);
-        CompanyLink link(CompanyLink::Mode::Thread);
+        CompanyLink link(CompanyLink::Mode::Inline);
         link.Open(path);
-        QVERIFY(link.AskWithin(plenty, AddUser(u"ANNA"_s))->value);
-        QVERIFY(QFile::rename(path, files.File(u"away.mdb"_s)) && QFile::rename(files.File(u"b.mdb"_s), path));
-        QVERIFY(link.AskWithin(plenty, AddUser(u"BO"_s))->value);
-        QVERIFY(link.Stop(plenty));
+        int answers = 0;
+        const auto count = [&answers](const Answer<int> &) { ++answers; };
+        link.Ask(this, AddUser(u"ANNA"_s), count);
+        connect(&link, &CompanyLink::Replaced, this, [&] { link.Open(files.File(u"c.mdb"_s)); });
+        QVERIFY(QFile::remove(path) && QFile::rename(files.File(u"b.mdb"_s), path));
+        link.Ask(this, AddUser(u"BO"_s), count); // done, but its answer is not one of the file in use
+        QCOMPARE(answers, 1);
         QCOMPARE(files.Users(u"a.mdb"_s), u"BO"_s);
     }
 };

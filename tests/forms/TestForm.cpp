@@ -4,17 +4,6 @@
 
 #include <QKeyEvent>
 
-void RememberingServices::LoadProperties(Form &form)
-{
-    if (stored)
-        form.SetStoredGeometry(*stored);
-}
-
-void RememberingServices::SaveProperties(Form &form)
-{
-    stored = form.StoredGeometry();
-}
-
 TestForm::TestForm(FormServices &services)
     : Form(QStringLiteral("TestForm"), services), ui_(std::make_unique<Ui::TestForm>())
 {

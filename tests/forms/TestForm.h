@@ -16,10 +16,14 @@ class TestForm;
 class RememberingServices : public FormServices
 {
 public:
-    void LoadProperties(Form &form) override;
-    void SaveProperties(Form &form) override;
-
     std::optional<Geometry> stored;
+
+    void LoadProperties(Form &form) override
+    {
+        if (stored)
+            form.SetStoredGeometry(*stored);
+    }
+    void SaveProperties(Form &form) override { stored = form.StoredGeometry(); }
 };
 
 // A window with one of everything that matters; notes what happens to it.

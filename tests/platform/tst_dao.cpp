@@ -3,11 +3,12 @@
 #include "platform/dao/DateLiterals.h"
 #include "platform/dao/DateValue.h"
 #include "platform/dao/Error.h"
+#include "platform/dao/Recordset.h"
 #include "platform/dao/TableDef.h"
 #include "support/EmptyDatabase.h"
+#include "support/ProgramFolder.h"
 
 #include <QDir>
-#include <QFile>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QTest>
@@ -33,16 +34,6 @@ template <class Work> std::optional<ErrorKind> KindThrownBy(Work work)
     return std::nullopt;
 }
 
-int CountPeople(Database &database)
-{
-    return database.Select(u"SELECT count(*) FROM People"_s, {}, u"counting"_s)[0][0].toInt();
-}
-
-void AddPerson(Database &database, const QString &name)
-{
-    database.Insert(u"INSERT INTO People (Name) VALUES (?)"_s, {name}, u"adding a person"_s);
-}
-
 QVariant Value(Database &database, const QString &expression, const QVariantList &values = {})
 {
     return database.Select(u"SELECT "_s + expression, values, u"evaluating"_s).value(0).value(0);
@@ -54,20 +45,17 @@ class TestDao : public QObject
 {
     Q_OBJECT
 
-private:
-    QTemporaryDir folder_;
-    int files_ = 0;
-
-    QString NewPath() { return folder_.filePath(u"%1.mdb"_s.arg(++files_)); }
-
-    QString NewFile()
+private slots:
+    void init()
     {
-        const QString path = NewPath();
-        EmptyDatabase(path).CreateTableDef(people);
-        return path;
+        database_ = Database::OpenDatabase(NewFile()); // with people, and with jobs
+        database_.CreateTableDef({u"Jobs"_s,
+                                  {{u"Name"_s, u"TEXT"_s, true}, {u"Hours"_s, u"REAL NOT NULL DEFAULT 1.5"_s}},
+                                  {{u"ByName"_s, u"Name"_s}}});
+        database_.Execute(u"INSERT INTO Jobs (Name) VALUES ('delta'), ('Alpha'), ('charlie'), ('Bravo')"_s, {},
+                          u"preparing"_s);
     }
 
-private slots:
     void PathsOfAnyCharacters()
     {
         QStringList names{u"ÆØÅ æøå"_s, u"100% 50%25"_s, u"a#b;c&d=e"_s, u"it's so"_s};
@@ -84,15 +72,12 @@ private slots:
 
     void LeavesAnotherProgramsWriteAheadLogAlone()
     {
-        QFile file(NewFile());
-        Database::OpenDatabase(file.fileName()).Select(u"PRAGMA journal_mode = WAL"_s, {}, u"a test"_s);
-        QVERIFY(file.open(QFile::ReadOnly));
-        const QByteArray before = file.readAll();
-        file.close();
-        QCOMPARE(KindThrownBy([&] { Database::OpenDatabase(file.fileName()); }), ErrorKind::Other);
-        QVERIFY(file.open(QFile::ReadOnly));
-        QCOMPARE(file.readAll(), before);
-        QVERIFY(!QFile::exists(file.fileName() + u"-wal"_s));
+        const QString path = NewFile();
+        Database::OpenDatabase(path).Select(u"PRAGMA journal_mode = WAL"_s, {}, u"a test"_s);
+        const QByteArray before = Content(path);
+        QCOMPARE(KindThrownBy([&] { Database::OpenDatabase(path); }), ErrorKind::Other);
+        QCOMPARE(Content(path), before);
+        QVERIFY(!QFile::exists(path + u"-wal"_s));
     }
 
     void WhatCannotBeWrittenCanBeRead()
@@ -106,22 +91,21 @@ private slots:
             QVERIFY(QFile::setPermissions(path, permissions));
             const OrdinaryUser user(folder_.path());
             Database database = Database::OpenDatabase(path);
-            QCOMPARE(CountPeople(database), 0);
-            QCOMPARE(KindThrownBy([&] { AddPerson(database, u"Anna"_s); }), ErrorKind::ReadOnly);
+            QCOMPARE(Value(database, u"count(*) FROM People"_s).toInt(), 0);
+            QCOMPARE(KindThrownBy([&] { database.Execute(u"DELETE FROM People"_s, {}, {}); }), ErrorKind::ReadOnly);
         }
     }
 
     void ValuesAreStoredAsTheProgramNeedsThem()
     {
-        Database database = Database::OpenDatabase(NewFile());
-        QCOMPARE(Value(database, u"?"_s, {true}).toInt(), -1);
-        QCOMPARE(Value(database, u"?"_s, {false}).toInt(), 0);
-        QCOMPARE(Value(database, u"?"_s, {WallTime({1900, 1, 1}, {12, 0})}).toDouble(), 2.5);
-        QCOMPARE(Value(database, u"? IS NULL"_s, {QVariant()}).toInt(), 1);
-        QCOMPARE(database.Insert(u"INSERT INTO People (Name) VALUES (?)"_s, {u"Anna"_s}, u"adding"_s), 1);
-        QCOMPARE(database.Insert(u"INSERT OR IGNORE INTO People (Name) VALUES (?)"_s, {u"anna"_s}, u"adding"_s), 0);
+        QCOMPARE(Value(database_, u"?"_s, {true}).toInt(), -1);
+        QCOMPARE(Value(database_, u"?"_s, {false}).toInt(), 0);
+        QCOMPARE(Value(database_, u"?"_s, {WallTime({1900, 1, 1}, {12, 0})}).toDouble(), 2.5);
+        QCOMPARE(Value(database_, u"? IS NULL"_s, {QVariant()}).toInt(), 1);
+        QCOMPARE(database_.Insert(u"INSERT INTO People (Name) VALUES (?)"_s, {u"Anna"_s}, u"adding"_s), 1);
+        QCOMPARE(database_.Insert(u"INSERT OR IGNORE INTO People (Name) VALUES (?)"_s, {u"anna"_s}, u"adding"_s), 0);
         // A misspelt field is no text.
-        QCOMPARE(KindThrownBy([&] { Value(database, u"1 FROM People WHERE \"Nmae\" = 'Anna'"_s); }), ErrorKind::Other);
+        QCOMPARE(KindThrownBy([&] { Value(database_, u"1 FROM People WHERE \"Nmae\" = 'Anna'"_s); }), ErrorKind::Other);
     }
 
     void DatesAreExactToTheSecond()
@@ -153,24 +137,130 @@ private slots:
 
     void DateFunctions()
     {
-        Database database = Database::OpenDatabase(NewFile());
         QDateTime now = WallTime({2024, 2, 29}, {23, 59, 59});
-        database.RegisterFunctions([&now] { return now; });
-        QCOMPARE(Value(database, u"Now()"_s).toDouble(), ToDays(now));
-        QCOMPARE(Value(database, TranslateDateLiterals(u"Now() = #2/29/2024 23:59:59#"_s)).toInt(), 1);
-        QCOMPARE(Value(database, u"Year(Now()) * 10000 + Month(Now()) * 100 + Day(Now())"_s).toInt(), 20240229);
+        database_.RegisterFunctions([&now] { return now; });
+        QCOMPARE(Value(database_, u"Now()"_s).toDouble(), ToDays(now));
+        QCOMPARE(Value(database_, TranslateDateLiterals(u"Now() = #2/29/2024 23:59:59#"_s)).toInt(), 1);
+        const QString day = u"Year(Now()) * 10000 + Month(Now()) * 100 + Day(Now())"_s;
+        QCOMPARE(Value(database_, day).toInt(), 20240229);
         now = now.addSecs(1);
-        QCOMPARE(Value(database, u"Day(Now())"_s).toInt(), 1);
-        QCOMPARE(Value(database,
-                       u"Year(NULL) IS NULL AND Day('x') IS NULL AND Month(1e300) IS NULL AND CInt(NULL) IS NULL"_s)
-                     .toInt(),
-                 1);
-
+        QCOMPARE(Value(database_, day).toInt(), 20240301);
         // Halves go to the even number, and so does what is as good as a half.
-        QCOMPARE(Value(database, u"CInt(2.5) = 2 AND CInt(3.5) = 4 AND CInt(-2.5) = -2 AND CInt(2.5001) = 2 "
-                                 "AND CInt(2.5 + 1 / 3600.0) = 3 AND CInt(1e15 + 1) = 1e15 + 1"_s)
-                     .toInt(),
-                 1);
+        for (const QString &fact :
+             {u"Year(NULL) IS NULL"_s, u"Day('x') IS NULL"_s, u"Month(1e300) IS NULL"_s, u"CInt(NULL) IS NULL"_s,
+              u"CInt(2.5) = 2"_s, u"CInt(3.5) = 4"_s, u"CInt(-2.5) = -2"_s, u"CInt(2.5001) = 2"_s,
+              u"CInt(2.5 + 1 / 3600.0) = 3"_s, u"CInt(1e15 + 1) = 1e15 + 1"_s})
+            QVERIFY2(Value(database_, fact).toBool(), qPrintable(fact));
+    }
+
+    void WalksInOrderAndSeeks()
+    {
+        Recordset rows = Jobs(false);
+        QVERIFY(rows.IsOpen() && rows.Eof());
+        QCOMPARE(All(rows), u"delta Alpha charlie Bravo"_s);
+        rows.MoveNext(); // past the end already
+        QVERIFY(rows.Eof());
+        rows.Index(u"BYNAME"_s);
+        QCOMPARE(All(rows), u"Alpha Bravo charlie delta"_s);
+
+        // What was read is kept, and no read stays open in the way of a writer.
+        Database writer = Database::OpenDatabase(database_.Path(), std::chrono::milliseconds(10));
+        QCOMPARE(writer.Execute(u"DELETE FROM Jobs WHERE Name = 'delta'"_s, {}, u"writing"_s), 1);
+        QCOMPARE(All(rows), u"Alpha Bravo charlie delta"_s);
+        QCOMPARE(Count(), 3);
+
+        rows.AddNew();
+        rows.SetField(u"name"_s, u"Dora"_s);
+        rows.SetField(u"no such field"_s, 1);
+        rows.Update();
+        QCOMPARE(rows.Field(u"Hours"_s).toDouble(), 1.5);
+        database_.Insert(u"INSERT INTO Jobs (Name) VALUES ('Beta')"_s, {}, u"another's row"_s);
+        rows.Seek(u"BETA"_s); // reads anew
+        QCOMPARE(Rest(rows), u"Beta Bravo charlie Dora"_s);
+        rows.Seek(u"nobody"_s);
+        QVERIFY(rows.NoMatch() && rows.Eof());
+    }
+
+    void EditWritesOnlyWhatWasSet()
+    {
+        Recordset rows = Jobs();
+        rows.Seek(u"bravo"_s);
+        rows.Edit();
+        database_.Execute(u"UPDATE Jobs SET Hours = 7"_s, {}, u"another's change"_s);
+        rows.SetField(u"Name"_s, u"Brava"_s);
+        rows.Update();
+        QCOMPARE(rows.Field(u"Hours"_s).toDouble(), 7.0);
+        QCOMPARE(All(rows), u"Alpha Brava charlie delta"_s);
+
+        rows.MoveFirst();
+        rows.Edit();
+        rows.SetField(u"Name"_s, u"lost"_s);
+        rows.MoveNext(); // a move gives up the edit
+        QVERIFY_THROWS_EXCEPTION(Error, rows.Update());
+        QCOMPARE(All(rows), u"Alpha Brava charlie delta"_s);
+    }
+
+    void FailedUpdateCanBeTriedAgain()
+    {
+        Recordset rows = Jobs();
+        rows.AddNew();
+        rows.SetField(u"Name"_s, u"echo"_s);
+        {
+            const Holder other(database_.Path(), Holder::Writing);
+            database_.SetBusyWait(std::chrono::milliseconds(10));
+            QVERIFY_THROWS_EXCEPTION(Error, rows.Update());
+        }
+        rows.Update();
+        QCOMPARE(Count(), 5);
+
+        database_.Execute(u"DELETE FROM Jobs"_s, {}, u"another's deletion"_s);
+        rows.Edit();
+        rows.SetField(u"Hours"_s, 2);
+        QVERIFY_THROWS_EXCEPTION(Error, rows.Update());
+    }
+
+private:
+    QTemporaryDir folder_;
+    int files_ = 0;
+    Database database_;
+
+    QString NewPath()
+    {
+        return folder_.filePath(u"%1.mdb"_s.arg(++files_));
+    }
+
+    QString NewFile()
+    {
+        const QString path = NewPath();
+        EmptyDatabase(path).CreateTableDef(people);
+        return path;
+    }
+
+    // The names from the current row on.
+    static QString Rest(Recordset &rows)
+    {
+        QStringList names;
+        for (; !rows.Eof(); rows.MoveNext())
+            names.append(rows.Field(u"Name"_s).toString());
+        return names.join(u' ');
+    }
+    static QString All(Recordset &rows)
+    {
+        rows.MoveFirst();
+        return Rest(rows);
+    }
+
+    Recordset Jobs(bool byName = true)
+    {
+        Recordset rows = database_.OpenRecordset(u"Jobs"_s);
+        if (byName)
+            rows.Index(u"ByName"_s);
+        return rows;
+    }
+
+    int Count()
+    {
+        return database_.Select(u"SELECT count(*) FROM Jobs"_s, {}, u"counting"_s)[0][0].toInt();
     }
 };
 

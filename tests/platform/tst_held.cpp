@@ -1,7 +1,7 @@
 #include "OrdinaryUser.h"
-#include "platform/dao/Database.h"
 #include "platform/dao/TableDef.h"
 #include "support/EmptyDatabase.h"
+#include "support/ProgramFolder.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -91,22 +91,10 @@ private:
         Database database = EmptyDatabase(path);
         for (const QString &table : tables)
             database.CreateTableDef({table, {{u"Name"_s, u"TEXT"_s}}, {}});
-        Transaction transaction(database, u"preparing"_s);
-        for (int row = 0; row < 200; ++row)
-            database.Insert(u"INSERT INTO Projects (Name) VALUES (?)"_s, {QString(500, u'x')}, u"preparing"_s);
-        transaction.Commit();
+        database.Execute(u"INSERT INTO Projects (Name) WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n "
+                         "WHERE i < 200) SELECT hex(zeroblob(250)) FROM n"_s,
+                         {}, u"preparing"_s);
         return path;
-    }
-
-    static QByteArray Content(const QString &path) // only while no connection is open
-    {
-        QFile file(path);
-        return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
-    }
-
-    static int Count(Database &database)
-    {
-        return database.Select(u"SELECT count(*) FROM Projects"_s, {}, u"counting"_s)[0][0].toInt();
     }
 
 private slots:
@@ -125,7 +113,7 @@ private slots:
         QCOMPARE(third.failure, HeldFailure::None);
         // Writing and reading do not let go of it.
         third.database.Insert(u"INSERT INTO Projects (Name) VALUES ('a')"_s, {}, u"writing"_s);
-        QCOMPARE(Count(third.database), 201);
+        QCOMPARE(third.database.Texts(u"SELECT count(*) FROM Projects"_s, {}), QStringList(u"201"_s));
         Copy fourth(path);
         fourth.Go();
         QCOMPARE(fourth.Answer(), u"refused"_s);
@@ -154,8 +142,7 @@ private slots:
     void InUseElsewhereIsNotAnotherCopy()
     {
         const QString path = NewFile();
-        Database other = Database::OpenDatabase(path);
-        const Transaction transaction(other, u"being in the way"_s);
+        const Holder other(path, Holder::Writing);
         QCOMPARE(Database::OpenHeld(path, tables).failure, HeldFailure::InUseElsewhere);
     }
 

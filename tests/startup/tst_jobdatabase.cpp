@@ -5,8 +5,6 @@
 #include "support/ProgramFolder.h"
 #include "support/SettableTime.h"
 
-#include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QSignalSpy>
 #include <QTest>
@@ -18,30 +16,14 @@ using namespace std::chrono_literals;
 
 namespace {
 
-const QString jobsFile = u"Jobs.mdb"_s;
-const QString companyFile = u"company.mdb"_s;
 constexpr auto plenty = 20s; // for what must come
 
 // A program folder with a company file beside the program that lists one job.
 struct WithCompany : ProgramFolder
 {
-    WithCompany()
-    {
-        Copy(u"Blank Jobs.mdb"_s, companyFile);
-        AddJob(companyFile, u"C1"_s);
-    }
-    void AddJob(const QString &name, const QString &id) const
-    {
-        Sql(name, u"INSERT INTO Projects (JobID, JobName) VALUES (?, 'x')"_s, {id});
-    }
+    WithCompany() { MakeJobs(companyFile, {u"C1"_s}); }
     QString Company() const { return File(companyFile); }
 };
-
-QByteArray Content(const QString &path)
-{
-    QFile file(path);
-    return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray("unreadable");
-}
 
 // A second name for a file.
 bool Link(const QString &file, const QString &name)
@@ -80,21 +62,31 @@ class TestJobDatabase : public QObject
     Q_OBJECT
 
 private slots:
+    void TakesTheConfiguredFileOfAnyVersion_data()
+    {
+        QTest::addColumn<QStringList>("statements");
+        QTest::newRow("knows more") << QStringList(
+            {u"ALTER TABLE Users ADD COLUMN Phone TEXT DEFAULT '-'"_s, u"CREATE TABLE Rooms (Room TEXT)"_s});
+        QTest::newRow("knows less") << QStringList({u"DROP TABLE Users"_s, u"CREATE TABLE Users (User TEXT)"_s});
+    }
+
     void TakesTheConfiguredFileOfAnyVersion()
     {
+        QFETCH(QStringList, statements);
         const WithCompany folder;
-        folder.Sql(companyFile, u"ALTER TABLE Users ADD COLUMN Phone TEXT DEFAULT '-'"_s);
-        folder.Sql(companyFile, u"CREATE TABLE Rooms (Room TEXT)"_s);
+        for (const QString &statement : statements)
+            folder.Sql(companyFile, statement);
         Copy copy(folder);
         copy.jobs.Choose(folder.Company());
         QVERIFY(copy.UsesCompany());
         QVERIFY(!folder.Has(jobsFile));
+        QVERIFY(copy.jobs.RowsForLocalCopy(1s));
         copy.jobs.AddSelfToUsers();
         copy.jobs.Set_In();
         copy.jobs.FillJobList();
         QCOMPARE(copy.lists.CompanyList.Items(), QStringList(u"C1 : x"_s));
         QVERIFY(copy.jobs.Close(1s));
-        QCOMPARE(folder.Sql(companyFile, u"SELECT User, State FROM Users"_s), QList<QVariantList>({{u"ANNA"_s, -1}}));
+        QCOMPARE(folder.Rows(companyFile, u"SELECT User, State FROM Users"_s), u"ANNA -1"_s);
     }
 
     void FallsBackToTheLocalCopyAndLooksForTheFile_data()
@@ -102,7 +94,7 @@ private slots:
         QTest::addColumn<QByteArray>("content"); // of the configured file
         QTest::newRow("missing") << QByteArray();
         QTest::newRow("no database") << QByteArray("Dear diary, ").repeated(1000);
-        QTest::newRow("lacks the users") << QByteArray("DROP TABLE Users");
+        QTest::newRow("lacks the users") << ProgramFolder().Content(u"Blank.mdb"_s);
     }
 
     void FallsBackToTheLocalCopyAndLooksForTheFile()
@@ -110,13 +102,8 @@ private slots:
         QFETCH(QByteArray, content);
         const ProgramFolder folder;
         const QString company = folder.File(companyFile);
-        if (content.startsWith("DROP")) {
-            folder.Copy(u"Blank Jobs.mdb"_s, companyFile);
-            folder.Sql(companyFile, QString::fromLatin1(content));
-        } else if (!content.isEmpty()) {
+        if (!content.isEmpty())
             folder.Write(companyFile, content);
-        }
-        const QByteArray before = Content(company);
         Copy copy(folder);
         copy.jobs.Choose(company);
         QVERIFY(copy.UsesLocalCopy());
@@ -125,11 +112,11 @@ private slots:
         copy.jobs.Set_In(); // presence writes are skipped
         copy.jobs.LookForConfigured();
         QVERIFY(copy.found.isEmpty());
-        QCOMPARE(Content(company), before);
-        QCOMPARE(folder.Sql(jobsFile, u"SELECT User, State FROM Users"_s), QList<QVariantList>({{u"ANNA"_s, 0}}));
+        QCOMPARE(folder.Content(companyFile), content);
+        QCOMPARE(folder.Rows(jobsFile, u"SELECT User, State FROM Users"_s), u"ANNA 0"_s);
 
         QFile::remove(company);
-        folder.Copy(u"Blank Jobs.mdb"_s, companyFile);
+        folder.MakeJobs(companyFile);
         copy.jobs.LookForConfigured();
         QCOMPARE(copy.found.value(0).value(0).toString(), company);
         QVERIFY(copy.UsesLocalCopy()); // it is found, not taken
@@ -152,6 +139,25 @@ private slots:
         QCOMPARE(afterPoll(u"INSERT INTO Users (User) VALUES ('BO')"_s), u"0 C1 : x"_s); // none of the list
         QCOMPARE(afterPoll(u"INSERT INTO Projects (JobID) VALUES ('C2')"_s), u"1 C1 : x, C2 : "_s);
         QCOMPARE(afterPoll(u"DELETE FROM Projects WHERE JobID = 'C1'"_s), u"2 C2 : "_s);
+        QCOMPARE(afterPoll(u"INSERT INTO Projects (JobID) VALUES ('C3')"_s), u"3 C2 : , C3 : "_s);
+        copy.jobs.ForgetPolls(); // what is told again is not the list: no job came or went
+        QCOMPARE(afterPoll(u"UPDATE Projects SET JobName = 'y' WHERE JobID = 'C2'"_s), u"3 C2 : , C3 : "_s);
+        copy.jobs.FillJobList();
+        QCOMPARE(filled.size(), 3);
+    }
+
+    void AnswersEachCreation()
+    {
+        const WithCompany folder;
+        Copy copy(folder, false, CompanyLink::Mode::Thread);
+        copy.jobs.Choose(folder.Company());
+        QStringList answers;
+        for (const QString &id : {u"N1"_s, u"C1"_s}) // the first was not waited for
+            copy.jobs.CreateJob(this, {id, u"x"_s}, [&answers, id](Projects::Creation creation) {
+                answers.append(id + (creation == Projects::Creation::Stored ? u" stored"_s : u" refused"_s));
+            });
+        copy.jobs.Choose(folder.Company()); // it stays in use
+        QTRY_COMPARE(answers.join(u", "_s), u"N1 stored, C1 refused"_s);
     }
 
     void NoticesAnotherFileInThePlaceOfTheOneInUse()
@@ -164,14 +170,13 @@ private slots:
         copy.jobs.Choose(folder.Company());
         copy.jobs.FillJobList();
         const QString backup = u"backup.mdb"_s; // with as many jobs
-        folder.Copy(u"Blank Jobs.mdb"_s, backup);
-        folder.Sql(backup, u"INSERT INTO Projects (JobID, JobName) VALUES ('C1', 'y')"_s);
+        folder.MakeJobs(backup, {u"D1"_s});
         QVERIFY(QFile::remove(folder.Company()) && QFile::rename(folder.File(backup), folder.Company()));
         copy.jobs.Set_In();
         copy.Poll();
         QCOMPARE(copy.cameBack.size(), 1);
         copy.jobs.FillJobList();
-        QCOMPARE(copy.lists.CompanyList.Items(), QStringList(u"C1 : y"_s));
+        QCOMPARE(copy.lists.CompanyList.Items(), QStringList(u"D1 : x"_s));
         copy.Poll();
         QCOMPARE(copy.cameBack.size(), 1);
     }
@@ -179,16 +184,15 @@ private slots:
     void TakesTheFileThatWasPickedLast()
     {
         const WithCompany folder;
-        folder.Copy(u"Blank Jobs.mdb"_s, u"other.mdb"_s);
+        folder.MakeJobs(u"other.mdb"_s);
         Copy copy(folder, false, CompanyLink::Mode::Thread);
         copy.jobs.Choose(folder.File(u"missing.mdb"_s));
         connect(&copy.jobs, &JobDatabase::Looked, &copy.jobs, &JobDatabase::ChooseLooked);
-        dao::Database holder = dao::Database::OpenDatabase(folder.Company());
-        holder.Execute(u"BEGIN EXCLUSIVE"_s, {}, {});
+        Holder holder(folder.Company());
         copy.jobs.LookAt(folder.Company());
         QVERIFY(copy.jobs.LocalJobs && copy.jobs.SoughtPath().isEmpty());
         copy.jobs.LookAt(folder.File(u"other.mdb"_s));
-        holder.Close();
+        holder.LetGo();
         QTRY_COMPARE(copy.jobs.CompanyPath, folder.File(u"other.mdb"_s));
         copy.jobs.LookAt(folder.Company());
         QTRY_COMPARE(copy.jobs.CompanyPath, folder.Company());
@@ -198,17 +202,15 @@ private slots:
     void GoesOnWithoutAFileThatIsLockedAtStart()
     {
         const WithCompany folder;
-        folder.Copy(u"Blank Jobs.mdb"_s, jobsFile);
-        folder.AddJob(jobsFile, u"L1"_s);
-        dao::Database other = dao::Database::OpenDatabase(folder.Company());
-        other.Execute(u"BEGIN EXCLUSIVE"_s, {}, u"a test"_s);
+        folder.MakeJobs(jobsFile, {u"L1"_s});
+        Holder other(folder.Company());
         Copy copy(folder, false, CompanyLink::Mode::Thread);
         copy.jobs.Choose(folder.Company());
         QVERIFY(copy.UsesCompany()); // it is not missing
         copy.jobs.FillJobList();
         QTRY_COMPARE(copy.lists.CompanyList.Items(), QStringList(u"L1 : x"_s));
         copy.Poll();
-        other.Execute(u"COMMIT"_s, {}, u"a test"_s);
+        other.LetGo();
         const auto pollUntilBack = [&] {
             copy.Poll();
             return copy.cameBack.size() == 1;
@@ -236,13 +238,13 @@ private slots:
         Copy onNetwork(folder, true); // where the own file is everybody's
         QVERIFY(!rows(onNetwork, folder.Company()));
         QVERIFY(!rows(onNetwork, {}));
-        QVERIFY(onNetwork.jobs.EnterpriseOn && onNetwork.jobs.CompanyJobs && !onNetwork.jobs.LocalJobs);
+        QVERIFY(onNetwork.UsesCompany());
     }
 
     void KnowsTheOwnFileByAnySpelling()
     {
         const ProgramFolder folder;
-        folder.Copy(u"Blank Jobs.mdb"_s, jobsFile);
+        folder.MakeJobs(jobsFile);
         const QString link = folder.File(u"link.mdb"_s);
         QVERIFY(Link(folder.File(jobsFile), link));
         QStringList spellings{folder.Path() + u"/./Jobs.mdb"_s, link};
@@ -256,19 +258,6 @@ private slots:
             copy.jobs.Choose(spelling);
             QVERIFY(copy.jobs.EnterpriseOn && copy.jobs.LocalJobs && !copy.jobs.CompanyJobs);
         }
-    }
-
-    void AnotherFileBeginsWithAnEmptyList()
-    {
-        const ProgramFolder folder;
-        Copy copy(folder);
-        copy.jobs.Choose({});
-        folder.Sql(jobsFile, u"INSERT INTO Projects (JobID, JobName) VALUES ('A', 'Alpha')"_s);
-        copy.jobs.FillJobList();
-        copy.jobs.Choose({});
-        QCOMPARE(copy.lists.CompanyList.Items().size(), 1);
-        copy.jobs.Choose(folder.File(u"Blank Jobs.mdb"_s));
-        QVERIFY(copy.lists.CompanyList.IsEmpty());
     }
 
     void ChoosesThePersonalFileOnALocalDrive()
@@ -290,7 +279,7 @@ private slots:
             return Module1::ChooseLocalDBPath(copy.identity, login, copy.jobs).path;
         };
         QCOMPARE(choose(u"ANNA"_s), QString()); // nothing beside the program to match against
-        folder.Copy(u"Blank Jobs.mdb"_s, jobsFile);
+        folder.MakeJobs(jobsFile);
         folder.Sql(jobsFile, u"INSERT INTO Users (User, FullName) VALUES ('åh', 'anna'), ('ALL', 'bo')"_s);
         QCOMPARE(choose({}), QString());
         QCOMPARE(choose(u"ANNA"_s), folder.File(u"ÅH Stemp.mdb"_s));

@@ -1,11 +1,8 @@
 #include "settings/AdminForm.h"
 #include "support/RunningCopy.h"
 
-#include <QAction>
 #include <QCheckBox>
-#include <QLineEdit>
 #include <QListView>
-#include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QTableView>
@@ -14,43 +11,28 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-const QString jobsFile = u"Jobs.mdb"_s;
-const QString timeFile = u"ANNA.mdb"_s;
-
 // A started copy whose company list has three jobs, its main window active.
 struct Clocked
 {
     Clocked()
     {
-        folder.Copy(u"Blank Jobs.mdb"_s, jobsFile);
+        folder.MakeJobs(jobsFile);
         folder.Sql(jobsFile, u"INSERT INTO Projects (JobID, JobName) VALUES ('A1', 'Alpha lab'), "
                              "('B2', 'Ærø ferry'), ('LAB', 'Beta')"_s);
         copy = std::make_unique<RunningCopy>(folder);
         started = copy->Start();
         window = copy->main.Window();
-        text = copy->Find<QLineEdit>(u"TextUtil"_s);
-        list = copy->Find<QListView>(u"XList"_s);
-        button = copy->Find<QPushButton>(u"InOutButton"_s);
+        text = copy->Find<QLineEdit>("TextUtil");
+        list = copy->Find<QListView>("XList");
+        button = copy->Find<QPushButton>("InOutButton");
         started = started && QTest::qWaitForWindowActive(window);
     }
 
-    QStringList Shown() const
-    {
-        QStringList items;
-        for (int row = 0; row < list->model()->rowCount(); ++row)
-            items.append(list->model()->index(row, 0).data().toString());
-        return items;
-    }
+    QStringList Shown() const { return ShownRows(*list); }
     void ClickText() const { QTest::mouseClick(text, Qt::LeftButton); }
-    void ClickEntry(int row) const
+    QString Rows() const
     {
-        QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
-                          list->visualRect(list->model()->index(row, 0)).center());
-    }
-    void Menu(const char *name) const { copy->Find<QAction>(QLatin1String(name))->trigger(); }
-    QList<QVariantList> Rows() const
-    {
-        return folder.Sql(timeFile, u"SELECT JobID, StempOutTime IS NULL FROM Stemp ORDER BY Id"_s);
+        return folder.Rows(timeFile, u"SELECT JobID, StempOutTime IS NULL FROM Stemp ORDER BY Id"_s);
     }
     bool IsIn() const { return copy->Clock().IsStempedIn; }
 
@@ -89,8 +71,8 @@ private slots:
         QVERIFY(!clocked.list->isVisible());
 
         clocked.ClickText(); // a click right after is a click: nothing is swallowed
-        clocked.ClickEntry(0);
-        QCOMPARE(clocked.Rows(), QList<QVariantList>({{u"B2"_s, 0}, {u"A1"_s, 1}}));
+        ClickCell(*clocked.list, 0);
+        QCOMPARE(clocked.Rows(), u"B2 0, A1 1"_s);
 
         clocked.ClickText();
         QTest::keyClicks(clocked.text, u"no such job"_s);
@@ -107,10 +89,7 @@ private slots:
         Clocked clocked;
         QVERIFY(clocked.started);
         clocked.ClickText();
-        QTest::keyClicks(clocked.text, u"lab"_s);
-        QCOMPARE(clocked.Shown(), QStringList({u"A1 : Alpha lab"_s, u"LAB : Beta"_s}));
-        clocked.text->selectAll();
-        QTest::keyClicks(clocked.text, u"æRØ"_s);
+        TypeInto(clocked.text, u"æRØ"_s);
         QCOMPARE(clocked.Shown(), QStringList(u"B2 : Ærø ferry"_s));
         clocked.text->selectAll();
         clocked.text->insert(u"LAB : something else"_s); // a whole item: its id is searched
@@ -126,23 +105,22 @@ private slots:
         QVERIFY(clocked.started);
         const JobLists &lists = clocked.copy->program.lists;
         QCOMPARE(lists.Mode, ListMode::Company); // nothing recent yet
-        clocked.Menu("mnuRecent");
+        clocked.copy->Choose("mnuRecent");
         QCOMPARE(lists.Mode, ListMode::Company);
         QVERIFY(!clocked.list->isVisible());
-        clocked.Menu("mnuFull");
+        clocked.copy->Choose("mnuFull");
         QVERIFY(clocked.list->isVisible());
-        clocked.Menu("mnuFull");
+        clocked.copy->Choose("mnuFull");
         QVERIFY(!clocked.list->isVisible());
         clocked.ClickText();
-        clocked.ClickEntry(2);
-        clocked.Menu("mnuPersonal");
+        ClickCell(*clocked.list, 2);
+        clocked.copy->Choose("mnuPersonal");
         QCOMPARE(lists.Mode, ListMode::Personal);
         QCOMPARE(clocked.Shown(), QStringList(u"LAB : Beta"_s));
-        QTest::mouseClick(clocked.copy->Find<QTableView>(u"StempGrid"_s)->viewport(), Qt::LeftButton, {}, {5, 5});
+        QTest::mouseClick(clocked.copy->Find<QTableView>("StempGrid")->viewport(), Qt::LeftButton, {}, {5, 5});
         QVERIFY(!clocked.list->isVisible());
         clocked.copy.reset();
-        QCOMPARE(clocked.folder.Sql(u"ANNA Stemp.mdb"_s, u"SELECT JobID, JobName FROM Projects"_s),
-                 QList<QVariantList>({{u"LAB"_s, u"Beta"_s}}));
+        QCOMPARE(clocked.folder.Rows(personalFile, u"SELECT JobID, JobName FROM Projects"_s), u"LAB Beta"_s);
     }
 
     void StempsWithTheButton()
@@ -166,7 +144,7 @@ private slots:
         QVERIFY(clocked.IsIn());
         clocked.window->StempIn(QString());
         QVERIFY(!clocked.IsIn());
-        QCOMPARE(clocked.Rows(), QList<QVariantList>({{u"LAB"_s, 0}, {u"LAB"_s, 0}}));
+        QCOMPARE(clocked.Rows(), u"LAB 0, LAB 0"_s);
     }
 
     void DeletesCompanyJobsOnlyForAdministrators()
@@ -186,6 +164,11 @@ private slots:
         QCOMPARE(clocked.copy->prompts.messages, QStringList(u"Do you want to DELETE A1 : Alpha lab ?"_s));
         QCOMPARE(clocked.Shown().size(), 3);
         clocked.copy->prompts.yes = true;
+        clocked.folder.Sql(jobsFile,
+                           u"CREATE TRIGGER Keep BEFORE DELETE ON Projects BEGIN SELECT RAISE(ABORT, ''); END"_s);
+        pressDelete();
+        QVERIFY(clocked.copy->prompts.messages.constLast().contains(u"A1 : Alpha lab\ncould not be deleted"_s));
+        clocked.folder.Sql(jobsFile, u"DROP TRIGGER Keep"_s);
         pressDelete();
         QCOMPARE(clocked.Shown(), QStringList({u"B2 : Ærø ferry"_s, u"LAB : Beta"_s}));
         QCOMPARE(clocked.folder.Sql(jobsFile, u"SELECT * FROM Projects"_s).size(), 2);
@@ -199,7 +182,7 @@ private slots:
             clocked.copy->time.Advance(60);
             clocked.window->StempIn(u"J%1 : job"_s.arg(i));
         }
-        const QScrollBar *bar = clocked.copy->Find<QTableView>(u"StempGrid"_s)->verticalScrollBar();
+        const QScrollBar *bar = clocked.copy->Find<QTableView>("StempGrid")->verticalScrollBar();
         QTRY_VERIFY(bar->maximum() > 0);
         QCOMPARE(bar->value(), bar->maximum());
         const_cast<QScrollBar *>(bar)->setValue(0);
@@ -212,22 +195,18 @@ private slots:
     void KeepsAllOptionsThroughARestart()
     {
         const ProgramFolder folder;
-        const QStringList checks{u"AdminCheck"_s, u"SuperCheck"_s, u"PopCheck"_s, u"TipsCheck"_s};
         {
             RunningCopy copy(folder);
             QVERIFY(copy.Start());
-            AdminForm *settings = copy.main.Settings();
-            WhenShown dialog(u"AdminForm"_s, [&](QWidget &window) {
-                for (const QString &name : checks)
-                    window.findChild<QCheckBox *>(name)->click();
-                window.findChild<QRadioButton *>(u"Round1Hour"_s)->click();
-                window.findChild<QLineEdit *>(u"DaysInGrid"_s)->setText(u"30"_s);
-                window.findChild<QLineEdit *>(u"PollDelay"_s)->setText(u"90"_s);
-                QVERIFY(window.findChild<QLineEdit *>(u"UserName"_s)->isReadOnly());
-                QTest::keyClick(window.focusWidget(), Qt::Key_Return);
+            copy.Accept([](QWidget &window) {
+                for (const char *name : {"AdminCheck", "SuperCheck", "PopCheck", "TipsCheck"})
+                    Child<QCheckBox>(window, name)->click();
+                Child<QRadioButton>(window, "Round1Hour")->click();
+                Child<QLineEdit>(window, "DaysInGrid")->setText(u"30"_s);
+                Child<QLineEdit>(window, "PollDelay")->setText(u"90"_s);
+                QVERIFY(Child<QLineEdit>(window, "UserName")->isReadOnly());
             });
-            copy.Find<QAction>(u"mnuAdmin"_s)->trigger();
-            QVERIFY(dialog.done && !settings->isVisible() && settings->IsLoaded());
+            QVERIFY(!copy.main.Settings()->isVisible() && copy.main.Settings()->IsLoaded());
             QVERIFY(copy.program.options.AdminMode);
             copy.Close();
         }
@@ -236,36 +215,7 @@ private slots:
         const Options &options = again.program.options;
         QVERIFY(options.AdminMode && options.CanSetOthersStatus && !options.PopUpMessages && !options.ShowToolTips);
         QCOMPARE(options.SummaryRounding, Rounding::WholeHours);
-        QCOMPARE(options.DaysInGrid, u"30"_s);
-        QCOMPARE(options.PollDelay, u"90"_s);
-    }
-
-    void KeepsStoredTipsWhileTheyAreOff()
-    {
-        const ProgramFolder folder;
-        const QString tips = u"SELECT TipEnglish FROM %1 WHERE Name = '%2'"_s;
-        for (const bool on : {true, false, false, true}) {
-            RunningCopy copy(folder);
-            QVERIFY(copy.Start());
-            QCOMPARE(!copy.Find<QListView>(u"XList"_s)->toolTip().isEmpty(), copy.program.options.ShowToolTips);
-            auto *check = copy.main.Settings()->findChild<QCheckBox *>(u"TipsCheck"_s);
-            QCOMPARE(!check->toolTip().isEmpty(), copy.program.options.ShowToolTips);
-            WhenShown dialog(u"AdminForm"_s, [&](QWidget &window) {
-                check->setChecked(on);
-                QTest::keyClick(window.focusWidget(), Qt::Key_Return);
-            });
-            copy.Find<QAction>(u"mnuAdmin"_s)->trigger();
-            copy.Close();
-        }
-        const auto stored = [&](const char *form, const char *control) {
-            return folder.Sql(u"ANNA Stemp.mdb"_s, tips.arg(QLatin1String(form), QLatin1String(control)))
-                .value(0)
-                .value(0)
-                .toString();
-        };
-        QCOMPARE(stored("StempWin", "XList"), u"Click a job to stemp IN"_s);
-        QCOMPARE(stored("AdminForm", "OKButton"), u"Some changes will require a program restart"_s);
-        QVERIFY(!stored("MessageBoard", "UserGrid").isEmpty());
+        QCOMPARE(options.DaysInGrid + u' ' + options.PollDelay, u"30 90"_s);
     }
 };
 

@@ -1,6 +1,5 @@
 #include "storm/Storm.h"
 
-#include <QDir>
 #include <QStringBuilder>
 #include <QtGlobal>
 
@@ -22,26 +21,6 @@ QString Storm::NameOf(int copy)
 {
     static const QStringList awkward{u"O'NEIL"_s, u"ÅSE ÆBLERØD"_s, u"SELECT"_s, u"A.B"_s, u"SAY \"HI\""_s, u"%_?1"_s};
     return awkward.value(copy, u"PERSON %1"_s.arg(copy));
-}
-
-QString Storm::CompanyFile(const QString &folder)
-{
-    return QDir(folder).filePath(u"company.mdb"_s);
-}
-
-QString Storm::LocalFile(const QString &folder, int copy)
-{
-    return QDir(folder).filePath(u"%1.mdb"_s.arg(copy));
-}
-
-QString Storm::JournalFile(const QString &folder, int copy)
-{
-    return QDir(folder).filePath(u"%1.journal"_s.arg(copy));
-}
-
-QString Storm::StopFile(const QString &folder)
-{
-    return QDir(folder).filePath(u"stop"_s);
 }
 
 #ifdef Q_OS_WIN
@@ -90,7 +69,7 @@ qint64 Storm::StartedBy()
 
 #endif
 
-Storm::Journal::Journal(const QString &folder, int copy) : file_(JournalFile(folder, copy))
+Storm::Journal::Journal(const QString &folder, int copy) : file_(File(folder, u"%1.journal"_s.arg(copy)))
 {
     if (!file_.open(QIODevice::Append | QIODevice::Unbuffered)) // what the system has, a kill does not take
         throw std::runtime_error("the journal can't be written");
@@ -106,7 +85,7 @@ void Storm::Journal::Write(Kind kind, const QStringList &fields)
 
 QList<Storm::Journal::Line> Storm::Journal::Read(const QString &folder, int copy)
 {
-    QFile file(JournalFile(folder, copy));
+    QFile file(File(folder, u"%1.journal"_s.arg(copy)));
     QList<Line> lines;
     if (!file.open(QIODevice::ReadOnly))
         return lines;

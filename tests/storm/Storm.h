@@ -10,10 +10,22 @@ namespace Storm {
 // The person of a copy, in upper case. The first ones have names that are hard to store.
 QString NameOf(int copy);
 
-QString CompanyFile(const QString &folder);
-QString LocalFile(const QString &folder, int copy);
-QString JournalFile(const QString &folder, int copy);
-QString StopFile(const QString &folder); // copies end when it is there
+inline QString File(const QString &folder, const QString &name)
+{
+    return folder + u'/' + name;
+}
+inline QString CompanyFile(const QString &folder)
+{
+    return File(folder, QStringLiteral("company.mdb"));
+}
+inline QString LocalFile(const QString &folder, int copy)
+{
+    return File(folder, QStringLiteral("%1.mdb").arg(copy));
+}
+inline QString StopFile(const QString &folder) // copies end when it is there
+{
+    return File(folder, QStringLiteral("stop"));
+}
 
 [[noreturn]] void Die();          // as by a kill from outside: nothing of the process runs any more
 bool HasDied(int exitCode);       // whether a process that crashed has died so

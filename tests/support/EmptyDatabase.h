@@ -12,3 +12,9 @@ inline dao::Database EmptyDatabase(const QString &path)
         file.close(); // before the engine opens it
     return dao::Database::OpenDatabase(path);
 }
+
+inline QByteArray Content(const QString &path) // only while no connection is open
+{
+    QFile file(path);
+    return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
+}

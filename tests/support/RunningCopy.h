@@ -4,33 +4,34 @@
 #include "clock/StempWin.h"
 #include "startup/Main.h"
 #include "startup/Program.h"
-#include "support/AnsweredPrompts.h"
+#include "support/AtWindow.h"
 #include "support/FakeSystem.h"
-#include "support/ProgramFolder.h"
-#include "support/SettableTime.h"
 
-#include <QAction>
 #include <QApplication>
-#include <QLineEdit>
-#include <QTest>
 #include <QTimer>
 
 #include <functional>
 
-// Does something once as soon as a window of that name is on the screen: the way into a modal window.
+// The window of that name on the screen; nothing when there is none.
+inline QWidget *ShownWindow(const QString &name)
+{
+    for (QWidget *widget : QApplication::topLevelWidgets())
+        if (widget->isVisible() && widget->objectName() == name)
+            return widget;
+    return nullptr;
+}
+
+// Does something once as soon as a window of that name is on the screen: the way into one that is waited for.
 class WhenShown : public QObject
 {
 public:
     WhenShown(const QString &window, std::function<void(QWidget &)> action)
     {
         timer_.callOnTimeout(this, [this, window, action = std::move(action)] {
-            for (QWidget *widget : QApplication::topLevelWidgets()) {
-                if (widget->isVisible() && widget->objectName() == window) {
-                    timer_.stop();
-                    done = true;
-                    action(*widget);
-                    return;
-                }
+            if (QWidget *shown = ShownWindow(window)) {
+                timer_.stop();
+                done = true;
+                action(*shown);
             }
         });
         timer_.start(5);
@@ -66,20 +67,19 @@ struct RunningCopy
     // Opens the settings, changes them and presses OK.
     void Accept(const std::function<void(QWidget &)> &change)
     {
-        WhenShown dialog(QStringLiteral("AdminForm"), [&](QWidget &window) {
-            change(window);
-            QTest::keyClick(window.focusWidget(), Qt::Key_Return);
-        });
-        Find<QAction>(QStringLiteral("mnuAdmin"))->trigger();
+        Choose("mnuAdmin");
+        QWidget *settings = ShownWindow(QStringLiteral("AdminForm"));
+        QVERIFY(settings);
+        change(*settings);
+        QTest::keyClick(settings->windowHandle(), Qt::Key_Return);
     }
     static auto TypePath(const QString &path)
     {
-        return [path](QWidget &window) {
-            window.findChild<QLineEdit *>(QStringLiteral("EnterpriseMDBText"))->setText(path);
-        };
+        return [path](QWidget &window) { Child<QLineEdit>(window, "EnterpriseMDBText")->setText(path); };
     }
     void Poll() { main.Desk()->Refresh_Enterprise(); }
-    template <class T> T *Find(const QString &name) const { return main.Window()->findChild<T *>(name); }
+    template <class T> T *Find(const char *name) const { return Child<T>(*main.Window(), name); }
+    void Choose(const char *menu) const { Find<QAction>(menu)->trigger(); }
     const ClockState &Clock() const { return program.clock.state; }
 
     FakeSystem system;

@@ -218,9 +218,10 @@ ChartWidget::Plan ChartWidget::ColumnsPlan() const
     plan.SetScale(most, area.height() / (2 * line));
     area.setLeft(area.left() + metrics.horizontalAdvance(LastMarkText(plan.last)) + gap);
     plan.shown = std::min(plan.shown, std::max(area.width(), 1));
-    plan.pitch = std::clamp(area.width() / plan.shown, 1, 4 * line);
+    const int labelled = labels + 2 * gap; // a column that has room for its label
+    plan.pitch = std::clamp(area.width() / plan.shown, 1, std::max(4 * line, labelled));
     plan.plot = {area.left(), area.top(), plan.pitch * plan.shown, area.height()};
-    plan.labelEvery = (labels + 2 * gap) / plan.pitch + 1;
+    plan.labelEvery = (labelled - 1) / plan.pitch + 1;
     plan.hasValues = values + 2 <= plan.pitch;
     return plan;
 }

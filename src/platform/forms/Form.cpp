@@ -77,11 +77,12 @@ void Form::Unload()
     emit Unloaded();
 }
 
-void Form::ShowModal(QWidget *owner)
+void Form::OpenModal(QWidget *owner)
 {
     Load();
-    if (!loaded_ || modalLoop_)
+    if (!loaded_ || isModal_)
         return;
+    isModal_ = true;
     QWidget *ownerWindow = owner && owner->window()->isVisible() ? owner->window() : nullptr;
     setWindowModality(ownerWindow ? Qt::WindowModal : Qt::ApplicationModal);
     if (!parentWidget()) {
@@ -91,16 +92,34 @@ void Form::ShowModal(QWidget *owner)
         windowHandle()->setTransientParent(ownerWindow ? ownerWindow->windowHandle() : nullptr);
     }
     show();
+    if (!isVisible()) // a first paint or resize has unloaded it
+        EndModal();
+}
 
+void Form::ShowModal(QWidget *owner)
+{
+    if (isModal_)
+        return;
+    OpenModal(owner);
+    if (!isModal_)
+        return;
     const QPointer<Form> self(this);
     QEventLoop loop;
     modalLoop_ = &loop;
-    if (isVisible()) // a first paint or resize may have unloaded it
-        loop.exec();
-    if (self) {
+    loop.exec();
+    if (self)
         modalLoop_ = nullptr;
-        setWindowModality(Qt::NonModal);
-    }
+}
+
+void Form::EndModal()
+{
+    if (!isModal_)
+        return;
+    isModal_ = false;
+    setWindowModality(Qt::NonModal);
+    if (modalLoop_)
+        modalLoop_->quit();
+    QMetaObject::invokeMethod(this, &Form::Closed, Qt::QueuedConnection);
 }
 
 Control *Form::ControlOf(const QWidget &widget) const
@@ -398,8 +417,8 @@ void Form::ShowMenuTip(QMenuBar &bar, const QHelpEvent &help)
 bool Form::event(QEvent *event)
 {
     const bool handled = QMainWindow::event(event);
-    if (event->type() == QEvent::Hide && !event->spontaneous() && modalLoop_)
-        modalLoop_->quit();
+    if (event->type() == QEvent::Hide && !event->spontaneous())
+        EndModal();
     else if (event->type() == QEvent::WindowStateChange && loaded_ && IsNormal())
         Form_Resize();
     return handled;

@@ -38,7 +38,10 @@ public:
     void Unload(); // ends a modal display, runs Form_Unload before the window goes away, hides it
     bool IsLoaded() const { return loaded_; }
 
-    void ShowModal(QWidget *owner); // shows it window-modal and returns when it was hidden or unloaded
+    void OpenModal(QWidget *owner); // shows it window-modal; Closed follows
+    void
+    ShowModal(QWidget *owner); // shows it window-modal and returns when it was hidden or unloaded, at the earliest; any
+                               // other that is shown so in the meantime has to end before
 
     // Controls, in the order of the design; members made at run time are appended.
     const std::vector<std::unique_ptr<Control>> &Controls() const { return controls_; }
@@ -86,6 +89,7 @@ public:
 
 signals:
     void Unloaded();
+    void Closed(); // hidden or unloaded after it was modal, and no longer amid an event, so that it may be deleted
 
 protected:
     // After setupUi, and after the grids got their models: makes the list of controls from the surface, its frames and tab pages
@@ -120,6 +124,7 @@ private:
     bool IsOwnPopup(const QWidget *popup) const;
     const Control *MenuOf(const QAction *action) const;
     void ShowMenuTip(QMenuBar &bar, const QHelpEvent &help);
+    void EndModal();
     void ShowBackColor(const QColor &color); // an invalid one: that of any window
     bool IsNormal() const;
 
@@ -135,5 +140,6 @@ private:
     std::optional<QColor> savedBackColor_; // while another colour covers it; invalid when the form has none of its own
     DialogKeys dialogKeys_;
     std::unique_ptr<WindowPlace> place_;
+    bool isModal_ = false; // is shown by OpenModal
     QEventLoop *modalLoop_ = nullptr;
 };

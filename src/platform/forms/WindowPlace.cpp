@@ -41,6 +41,11 @@ QList<QRect> AvailableScreens()
 
 } // namespace
 
+bool SystemPlacesWindows()
+{
+    return QGuiApplication::platformName().startsWith(u"wayland");
+}
+
 WindowPlace::WindowPlace(QWidget &window) : window_(window)
 {
     settling_.setSingleShot(true);

@@ -9,6 +9,9 @@
 
 #include <optional>
 
+// Wayland lets no window place itself, nor lift itself above another.
+bool SystemPlacesWindows();
+
 // Keeps the stored place and size of a window, frame included, so that they never drift. What a window manager makes of a
 // place and when it tells the width of the frame differs from one to the other; therefore a window is left to settle after it
 // was shown, and only what changed from there on changes the stored numbers.

@@ -1,0 +1,187 @@
+#include "startup/JobDatabase.h"
+
+#include "startup/DataFiles.h"
+#include "startup/Identity.h"
+
+#include <QDir>
+#include <QLoggingCategory>
+
+#include <algorithm>
+#include <atomic>
+#include <memory>
+#include <utility>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+Q_LOGGING_CATEGORY(log, "stemp.startup")
+
+constexpr std::chrono::milliseconds leastLimit = 250ms; // what is waited for in any case
+
+std::chrono::steady_clock::time_point In(std::chrono::milliseconds limit)
+{
+    return std::chrono::steady_clock::now() + limit;
+}
+
+std::chrono::milliseconds Left(std::chrono::steady_clock::time_point deadline)
+{
+    return std::chrono::duration_cast<std::chrono::milliseconds>(deadline - std::chrono::steady_clock::now());
+}
+
+} // namespace
+
+void JobDatabase::Choose(const QString &configured)
+{
+    const Deadline deadline = In(std::exchange(nextLimit_, waitLimit));
+    TakeIntoUse(configured, configured.isEmpty() ? Finding() : Open(configured, deadline), deadline);
+}
+
+void JobDatabase::LookAt(const QString &configured)
+{
+    searchTimer_.stop(); // what it looked for is not wanted any more
+    TryOut(configured, false);
+}
+
+void JobDatabase::LookForConfigured()
+{
+    if (!std::exchange(searching_, true))
+        TryOut(configured_, true);
+}
+
+// Quietly: nothing comes of a file that does not serve, as it was told of when it was first looked for.
+void JobDatabase::TryOut(const QString &path, bool quietly)
+{
+    wanted_ = path;
+    link_.AskOf(
+        path, this, [path, own = OwnJobsFile()](dao::Database &) { return DataFiles::SameFile(path, own); },
+        [this, path, quietly](const Answer<bool> &answer) {
+            if (quietly)
+                searching_ = false;
+            if (path != wanted_ || (quietly && answer.error))
+                return;
+            finding_ = FindingOf(path, OwnJobsFile(), answer);
+            emit Looked(path);
+        });
+}
+
+void JobDatabase::ChooseLooked()
+{
+    if (!finding_)
+        return;
+    const Finding finding = *std::exchange(finding_, std::nullopt);
+    const QString path = wanted_;
+    if (finding.serves)
+        Use(path);
+    TakeIntoUse(path, finding, In(waitLimit));
+}
+
+void JobDatabase::TakeIntoUse(const QString &configured, Finding finding, Deadline deadline)
+{
+    QString path = configured;
+    EnterpriseOn = finding.serves;
+    if (!finding.serves) {
+        path = OwnJobsFile();
+        link_.RunWithin(Left(deadline), path, [path, blank = identity_.InAppFolder(QStringLiteral("Blank Jobs.mdb"))] {
+            if (!DataFiles::FileExists(path) && DataFiles::FileExists(blank))
+                DataFiles::CopyTemplate(blank, path);
+        });
+        finding = Open(path, deadline);
+    }
+    if (path != CompanyPath) {
+        // A job of the file before must not be deleted from this one.
+        listRead_ = false;
+        ShowJobList({});
+    }
+    CompanyPath = path;
+    LocalJobs = finding.serves && finding.isOwnFile && !identity_.OnNetworkDrive;
+    CompanyJobs = finding.serves && !LocalJobs;
+    if (CompanyJobs)
+        EnterpriseOn = true;
+
+    missed_ = !finding.answers;
+    wanted_.clear();
+    seen_ = {};
+    retryTimer_.stop();
+    configured_ = configured;
+    if (configured.isEmpty() || path == configured)
+        searchTimer_.stop();
+    else
+        searchTimer_.start();
+}
+
+QString JobDatabase::OwnJobsFile() const
+{
+    return identity_.InAppFolder(QStringLiteral("Jobs.mdb"));
+}
+
+// What to make of the answer, or of none: whether the file is the own one.
+JobDatabase::Finding JobDatabase::FindingOf(const QString &path, const QString &own,
+                                            const std::optional<Answer<bool>> &answer)
+{
+    if (!answer || (answer->error && answer->error->Kind() == dao::ErrorKind::Busy)) {
+        qCWarning(log) << path << "does not answer";
+        return {false, true, QDir::cleanPath(path) == QDir::cleanPath(own)};
+    }
+    if (answer->error) {
+        qCWarning(log).noquote() << answer->error->Text();
+        return {};
+    }
+    return {true, true, *answer->value};
+}
+
+// Makes the file the one in use. What is under way in another one is not heard any more; in the same it is.
+void JobDatabase::Use(const QString &path)
+{
+    if (path == link_.Path())
+        return;
+    link_.Open(path);
+    polling_ = searching_ = false;
+    for (auto &[number, done] : std::exchange(creating_, {})) // told when the new file is settled
+        QMetaObject::invokeMethod(
+            this, [done = std::move(done)] { done(Projects::Creation::Failed); }, Qt::QueuedConnection);
+}
+
+// The same, and waits for its answer.
+JobDatabase::Finding JobDatabase::Open(const QString &path, Deadline deadline)
+{
+    Use(path);
+    const QString own = OwnJobsFile();
+    return FindingOf(path, own, link_.AskWithin(Left(deadline), [path, own](dao::Database &) {
+        return DataFiles::SameFile(path, own);
+    }));
+}
+
+std::optional<QString> JobDatabase::MatchLoginToUser(const QString &path, const QString &login)
+{
+    const Deadline deadline = In(nextLimit_);
+    Use(path);
+    const auto answer =
+        link_.AskWithin(nextLimit_, [login](dao::Database &database) { return Presence::MatchLogin(database, login); });
+    nextLimit_ = std::max(leastLimit, Left(deadline));
+    if (!answer)
+        return std::nullopt;
+    if (answer->error) {
+        qCWarning(log).noquote() << answer->error->Text();
+        return std::nullopt;
+    }
+    return *answer->value;
+}
+
+bool JobDatabase::FileExists(const QString &path)
+{
+    if (path.isEmpty())
+        return false;
+    const auto exists = std::make_shared<std::atomic<bool>>(false);
+    return link_.RunWithin(waitLimit, path, [exists, path] { *exists = DataFiles::FileExists(path); }) && *exists;
+}
+
+bool JobDatabase::IsOwnJobsFile(const QString &path)
+{
+    if (path.isEmpty())
+        return false;
+    const auto isOwn = std::make_shared<std::atomic<bool>>(false);
+    return link_.RunWithin(waitLimit, path, [isOwn, path, own = OwnJobsFile()] {
+        *isOwn = DataFiles::SameFile(path, own);
+    }) && *isOwn;
+}
