@@ -73,11 +73,9 @@ Message::Message(FormServices &services, Prompts &prompts, dao::Database &localD
       time_(time),
       buffer_(mail_, {QLatin1String(QT_TRANSLATE_NOOP("Message", "To")),
                       QLatin1String(QT_TRANSLATE_NOOP("Message", "Message"))}),
-      history_({QLatin1String(QT_TRANSLATE_NOOP("Message", "When")),
-                QLatin1String(QT_TRANSLATE_NOOP("Message", "From/To")),
-                QLatin1String(QT_TRANSLATE_NOOP("Message", "Name")),
-                QLatin1String(QT_TRANSLATE_NOOP("Message", "Message"))}),
-      anchors_(*this)
+      history_(
+          {QLatin1String(QT_TRANSLATE_NOOP("Message", "When")), QLatin1String(QT_TRANSLATE_NOOP("Message", "From/To")),
+           QLatin1String(QT_TRANSLATE_NOOP("Message", "Name")), QLatin1String(QT_TRANSLATE_NOOP("Message", "Message"))})
 {
     ui_->setupUi(this);
     SetUpGrids();
@@ -132,11 +130,11 @@ void Message::SetUpGrids()
 
 void Message::SetUpAnchors()
 {
-    anchors_.Add({ui_->MessageText, ui_->RoomLabel, ui_->StatusLabel, ui_->OutboxLabel}, {.width = 1});
-    anchors_.Add({ui_->SendButton, ui_->OKButton, ui_->CancelButton}, {.x = 1});
-    anchors_.Add({ui_->MessageGrid}, {.width = 1, .height = 1.0 / 3});
-    anchors_.Add({ui_->HistoryLabel}, {.y = 1.0 / 3, .width = 1});
-    anchors_.Add({ui_->HistoryGrid}, {.y = 1.0 / 3, .width = 1, .height = 2.0 / 3});
+    Anchor({ui_->MessageText, ui_->RoomLabel, ui_->StatusLabel, ui_->OutboxLabel}, {.width = 1});
+    Anchor({ui_->SendButton, ui_->OKButton, ui_->CancelButton}, {.x = 1});
+    Anchor({ui_->MessageGrid}, {.width = 1, .height = 1.0 / 3});
+    Anchor({ui_->HistoryLabel}, {.y = 1.0 / 3, .width = 1});
+    Anchor({ui_->HistoryGrid}, {.y = 1.0 / 3, .width = 1, .height = 2.0 / 3});
 }
 
 void Message::Form_Load()
@@ -160,7 +158,6 @@ void Message::Form_Unload()
     messageData_->DatabaseName.clear();
     unstored_.reset();
     ClearBoxes();
-    anchors_.PutBack();
     SaveTexts();
 }
 
@@ -195,12 +192,6 @@ void Message::Form_Activate()
     ui_->MessageText->setFocus();
     ui_->MessageGrid->scrollToBottom();
     ui_->HistoryGrid->scrollToTop();
-}
-
-void Message::resizeEvent(QResizeEvent *event)
-{
-    Form::resizeEvent(event);
-    anchors_.Follow();
 }
 
 bool Message::Form_KeyDown(QKeyEvent &event)

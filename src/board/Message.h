@@ -2,7 +2,6 @@
 
 #include "board/BufferModel.h"
 #include "board/Mail.h"
-#include "platform/forms/Anchors.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/RowsModel.h"
 
@@ -46,7 +45,6 @@ protected:
     bool Form_KeyDown(QKeyEvent &event) override;
     bool QueryUnload() override;
     void showEvent(QShowEvent *event) override;
-    void resizeEvent(QResizeEvent *event) override;
 
 private:
     struct Letter // in upper case the one, trimmed the other
@@ -91,7 +89,6 @@ private:
     DataControl *messageData_ = nullptr; // owned by the list of controls
     BufferModel buffer_;
     RowsModel history_;
-    Anchors anchors_;
     Letter lastSent_;
     std::optional<UnstoredCell> unstored_;
 };

@@ -26,8 +26,7 @@ Status::Status(FormServices &services, dao::Database &localDB, QString user, QSt
       ui_(std::make_unique<Ui::Status>()),
       localDB_(localDB),
       user_(std::move(user)),
-      comment_(std::move(comment)),
-      anchors_(*this)
+      comment_(std::move(comment))
 {
     ui_->setupUi(this);
     RegisterControls();
@@ -50,8 +49,8 @@ Status::Status(FormServices &services, dao::Database &localDB, QString user, QSt
                 u"A status has room for %1 characters. What did not fit was left out."_s.arg(Presence::longestComment));
         },
         Qt::QueuedConnection); // after the text has changed
-    anchors_.Add({ui_->StatusCombo, ui_->StatusLabel}, {.width = 1});
-    anchors_.Add({ui_->SendButton, ui_->CancelButton}, {.x = 1});
+    Anchor({ui_->StatusCombo, ui_->StatusLabel}, {.width = 1});
+    Anchor({ui_->SendButton, ui_->CancelButton}, {.x = 1});
 }
 
 Status::~Status() = default;
@@ -72,19 +71,12 @@ void Status::Form_Unload()
     ui_->StatusCombo->clearEditText();
     ui_->StatusLabel->clear();
     setWindowTitle(DesignCaption());
-    anchors_.PutBack();
     SaveTexts();
 }
 
 void Status::ShowRunTimeTexts()
 {
     setWindowTitle(user_ + u" Status");
-}
-
-void Status::resizeEvent(QResizeEvent *event)
-{
-    Form::resizeEvent(event);
-    anchors_.Follow();
 }
 
 void Status::FillStatusCombo()

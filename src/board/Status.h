@@ -1,6 +1,5 @@
 #pragma once
 
-#include "platform/forms/Anchors.h"
 #include "platform/forms/Form.h"
 
 #include <memory>
@@ -31,7 +30,6 @@ public:
 protected:
     void Form_Load() override;
     void Form_Unload() override;
-    void resizeEvent(QResizeEvent *event) override;
 
 private:
     void SaveButton_Click();
@@ -44,7 +42,6 @@ private:
     dao::Database &localDB_;
     QString user_;
     QString comment_;
-    Anchors anchors_;
     bool accepted_ = false;
     QString text_;
 };

@@ -30,8 +30,7 @@ CreateJob::CreateJob(FormServices &services, Prompts &prompts, JobDatabase &jobD
       ui_(std::make_unique<Ui::CreateJob>()),
       prompts_(prompts),
       jobDatabase_(jobDatabase),
-      lists_(lists),
-      anchors_(*this)
+      lists_(lists)
 {
     ui_->setupUi(this);
     RegisterControls();
@@ -43,11 +42,11 @@ CreateJob::CreateJob(FormServices &services, Prompts &prompts, JobDatabase &jobD
     connect(ui_->ExitButton, &QPushButton::clicked, this, &CreateJob::ExitButton_Click);
     MoveTogether(ui_->List1, ui_->List2);
     MoveTogether(ui_->List2, ui_->List1);
-    anchors_.Add({ui_->ApplyButton, ui_->OKButton, ui_->ExitButton}, {.x = 1});
-    anchors_.Add({ui_->JobNameText}, {.width = 1});
-    anchors_.Add({ui_->List1}, {.height = 1});
-    anchors_.Add({ui_->List2}, {.width = 1, .height = 1});
-    anchors_.Add({ui_->StatusLabel}, {.y = 1, .width = 1});
+    Anchor({ui_->ApplyButton, ui_->OKButton, ui_->ExitButton}, {.x = 1});
+    Anchor({ui_->JobNameText}, {.width = 1});
+    Anchor({ui_->List1}, {.height = 1});
+    Anchor({ui_->List2}, {.width = 1, .height = 1});
+    Anchor({ui_->StatusLabel}, {.y = 1, .width = 1});
 }
 
 CreateJob::~CreateJob() = default;
@@ -61,16 +60,14 @@ void CreateJob::Form_Load()
 void CreateJob::Form_Unload()
 {
     ui_->StatusLabel->clear(); // what went wrong today is no caption to keep
-    anchors_.PutBack();
     SaveTexts();
 }
 
 void CreateJob::resizeEvent(QResizeEvent *event)
 {
-    Form::resizeEvent(event);
     const QScrollBar *bar = ui_->List1->verticalScrollBar();
     const bool newestShown = bar->value() == bar->maximum();
-    anchors_.Follow();
+    Form::resizeEvent(event);
     if (newestShown)
         ShowNewest();
 }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "clock/Projects.h"
-#include "platform/forms/Anchors.h"
 #include "platform/forms/Form.h"
 
 #include <memory>
@@ -47,6 +46,5 @@ private:
     Prompts &prompts_;
     JobDatabase &jobDatabase_;
     const JobLists &lists_;
-    Anchors anchors_;
     bool waiting_ = false; // for an answer
 };

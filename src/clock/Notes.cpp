@@ -60,8 +60,7 @@ Notes::Notes(FormServices &services, Prompts &prompts, dao::Database &localDB, c
       localDB_(localDB),
       time_(time),
       currentJobID_(std::move(currentJobID)),
-      notes_({QLatin1String(QT_TRANSLATE_NOOP("Notes", "JobID")), QLatin1String(QT_TRANSLATE_NOOP("Notes", "Note"))}),
-      anchors_(*this)
+      notes_({QLatin1String(QT_TRANSLATE_NOOP("Notes", "JobID")), QLatin1String(QT_TRANSLATE_NOOP("Notes", "Note"))})
 {
     ui_->setupUi(this);
     SetUpGrid();
@@ -100,12 +99,12 @@ void Notes::SetUpGrid()
 
 void Notes::SetUpAnchors()
 {
-    anchors_.Add({ui_->FindText}, {.width = 1});
-    anchors_.Add({ui_->NotesGrid}, {.width = 1, .height = 2.0 / 3});
-    anchors_.Add({ui_->WholeNote}, {.y = 2.0 / 3, .width = 1, .height = 1.0 / 3});
-    anchors_.Add({ui_->JobLabel, ui_->JobText, ui_->NoteLabel}, {.y = 1});
-    anchors_.Add({ui_->NoteText, ui_->StatusLabel}, {.y = 1, .width = 1});
-    anchors_.Add({ui_->SaveButton, ui_->OKButton}, {.x = 1, .y = 1});
+    Anchor({ui_->FindText}, {.width = 1});
+    Anchor({ui_->NotesGrid}, {.width = 1, .height = 2.0 / 3});
+    Anchor({ui_->WholeNote}, {.y = 2.0 / 3, .width = 1, .height = 1.0 / 3});
+    Anchor({ui_->JobLabel, ui_->JobText, ui_->NoteLabel}, {.y = 1});
+    Anchor({ui_->NoteText, ui_->StatusLabel}, {.y = 1, .width = 1});
+    Anchor({ui_->SaveButton, ui_->OKButton}, {.x = 1, .y = 1});
 }
 
 void Notes::Form_Load()
@@ -119,7 +118,6 @@ void Notes::Form_Unload()
 {
     Save(); // what is left at the end of the session
     ClearBoxes();
-    anchors_.PutBack();
     SaveTexts();
 }
 
@@ -264,10 +262,9 @@ void Notes::ShowWholeNote()
 
 void Notes::resizeEvent(QResizeEvent *event)
 {
-    Form::resizeEvent(event);
     QTableView *grid = ui_->NotesGrid;
     const bool currentInView = grid->viewport()->rect().intersects(grid->visualRect(grid->currentIndex()));
-    anchors_.Follow();
+    Form::resizeEvent(event);
     if (currentInView)
         grid->scrollTo(grid->currentIndex());
 }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "platform/forms/Anchors.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/RowsModel.h"
 
@@ -63,5 +62,4 @@ private:
     QString currentJobID_;
     RowsModel notes_;
     QSortFilterProxyModel found_; // those that contain what is sought
-    Anchors anchors_;
 };

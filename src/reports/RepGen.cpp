@@ -79,7 +79,6 @@ RepGen::RepGen(FormServices &services, Prompts &prompts, Printing &printing, Rep
                   QLatin1String(QT_TRANSLATE_NOOP("RepGen", "Rounded")),
                   QLatin1String(QT_TRANSLATE_NOOP("RepGen", "Description")),
                   QLatin1String(QT_TRANSLATE_NOOP("RepGen", "Month"))}),
-      anchors_(*this),
       output_(*this, prompts, printing, parts_.userInitials),
       summing_(parts_.timeDbPath),
       reading_(parts_.timeDbPath)
@@ -143,11 +142,11 @@ void RepGen::RegisterHidden()
 // The grid has three fifths of the width, the chart the rest; below them are the totals and a line of notes.
 void RepGen::SetUpAnchors()
 {
-    anchors_.Add({ui_->SummaryGrid}, {.width = 0.6, .height = 1});
-    anchors_.Add({ui_->MSChart}, {.x = 0.6, .width = 0.4, .height = 1});
-    anchors_.Add({ui_->TotalsLabel}, {.y = 1, .width = 1});
-    anchors_.Add({ui_->SummingLabel, ui_->SavingLabel, ui_->EmptyLabel, ui_->ErrorLabel}, {.y = 1, .width = 0.6});
-    anchors_.Add({ui_->UnsavedLabel}, {.x = 0.6, .y = 1, .width = 0.4});
+    Anchor({ui_->SummaryGrid}, {.width = 0.6, .height = 1});
+    Anchor({ui_->MSChart}, {.x = 0.6, .width = 0.4, .height = 1});
+    Anchor({ui_->TotalsLabel}, {.y = 1, .width = 1});
+    Anchor({ui_->SummingLabel, ui_->SavingLabel, ui_->EmptyLabel, ui_->ErrorLabel}, {.y = 1, .width = 0.6});
+    Anchor({ui_->UnsavedLabel}, {.x = 0.6, .y = 1, .width = 0.4});
 }
 
 void RepGen::Connect()
@@ -192,7 +191,6 @@ void RepGen::Form_Unload()
     ShowColumns(SummaryKind::PerDay); // a hidden column has no width to be stored
     ui_->TotalsLabel->setText(totalsPattern_);
     ui_->UnsavedLabel->setText(unsavedPattern_);
-    anchors_.PutBack();
     SaveTexts();
 }
 
@@ -201,12 +199,6 @@ bool RepGen::QueryUnload()
     if (reading_.IsRunning())
         SetBusy(true); // which says why
     return !reading_.IsRunning();
-}
-
-void RepGen::resizeEvent(QResizeEvent *event)
-{
-    Form::resizeEvent(event);
-    anchors_.Follow();
 }
 
 bool RepGen::Form_KeyDown(QKeyEvent &event)

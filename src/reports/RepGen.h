@@ -1,6 +1,5 @@
 #pragma once
 
-#include "platform/forms/Anchors.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/RowsModel.h"
 #include "reports/QuickRange.h"
@@ -51,7 +50,6 @@ protected:
     void Form_Unload() override;
     bool Form_KeyDown(QKeyEvent &event) override;
     bool QueryUnload() override; // not while rows are read for a file that the person has named
-    void resizeEvent(QResizeEvent *event) override;
 
 private:
     class PrinterDialog;
@@ -88,7 +86,6 @@ private:
     DataControl *sumData_ = nullptr;         // owned by the list of controls
     PrinterDialog *printerDialog_ = nullptr; // likewise
     RowsModel gridModel_;
-    Anchors anchors_;
     QString totalsPattern_; // the captions as stored, which the labels show filled in
     QString unsavedPattern_;
 

@@ -1,5 +1,4 @@
 #include "forms/TestForm.h"
-#include "platform/forms/Anchors.h"
 
 #include <QPushButton>
 #include <QSignalSpy>
@@ -17,9 +16,9 @@ class AnchoredForm : public TestForm
 public:
     explicit AnchoredForm(FormServices &services) : TestForm(services)
     {
-        anchors_.Add({At(u"Labels(0)"_s)->Widget()}, {.y = 1});
-        anchors_.Add({At(u"Texts(0)"_s)->Widget()}, {.width = 0.6});
-        anchors_.Add({At(u"Grid"_s)->Widget()}, {.x = 0.6, .width = 0.4, .height = 1});
+        Anchor({At(u"Labels(0)"_s)->Widget()}, {.y = 1});
+        Anchor({At(u"Texts(0)"_s)->Widget()}, {.width = 0.6});
+        Anchor({At(u"Grid"_s)->Widget()}, {.x = 0.6, .width = 0.4, .height = 1});
     }
 
     QList<QRect> Places() const
@@ -33,19 +32,11 @@ public:
     QList<QRect> stored;
 
 protected:
-    void resizeEvent(QResizeEvent *event) override
-    {
-        TestForm::resizeEvent(event);
-        anchors_.Follow();
-    }
     void Form_Unload() override
     {
-        anchors_.PutBack();
+        SaveTexts();
         stored = Places();
     }
-
-private:
-    Anchors anchors_{*this};
 };
 
 } // namespace

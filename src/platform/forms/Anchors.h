@@ -25,10 +25,10 @@ public:
     explicit Anchors(Form &form); // outlives this
     void Add(std::initializer_list<QWidget *> controls, const Share &share);
 
-    // To be called whenever the window was resized, in every state. A window that is not settled moves nothing: the controls
+    // After each resize of the window, in every state. A window that is not settled moves nothing: the controls
     // stand where they were stored for its size.
     void Follow();
-    // To be called before the texts are saved, for the places are stored together with the size in the normal state.
+    // Before the places are stored, for that is done together with the size in the normal state.
     void PutBack();
 
 private:

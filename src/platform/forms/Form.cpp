@@ -359,6 +359,7 @@ void Form::LoadTexts()
 
 void Form::SaveTexts()
 {
+    anchors_.PutBack();
     services_.SaveProperties(*this);
 }
 
@@ -440,6 +441,7 @@ void Form::resizeEvent(QResizeEvent *event)
     QMainWindow::resizeEvent(event);
     if (loaded_ && IsNormal())
         Form_Resize();
+    anchors_.Follow();
 }
 
 bool Form::IsNormal() const

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/forms/Anchors.h"
 #include "platform/forms/Control.h"
 #include "platform/forms/DialogKeys.h"
 #include "platform/forms/Geometry.h"
@@ -98,6 +99,12 @@ protected:
     // For what a .ui file can't hold. A widget brings its own help text.
     void RegisterControl(std::unique_ptr<Control> control, const QString &help = {});
 
+    // Lets controls move and grow with the window; what SaveTexts stores are their places in its normal size.
+    void Anchor(std::initializer_list<QWidget *> controls, const Anchors::Share &share)
+    {
+        anchors_.Add(controls, share);
+    }
+
     void LoadTexts();
     void SaveTexts();
 
@@ -140,6 +147,7 @@ private:
     std::optional<QColor> savedBackColor_; // while another colour covers it; invalid when the form has none of its own
     DialogKeys dialogKeys_;
     std::unique_ptr<WindowPlace> place_;
+    Anchors anchors_{*this};
     bool isModal_ = false; // is shown by OpenModal
     QEventLoop *modalLoop_ = nullptr;
 };
