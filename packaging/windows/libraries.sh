@@ -108,7 +108,7 @@ runtime_dll() {
 }
 
 # build_library NAME PACKAGE KEY: runs build_NAME if it has not run with this key before. Prints nothing but what goes on;
-# the compilers' output goes to a file.
+# the compilers' output goes to a file. Leaves in `key` what stands for the library as it is now.
 build_library() {
     local name=$1 version work=$libraries/work/$1 stamp=$libraries/$1.built log=$libraries/$1.log begin=$SECONDS
     version=$(source_version "$2")

@@ -56,7 +56,7 @@ QString CompanyNotice::Text() const
 
 QString RefusedWriteText(const QString &path, const dao::Error &error)
 {
-    return u"The company database\n%1\ncan be read, but not written. %2\n\nUntil then you see your colleagues, but "
-           u"they "
-           "do not see you, and your messages wait on this machine."_s.arg(path, WhatHelps(error.Kind()));
+    return u"The company database\n%1\ncan be read, but not written. %2\n\nUntil then you see your "
+           "colleagues, but they do not see you, and your messages wait on this machine."_s.arg(
+               path, WhatHelps(error.Kind()));
 }

@@ -27,8 +27,8 @@ struct UserRow
     QString fullName;
     int state = 0; // below 0: stemped in, above 0: off; a null counts as out
     QString comment;
-    std::optional<QDateTime>
-        lastSign; // of life, by the clock of that person's machine; nothing when that copy writes none
+    // Of life, by the clock of that person's machine; nothing when that copy writes none.
+    std::optional<QDateTime> lastSign;
 };
 
 // The file's own comparison knows only the letters A to Z, so people are compared here.

@@ -8,7 +8,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-Q_LOGGING_CATEGORY(log, "stemp.program")
+Q_LOGGING_CATEGORY(log, "stemp.startup")
 
 constexpr std::chrono::milliseconds exitLimit = 2s; // what a company file that does not answer may cost at exit
 

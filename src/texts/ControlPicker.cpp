@@ -6,8 +6,7 @@
 namespace {
 
 constexpr int mostCandidates = 4;
-constexpr double areaLimit =
-    1e9 / (twipsPerPixel * twipsPerPixel); // of 1,000,000,000 square twips; larger is never chosen
+constexpr double areaLimit = 1e9 / (twipsPerPixel * twipsPerPixel); // of 1e9 square twips; larger is never chosen
 
 bool HoldsWithEdges(const QRect &box, QPoint point)
 {

@@ -25,8 +25,8 @@ public:
     void SetRows(std::vector<Row> rows);
 
     int rowCount(const QModelIndex &parent = {}) const override;
-    QVariant data(const QModelIndex &index,
-                  int role = Qt::DisplayRole) const override; // Qt::EditRole: the value itself
+    // Qt::EditRole: the value itself
+    QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
 
 private:
     std::vector<Row> rows_;

@@ -13,8 +13,7 @@ namespace {
 
 constexpr auto untilFrameIsKnown = 300ms;
 constexpr auto untilSizeIsTaken = 200ms;
-constexpr auto untilStateIsTold =
-    100ms; // a window may be told its maximised size before it is told that it is maximised
+constexpr auto untilStateIsTold = 100ms; // a window may be told its maximised size before that it is maximised
 
 // A window that is not on the screen has no frame yet; another one that is has the same as a rule.
 QMargins MarginsOfAnother()
