@@ -10,12 +10,14 @@ make_wine() {
     wineserver -w
     wine64 winecfg -v win10 >>"$WINEPREFIX.log" 2>&1
     cp /usr/share/wine/fonts/*.ttf "$WINEPREFIX/drive_c/windows/Fonts/"
-    for replacement in "Segoe UI=Tahoma" "Arial=Liberation Sans" "Courier New=Liberation Mono"; do
-        wine64 reg add 'HKCU\Software\Wine\Fonts\Replacements' /v "${replacement%%=*}" /d "${replacement#*=}" /f
-    done >>"$WINEPREFIX.log" 2>&1
-    # Smooth letters, as on a workstation: without them this font loses its hyphens.
-    wine64 reg add 'HKCU\Control Panel\Desktop' /v FontSmoothingType /t REG_DWORD /d 2 /f >>"$WINEPREFIX.log" 2>&1
-    wine64 reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f >>"$WINEPREFIX.log" 2>&1
+    {
+        for replacement in "Segoe UI=Tahoma" "Arial=Liberation Sans" "Courier New=Liberation Mono"; do
+            wine64 reg add 'HKCU\Software\Wine\Fonts\Replacements' /v "${replacement%%=*}" /d "${replacement#*=}" /f
+        done
+        # Smooth letters, as on a workstation: without them this font loses its hyphens.
+        wine64 reg add 'HKCU\Control Panel\Desktop' /v FontSmoothingType /t REG_DWORD /d 2 /f
+        wine64 reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f
+    } >>"$WINEPREFIX.log" 2>&1
     wineserver -w
     touch "$WINEPREFIX/ready"
 }

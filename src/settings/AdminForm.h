@@ -45,6 +45,7 @@ protected:
     void showEvent(QShowEvent *event) override;
 
 private:
+    void Hide();
     void OKButton_Click();
     void EnterpriseMDBText_Click();
 

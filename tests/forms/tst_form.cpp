@@ -106,6 +106,9 @@ private slots:
         QSignalSpy closed(&second, &Form::Closed);
         first->OpenModal(&clock);
         second.OpenModal(&board);
+        board.activateWindow(); // as the second click of a double click does
+        QTRY_VERIFY(board.isActiveWindow());
+        QTRY_VERIFY(second.isActiveWindow());
         first->Unload();
         QTRY_VERIFY(!first);
         QVERIFY(second.isVisible() && closed.isEmpty());

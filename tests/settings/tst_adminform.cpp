@@ -70,7 +70,7 @@ private slots:
                 settings.form.Unload();
             QVERIFY(!settings.form.isVisible());
             QCOMPARE(settings.form.IsLoaded(), way != "unload");
-            QCOMPARE(saved, way == "unload");
+            QVERIFY(saved);
             QVERIFY(settings.accepted.isEmpty());
             QVERIFY(settings.Check("TipsCheck")->isChecked() && !settings.Check("AdminCheck")->isChecked());
             QVERIFY(settings.Check("AutoCheck")->isChecked()

@@ -1,7 +1,5 @@
 #include "support/RunningCopy.h"
 
-#include "texts/Danish.h"
-
 #include <QCheckBox>
 #include <QSignalSpy>
 
@@ -233,29 +231,6 @@ private slots:
         copy.Close();
         QCOMPARE(copy.prompts.messages.size(), 1);
         QCOMPARE(folder.Rows(timeFile, allRows), u"A a 0"_s);
-    }
-
-    // What the designs do not hold: timers, data and the like.
-    void EveryControlWithoutAWidgetHasHelp()
-    {
-        const ProgramFolder folder;
-        RunningCopy copy(folder);
-        QVERIFY(copy.Start());
-        for (const char *menu : {"mnuSummary", "mnuNotes", "mnuAdmin"})
-            copy.Choose(menu);
-        QSet<QString> windows;
-        QStringList wanting;
-        for (const QWidget *window : QApplication::topLevelWidgets()) {
-            const auto *form = qobject_cast<const Form *>(window);
-            if (!form)
-                continue;
-            windows.insert(form->Name());
-            for (const auto &control : form->Controls())
-                if (!control->Widget() && DanishText(form->Name(), control->Design().help).isEmpty())
-                    wanting.append(form->Name() + u'.' + control->Key());
-        }
-        QVERIFY(windows.contains({u"StempWin"_s, u"AdminForm"_s, u"MessageBoard"_s, u"RepGen"_s, u"Notes"_s}));
-        QCOMPARE(wanting, QStringList());
     }
 };
 

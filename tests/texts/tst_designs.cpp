@@ -3,10 +3,12 @@
 #include "texts/Danish.h"
 
 #include <QAbstractSpinBox>
+#include <QDirIterator>
 #include <QKeySequence>
 #include <QLabel>
 #include <QMainWindow>
 #include <QMenuBar>
+#include <QRegularExpression>
 #include <QTest>
 
 #include <functional>
@@ -115,6 +117,28 @@ private slots:
             }
         }
         QCOMPARE(wanting.join(u' '), QString());
+    }
+
+    // The help of what no design holds (timers, data), and the captions of lists.
+    void SaysInDanishWhatTheSourcesSay()
+    {
+        const QRegularExpression marked(u"QT_TRANSLATE_NOOP\\(\\s*\"(\\w+)\",\\s*((?:\"[^\"]*\"\\s*)+)\\)"_s);
+        const QRegularExpression seam(u"\"\\s*\""_s);
+        QStringList wanting;
+        int texts = 0;
+        QDirIterator files(QStringLiteral(SOURCE_FOLDER), {u"*.cpp"_s}, QDir::Files, QDirIterator::Subdirectories);
+        while (files.hasNext()) {
+            QFile file(files.next());
+            QVERIFY(file.open(QFile::ReadOnly));
+            for (auto found = marked.globalMatch(QString::fromUtf8(file.readAll())); found.hasNext(); ++texts) {
+                const QRegularExpressionMatch match = found.next();
+                const QString english = match.captured(2).trimmed().remove(seam).chopped(1).sliced(1);
+                if (DanishText(match.captured(1), english).isEmpty())
+                    wanting.append(match.captured(1) + u": "_s + english);
+            }
+        }
+        QVERIFY(texts > 8);
+        QCOMPARE(wanting.join(u'\n'), QString());
     }
 
     void HasRoomForItsTexts_data() { AddWindowsInBothLanguages(); }

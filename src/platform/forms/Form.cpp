@@ -15,6 +15,7 @@
 #include <QRadioButton>
 #include <QScreen>
 #include <QTabWidget>
+#include <QTimer>
 #include <QToolTip>
 #include <QWindow>
 
@@ -94,6 +95,11 @@ void Form::OpenModal(QWidget *owner)
     show();
     if (!isVisible()) // a first paint or resize has unloaded it
         EndModal();
+    else if (ownerWindow) // a double click on the owner leaves that the active window, though it is blocked
+        QTimer::singleShot(QApplication::doubleClickInterval(), this, [this, owned = QPointer(ownerWindow)] {
+            if (isModal_ && owned && owned->isActiveWindow())
+                activateWindow();
+        });
 }
 
 void Form::ShowModal(QWidget *owner)
@@ -311,6 +317,7 @@ void Form::RegisterControls()
 void Form::RegisterControl(std::unique_ptr<Control> control, const QString &help)
 {
     const QWidget *widget = control->Widget();
+    Q_ASSERT(widget || !help.isEmpty());
     control->TakeDesign(widget ? widget->whatsThis() : help);
     controls_.push_back(std::move(control));
 }

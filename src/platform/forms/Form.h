@@ -96,7 +96,7 @@ protected:
     // After setupUi, and after the grids got their models: makes the list of controls from the surface, its frames and tab pages
     // and from the menu bar, and takes the design of each. Widgets without a name of their own are left out.
     void RegisterControls();
-    // For what a .ui file can't hold. A widget brings its own help text.
+    // For what a .ui file can't hold. A widget brings its own help text, anything else needs one.
     void RegisterControl(std::unique_ptr<Control> control, const QString &help = {});
 
     // Lets controls move and grow with the window; what SaveTexts stores are their places in its normal size.
