@@ -14,8 +14,11 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#ifdef Q_OS_UNIX
 #include <csignal>
+
 #include <sys/resource.h>
+#endif
 
 using namespace Qt::Literals::StringLiterals;
 
