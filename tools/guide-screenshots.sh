@@ -151,6 +151,11 @@ focus() {
     xdotool windowfocus --sync "$(window "$1")"
     settle
 }
+# The help hands the keys on as long as it comes up.
+keeps_keys() {
+    focus "$1"
+    [ "$(xdotool getwindowfocus)" = "$(window "$1")" ]
+}
 # leave WINDOW: with Escape
 leave() {
     keys Escape
@@ -230,7 +235,7 @@ picture_notes() {
     keys F1
     until_true $patience is_shown "Stemp Help"
     shot help "Stemp Help"
-    focus "Stemp Help"
+    until_true $patience keeps_keys "Stemp Help"
     keys Escape
     focus Notes
     keys ctrl+a BackSpace
