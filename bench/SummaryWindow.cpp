@@ -14,6 +14,7 @@
 #include <QDateEdit>
 #include <QDialog>
 #include <QDir>
+#include <QPointer>
 #include <QPushButton>
 #include <QTableView>
 #include <QTimer>
@@ -75,16 +76,15 @@ public:
 
     double Summarise()
     {
-        std::unique_ptr<PaintWatch> watch;
-        QTimer::singleShot(0, [&watch] {
-            const QWidget &window = *QApplication::activeModalWidget();
-            watch = std::make_unique<PaintWatch>(*window.findChild<QTableView *>(u"SummaryGrid"_s)->viewport());
-            window.findChild<QDateEdit *>(u"DTPickerFrom"_s)->setDate({2000, 1, 1});
-            window.findChild<QPushButton *>(u"UpdateButton"_s)->click();
-        });
         const double begin = ProcessorSeconds();
         start_.Window()->findChild<QAction *>(u"mnuSummary"_s)->trigger();
-        return watch->paintedAt - begin;
+        const QPointer<QWidget> window = QApplication::activeModalWidget();
+        PaintWatch watch(*window->findChild<QTableView *>(u"SummaryGrid"_s)->viewport());
+        window->findChild<QDateEdit *>(u"DTPickerFrom"_s)->setDate({2000, 1, 1});
+        window->findChild<QPushButton *>(u"UpdateButton"_s)->click();
+        while (window) // it goes once it is painted
+            QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        return watch.paintedAt - begin;
     }
 
     double ShowEmptyDialog()
