@@ -53,8 +53,8 @@ public:
 
     // Brings board and timer in line with the job database in use; another file than before is polled at once.
     void Enterprise_Init();
-    // Polls at once, or as soon as the poll under way has ended, and the next time a full interval later. Nothing without EnterpriseOn, or while a dialog of the board is
-    // open: that polls when it closes.
+    // Polls at once, or as soon as the poll under way has ended, and the next time a full interval later. Nothing without
+    // EnterpriseOn, or while a dialog of the board is open: that polls when it closes.
     void Refresh_Enterprise();
     void SetRefreshInterval(); // from the option's poll delay
     void EnableTimer(bool on); // on: once no dialog of the board is open

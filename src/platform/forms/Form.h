@@ -40,9 +40,8 @@ public:
     bool IsLoaded() const { return loaded_; }
 
     void OpenModal(QWidget *owner); // shows it window-modal; Closed follows
-    void
-    ShowModal(QWidget *owner); // shows it window-modal and returns when it was hidden or unloaded, at the earliest; any
-                               // other that is shown so in the meantime has to end before
+    // Shows it window-modal and returns when it was hidden or unloaded, and all others that were shown so meanwhile as well.
+    void ShowModal(QWidget *owner);
 
     // Controls, in the order of the design; members made at run time are appended.
     const std::vector<std::unique_ptr<Control>> &Controls() const { return controls_; }
