@@ -594,18 +594,6 @@ Ctrl+E lader dig ændre ethvert vindue: det bliver lysegråt, og et klik på et 
         <source>Status and Messages</source>
         <translation>Status og beskeder</translation>
     </message>
-    <message>
-        <source>Why the board may not be current</source>
-        <translation>Hvorfor tavlen måske ikke er aktuel</translation>
-    </message>
-    <message>
-        <source>Shown while the company database cannot be read or written. The board then shows how it was when that last worked. Your messages are kept on this machine and sent as soon as it works again; your own times are not concerned.</source>
-        <translation>Vises, mens firmadatabasen ikke kan læses eller skrives. Tavlen viser så, hvordan det var, da det sidst lykkedes. Dine beskeder gemmes på denne maskine og sendes, så snart det lykkes igen; dine egne tider berøres ikke.</translation>
-    </message>
-    <message>
-        <source>The board is not current</source>
-        <translation>Tavlen er ikke aktuel</translation>
-    </message>
 </context>
 <context>
     <name>Notes</name>

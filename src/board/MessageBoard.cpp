@@ -19,8 +19,6 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr QRgb noticeColor = 0xffe4ecf4;
-
 // Tells the current cell by a frame, as the colours of the cells have a meaning.
 class BoardDelegate : public QStyledItemDelegate
 {
@@ -80,13 +78,6 @@ MessageBoard::MessageBoard(FormServices &services)
     move(std::max(corner.x(), room.left()), std::max(corner.y(), room.top()));
     RegisterControls();
     setAttribute(Qt::WA_AlwaysShowToolTips); // it is glanced at while another window has the keys
-
-    QPalette notice = ui_->NoticeLabel->palette();
-    notice.setColor(QPalette::Window, QColor(noticeColor));
-    notice.setColor(QPalette::WindowText, Qt::black);
-    ui_->NoticeLabel->setPalette(notice);
-    ui_->NoticeLabel->setBackgroundRole(QPalette::Window); // not the surface's colour
-    ui_->NoticeLabel->setForegroundRole(QPalette::WindowText);
 }
 
 MessageBoard::~MessageBoard() = default;
@@ -109,14 +100,12 @@ void MessageBoard::SetUpGrid()
 void MessageBoard::Form_Load()
 {
     LoadTexts();
-    ShowRunTimeTexts();
     ShowAlertIcon(false);
     ui_->UserGrid->setFocus();
 }
 
 void MessageBoard::Form_Unload()
 {
-    ShowNotice({});
     Arrange(NormalSize());
     SaveTexts();
 }
@@ -152,12 +141,7 @@ bool MessageBoard::eventFilter(QObject *watched, QEvent *event)
 
 void MessageBoard::Arrange(QSize surface)
 {
-    QLabel &label = *ui_->NoticeLabel;
-    const int labelHeight = label.isHidden() ? 0 : label.heightForWidth(surface.width());
-    const int gridHeight = std::max(0, surface.height() - labelHeight);
-    ui_->UserGrid->setGeometry(0, 0, surface.width(), gridHeight);
-    if (labelHeight > 0)
-        label.setGeometry(0, gridHeight, surface.width(), labelHeight);
+    ui_->UserGrid->setGeometry(QRect(QPoint(), surface));
 }
 
 void MessageBoard::ShowRows(const std::vector<Board::Row> &rows, const QDateTime &now)
@@ -175,19 +159,6 @@ void MessageBoard::ShowRows(const std::vector<Board::Row> &rows, const QDateTime
     const int current = found >= 0 ? found : std::clamp(row, 0, model_.rowCount() - 1);
     grid.setCurrentIndex(model_.index(current, std::max(column, BoardModel::nameColumn)));
     grid.verticalScrollBar()->setValue(scrolled);
-}
-
-void MessageBoard::ShowNotice(const QString &text)
-{
-    notice_ = text;
-    ShowRunTimeTexts();
-}
-
-void MessageBoard::ShowRunTimeTexts()
-{
-    ui_->NoticeLabel->setText(notice_);
-    ui_->NoticeLabel->setHidden(notice_.isEmpty());
-    Form_Resize();
 }
 
 void MessageBoard::ShowAlertIcon(bool yellow)

@@ -24,8 +24,6 @@ public:
 
     // Shows these rows. The current cell stays on its user, and the scroll place where it is, also when users come and go.
     void ShowRows(const std::vector<Board::Row> &rows, const QDateTime &now);
-    // A quiet line below the grid, for when what is shown is not current; an empty text takes it away.
-    void ShowNotice(const QString &text);
     void ShowAlertIcon(bool yellow); // else the quiet picture
 
     // Shows the board without taking the keys from another window. One that is minimised stays so unless `restore` is set,
@@ -43,7 +41,6 @@ protected:
     void Form_Resize() override;
     bool Form_KeyDown(QKeyEvent &event) override;
     bool QueryUnload() override;
-    void ShowRunTimeTexts() override;
     void resizeEvent(QResizeEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -55,6 +52,5 @@ private:
     BoardModel model_;
     QIcon iconYell_;
     QIcon iconYellNot_;
-    QString notice_;
     bool isPressedBelowRows_ = false;
 };

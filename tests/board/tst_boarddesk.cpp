@@ -83,8 +83,7 @@ bool SetStatus(RunningCopy &copy, int row, const QString &text)
 
 QString Notice(RunningCopy &copy)
 {
-    const QLabel *label = Child<QLabel>(copy.main.Desk()->Window(), "NoticeLabel");
-    return label->isHidden() ? QString() : label->text();
+    return copy.main.Desk()->Window().Notice();
 }
 
 } // namespace

@@ -246,6 +246,33 @@ private slots:
         QCOMPARE(form.stored, QList<QRect>({moved[0].translated(5, 0), moved[1], moved[2]}));
     }
 
+    void ANoticeTakesNoRoomOfWhatIsStored()
+    {
+        const QString text = u"What is amiss, and what helps. "_s.repeated(6); // wraps
+        RememberingServices services;
+        services.stored = Geometry{1507.5, 1203.25, 9000.5, 6280};
+        for (const bool beforeItIsShown : {true, false, true}) {
+            AnchoredForm form(services);
+            const QList<QRect> places = form.Places();
+            const Geometry before = *services.stored;
+            form.Load();
+            if (beforeItIsShown)
+                form.ShowNotice(text);
+            form.show();
+            QTRY_VERIFY(form.IsSettled());
+            form.ShowNotice(text);
+            QVERIFY(form.NoticeHeight() > 2 * form.fontMetrics().height());
+            QVERIFY(form.Surface()->geometry().bottom() < form.height() - form.NoticeHeight());
+            for (const QRect &place : form.Places())
+                QVERIFY(place.bottom() < form.Surface()->height());
+            QCOMPARE(form.StoredGeometry(), before);
+            form.resize(form.size() + QSize(0, 20));
+            form.Unload();
+            QCOMPARE(services.stored->height, before.height + 20 * twipsPerPixel);
+            QCOMPARE(form.stored[2], places[2].adjusted(0, 0, 0, 20));
+        }
+    }
+
     void TheTitleBarStaysInReach()
     {
         const QList<QRect> screens{{0, 0, 800, 600}, {800, 0, 800, 600}};

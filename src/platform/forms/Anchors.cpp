@@ -23,9 +23,9 @@ void Anchors::Add(std::initializer_list<QWidget *> controls, const Share &share)
 void Anchors::Follow()
 {
     if (form_.IsSettled())
-        FitTo(form_.size());
+        FitTo(form_.size() - QSize(0, form_.NoticeHeight()));
     else
-        fitted_ = form_.size();
+        fitted_ = form_.size() - QSize(0, form_.LentHeight());
 }
 
 void Anchors::PutBack()

@@ -26,7 +26,7 @@ public:
     void Add(std::initializer_list<QWidget *> controls, const Share &share);
 
     // After each resize of the window, in every state. A window that is not settled moves nothing: the controls
-    // stand where they were stored for its size.
+    // stand where they were stored for its size, which has no notice.
     void Follow();
     // Before the places are stored, for that is done together with the size in the normal state.
     void PutBack();

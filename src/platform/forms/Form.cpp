@@ -2,6 +2,7 @@
 
 #include "platform/forms/ControlFactory.h"
 #include "platform/forms/FormServices.h"
+#include "platform/forms/NoticeLine.h"
 #include "platform/forms/WindowPlace.h"
 
 #include <QAction>
@@ -10,6 +11,7 @@
 #include <QEventLoop>
 #include <QHelpEvent>
 #include <QKeyEvent>
+#include <QLayout>
 #include <QMenu>
 #include <QMenuBar>
 #include <QRadioButton>
@@ -49,6 +51,7 @@ Form::Form(QString name, FormServices &services, QWidget *parent)
     : QMainWindow(parent), name_(std::move(name)), services_(services), place_(std::make_unique<WindowPlace>(*this))
 {
     qApp->installEventFilter(this); // key preview
+    connect(place_.get(), &WindowPlace::Settled, this, [this] { anchors_.Follow(); });
 }
 
 Form::~Form()
@@ -71,6 +74,7 @@ void Form::Unload()
     if (!loaded_ || unloading_)
         return;
     unloading_ = true;
+    ShowNotice({});
     Form_Unload();
     unloading_ = false;
     loaded_ = false;
@@ -302,6 +306,58 @@ QColor Form::BackColor() const
     return surface->palette().color(surface->autoFillBackground() ? surfaceRole : QPalette::Window);
 }
 
+void Form::ShowNotice(const QString &text)
+{
+    if (text == Notice())
+        return;
+    if (!notice_)
+        notice_ = new NoticeLine(this);
+    notice_->ShowText(text);
+    QResizeEvent inside(size(), size()); // for all that follows the size
+    QCoreApplication::sendEvent(this, &inside);
+    LendHeightToNotice();
+}
+
+QString Form::Notice() const
+{
+    return notice_ ? notice_->text() : QString();
+}
+
+int Form::NoticeHeight() const
+{
+    return contentsMargins().bottom();
+}
+
+int Form::LentHeight() const
+{
+    return place_->LentHeight();
+}
+
+void Form::PlaceNotice()
+{
+    if (!notice_)
+        return;
+    const int lineHeight = notice_->isHidden() ? 0 : notice_->heightForWidth(width());
+    if (lineHeight != NoticeHeight()) {
+        setContentsMargins(0, 0, 0, lineHeight);
+        layout()->activate(); // what follows asks the surface for its size
+    }
+    notice_->setGeometry(0, height() - lineHeight, width(), lineHeight);
+}
+
+// Not at each resize: a person who makes the window smaller would be fought.
+void Form::LendHeightToNotice()
+{
+    int lowest = 0;
+    const auto children = Surface()->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly);
+    for (const QWidget *child : children)
+        if (!child->isHidden())
+            lowest = std::max(lowest, child->geometry().bottom() + 1);
+    const int cut = lowest - (Surface()->height() - LentHeight());
+    const int below = screen()->availableGeometry().bottom() - (frameGeometry().bottom() - LentHeight());
+    place_->LendHeight(std::clamp(cut, 0, std::clamp(below, 0, NoticeHeight())));
+}
+
 void Form::RegisterControls()
 {
     RegisterWidgetsIn(*Surface());
@@ -427,8 +483,11 @@ bool Form::event(QEvent *event)
     const bool handled = QMainWindow::event(event);
     if (event->type() == QEvent::Hide && !event->spontaneous())
         EndModal();
-    else if (event->type() == QEvent::WindowStateChange && loaded_ && IsNormal())
+    else if (event->type() == QEvent::WindowStateChange && loaded_ && IsNormal()) {
+        if (notice_)
+            LendHeightToNotice();
         Form_Resize();
+    }
     return handled;
 }
 
@@ -446,6 +505,7 @@ void Form::closeEvent(QCloseEvent *event)
 void Form::resizeEvent(QResizeEvent *event)
 {
     QMainWindow::resizeEvent(event);
+    PlaceNotice();
     if (loaded_ && IsNormal())
         Form_Resize();
     anchors_.Follow();

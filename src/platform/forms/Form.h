@@ -12,6 +12,7 @@
 #include <vector>
 
 class FormServices;
+class NoticeLine;
 class QAction;
 class QEventLoop;
 class QHelpEvent;
@@ -76,6 +77,14 @@ public:
     void CoverBackColor(const QColor &color);
     void UncoverBackColor();
 
+    // A line of plain text below the surface, wrapped, which screen readers read out; an empty text takes it away, as unloading
+    // does. Controls that follow the window's size make room for it; for others the window grows meanwhile, as far as the
+    // screen reaches. No stored place or size counts it.
+    void ShowNotice(const QString &text);
+    QString Notice() const;
+    int NoticeHeight() const; // pixels; 0 while there is none
+    int LentHeight() const;   // of these, what the window has grown by
+
     virtual bool CanBeDragged() const { return true; } // by its surface
     // Shows anew the captions that the program writes at run time ("RunTimeTexts" in the design): people's edits are to go.
     virtual void ShowRunTimeTexts() {}
@@ -131,6 +140,8 @@ private:
     const Control *MenuOf(const QAction *action) const;
     void ShowMenuTip(QMenuBar &bar, const QHelpEvent &help);
     void EndModal();
+    void PlaceNotice();
+    void LendHeightToNotice();
     void ShowBackColor(const QColor &color); // an invalid one: that of any window
     bool IsNormal() const;
 
@@ -146,6 +157,7 @@ private:
     std::optional<QColor> savedBackColor_; // while another colour covers it; invalid when the form has none of its own
     DialogKeys dialogKeys_;
     std::unique_ptr<WindowPlace> place_;
+    NoticeLine *notice_ = nullptr; // from the first one on
     Anchors anchors_{*this};
     bool isModal_ = false; // is shown by OpenModal
     QEventLoop *modalLoop_ = nullptr;

@@ -6,6 +6,7 @@
 #include <QWindow>
 
 #include <chrono>
+#include <utility>
 
 using namespace std::chrono_literals;
 
@@ -85,7 +86,13 @@ QSize WindowPlace::NormalSize() const
 
 QRect WindowPlace::NormalPlace() const
 {
-    return IsNormal() ? window_.geometry() : seen_;
+    return IsNormal() ? PlaceNow() : seen_;
+}
+
+// Of the inside, without the height that is lent.
+QRect WindowPlace::PlaceNow() const
+{
+    return window_.geometry().adjusted(0, 0, 0, -lentHeight_);
 }
 
 Geometry WindowPlace::StoredAt(const QRect &inner) const
@@ -120,7 +127,7 @@ bool WindowPlace::eventFilter(QObject *watched, QEvent *event)
             settling_.stop();
             if (seeing_.isActive()) {
                 seeing_.stop();
-                seen_ = window_.geometry();
+                seen_ = PlaceNow();
             }
         }
         break;
@@ -168,7 +175,15 @@ void WindowPlace::ResizeInside()
         inside.setWidth(designedInside_.width());
     if (stored_.height == design_.height)
         inside.setHeight(designedInside_.height());
-    window_.resize(inside);
+    window_.resize(inside.grownBy({0, 0, 0, lentHeight_}));
+}
+
+void WindowPlace::LendHeight(int pixels)
+{
+    if (pixels == lentHeight_ || (window_.isVisible() && !IsNormal()))
+        return;
+    const int grown = pixels - std::exchange(lentHeight_, pixels);
+    window_.resize(window_.size().grownBy({0, 0, 0, grown}));
 }
 
 void WindowPlace::BeginToSettle()
@@ -188,13 +203,14 @@ void WindowPlace::GoOnSettling()
             ResizeInside();
         settling_.start(untilSizeIsTaken);
     } else {
-        baseline_ = window_.geometry();
+        baseline_ = PlaceNow();
         seen_ = *baseline_;
+        emit Settled();
     }
 }
 
 void WindowPlace::See()
 {
     if (IsNormal())
-        seen_ = window_.geometry();
+        seen_ = PlaceNow();
 }

@@ -17,6 +17,8 @@ bool SystemPlacesWindows();
 // was shown, and only what changed from there on changes the stored numbers.
 class WindowPlace : public QObject
 {
+    Q_OBJECT
+
 public:
     explicit WindowPlace(QWidget &window);
 
@@ -28,11 +30,19 @@ public:
     QSize NormalSize() const; // of the inside, that Stored() stands for once it is settled
     bool IsSettled() const { return baseline_.has_value(); } // since it was last shown or set
 
+    // Makes the inside of a window in its normal state higher than what is stored for it, by so many pixels in all.
+    void LendHeight(int pixels);
+    int LentHeight() const { return lentHeight_; }
+
     bool eventFilter(QObject *watched, QEvent *event) override;
+
+signals:
+    void Settled();
 
 private:
     Geometry StoredAt(const QRect &inner) const;
     QRect NormalPlace() const;
+    QRect PlaceNow() const;
     bool IsNormal() const;
     void Apply();
     void ResizeInside();
@@ -48,6 +58,7 @@ private:
     bool frameIsTaken_ = false;     // since it was last shown
     std::optional<QRect> baseline_; // inner place and size that the stored numbers stand for
     QRect seen_;                    // the last ones in the normal window state
+    int lentHeight_ = 0;            // counted in neither
     QTimer settling_;
     QTimer seeing_;
 };
