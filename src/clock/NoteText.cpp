@@ -22,12 +22,26 @@ std::vector<Note> ReadNotes(dao::Database &localDB)
 {
     std::vector<Note> notes;
     for (const QVariantList &row :
-         localDB.Select(u"SELECT JobID, Note FROM NotesList ORDER BY Id"_s, {}, u"reading the notes"_s))
-        notes.push_back({row[0].toString(), row[1].toString()});
+         localDB.Select(u"SELECT JobID, Note, Id FROM NotesList ORDER BY Id"_s, {}, u"reading the notes"_s))
+        notes.push_back({row[0].toString(), row[1].toString(), row[2].toLongLong()});
     return notes;
 }
 
 void AddNote(dao::Database &localDB, const Note &note)
 {
     localDB.Insert(u"INSERT INTO NotesList (JobID, Note) VALUES (?, ?)"_s, {note.jobID, note.text}, u"adding a note"_s);
+}
+
+void DeleteNote(dao::Database &localDB, qint64 id)
+{
+    localDB.Execute(u"DELETE FROM NotesList WHERE Id = ?"_s, {id}, u"deleting a note"_s);
+}
+
+std::optional<qint64> FirstNoteOn(dao::Database &localDB, const QString &jobID)
+{
+    const QList<QVariantList> found =
+        localDB.Select(u"SELECT min(Id) FROM NotesList WHERE JobID = ?"_s, {jobID}, u"finding a job's notes"_s);
+    if (found.isEmpty() || found[0][0].isNull())
+        return std::nullopt;
+    return found[0][0].toLongLong();
 }

@@ -13,6 +13,8 @@
 #include <QLoggingCategory>
 #include <QStyledItemDelegate>
 
+#include <algorithm>
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
@@ -180,8 +182,12 @@ bool Notes::ReadAll()
 {
     try {
         std::vector<RowsModel::Row> rows;
-        for (const Note &note : ReadNotes(localDB_))
+        std::vector<qint64> ids;
+        for (const Note &note : ReadNotes(localDB_)) {
             rows.push_back(RowOf(note));
+            ids.push_back(note.id);
+        }
+        ids_ = std::move(ids);
         notes_.SetRows(std::move(rows));
         return true;
     } catch (const dao::Error &error) {
@@ -229,9 +235,23 @@ void Notes::ShowJob()
 {
     ui_->FindText->clear();
     const QString job = ui_->JobText->text().trimmed();
-    const QModelIndexList ofJob = found_.match(found_.index(0, jobColumn), Qt::EditRole, job, 1, Qt::MatchFixedString);
-    GoTo(ofJob.isEmpty() ? found_.index(found_.rowCount() - 1, 0) : ofJob.first());
-    ui_->StatusLabel->setText(ofJob.isEmpty() && !job.isEmpty() ? u"There is no note on this job yet."_s : QString());
+    const QModelIndex ofJob = FirstNoteOfJob(job);
+    GoTo(ofJob.isValid() ? ofJob : found_.index(found_.rowCount() - 1, 0));
+    ui_->StatusLabel->setText(!ofJob.isValid() && !job.isEmpty() ? u"There is no note on this job yet."_s : QString());
+}
+
+// The database says which job is the same, as it does for the sums.
+QModelIndex Notes::FirstNoteOfJob(const QString &job) const
+{
+    try {
+        const auto first = FirstNoteOn(localDB_, job);
+        const auto row = first ? std::find(ids_.begin(), ids_.end(), *first) : ids_.end();
+        if (row != ids_.end())
+            return found_.mapFromSource(notes_.index(static_cast<int>(row - ids_.begin()), 0));
+    } catch (const dao::Error &error) {
+        qCWarning(log).noquote() << error.Text();
+    }
+    return {};
 }
 
 void Notes::FindText_Change()

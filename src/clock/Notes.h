@@ -51,6 +51,7 @@ private:
     bool Save(); // false: it could not be stored, and stays in NoteText
     QString NewNote() const;
     void ShowJob(); // the first note of the job in JobText, else the newest of all
+    QModelIndex FirstNoteOfJob(const QString &job) const;
     void GoTo(const QModelIndex &note);
     void ShowWholeNote();
     void ClearBoxes();
@@ -61,5 +62,6 @@ private:
     const TimeSource &time_;
     QString currentJobID_;
     RowsModel notes_;
+    std::vector<qint64> ids_; // of its rows
     QSortFilterProxyModel found_; // those that contain what is sought
 };
