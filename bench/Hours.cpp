@@ -52,8 +52,7 @@ void Sum(const QString &file, SummaryKind kind)
 {
     dao::Database timeDb = dao::Database::OpenDatabase(file);
     timeDb.RegisterFunctions([] { return QDateTime(); });
-    const Summary summary =
-        ReadSummary(timeDb, kind, {2023, 1, 1}, {2023, 12, 31}, RoundingFragment(Rounding::Quarters));
+    const Summary summary = ReadSummary(timeDb, kind, {2023, 1, 1}, {2023, 12, 31}, Rounding::Quarters);
     if (summary.rows.size() != (kind == SummaryKind::PerJob ? jobs : jobs * 365))
         throw std::runtime_error("the sums are not those of the data");
 }

@@ -3,7 +3,6 @@
 #include "reports/QuickRange.h"
 #include "reports/Timesheet.h"
 
-#include <QHash>
 #include <QMap>
 
 #include <algorithm>
@@ -15,7 +14,7 @@ namespace {
 
 QString Tip(const QString &what, double hours, const QLocale &locale)
 {
-    return what + u": "_s + locale.toString(HoursText(hours).toDouble(), 'f', 2) + u" hours"_s;
+    return what + u": "_s + ExactHoursText(hours, locale) + u" hours"_s;
 }
 
 bool IsToBeSeen(double hours)
@@ -23,26 +22,18 @@ bool IsToBeSeen(double hours)
     return std::abs(hours) >= 0.005; // less is 00.00
 }
 
-// A job that was renamed has several rows.
 QList<HoursBar> AllJobs(const QList<SummaryRow> &rows, const QLocale &locale)
 {
     QList<HoursBar> bars;
-    QHash<QString, qsizetype> known; // the bar of each job
     for (const SummaryRow &row : rows) {
-        const QString job = (row.jobID.trimmed().isEmpty() ? row.jobName : row.jobID).simplified();
-        const auto found = known.constFind(job.toUpper());
-        if (found != known.cend()) {
-            bars[*found].hours += row.hours.value_or(0);
+        const double hours = ExactHours(row.hours.value_or(0)); // equal ones are equal then
+        if (!IsToBeSeen(hours))
             continue;
-        }
-        known.insert(job.toUpper(), bars.size());
+        const QString job = (row.jobID.trimmed().isEmpty() ? row.jobName : row.jobID).simplified();
         const QString name = row.jobName.simplified();
         const QString inFull = job == name ? job : QString(job + u' ' + name).trimmed();
-        bars.append({job, inFull, row.hours.value_or(0)});
+        bars.append({job, Tip(inFull, hours, locale), hours});
     }
-    bars.removeIf([](const HoursBar &bar) { return !IsToBeSeen(bar.hours); });
-    for (HoursBar &bar : bars)
-        bar.tip = Tip(bar.tip, bar.hours, locale);
     return bars;
 }
 
@@ -141,9 +132,9 @@ QString PeriodLabel(Periods::Unit unit, const DateRange &one, const DateRange &a
 
 QString PeriodInFull(const DateRange &one, const QLocale &locale)
 {
-    return one.from == one.to ? locale.toString(one.from, QLocale::LongFormat)
-                              : locale.toString(one.from, QLocale::ShortFormat) + u" – "_s
-                                    + locale.toString(one.to, QLocale::ShortFormat);
+    return one.from == one.to
+               ? locale.toString(one.from, QLocale::LongFormat)
+               : locale.toString(one.from, DateFormat(locale)) + u" – "_s + locale.toString(one.to, DateFormat(locale));
 }
 
 QList<HoursBar> DayBars(const Summary &summary, int most, const QLocale &locale)

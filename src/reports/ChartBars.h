@@ -15,7 +15,7 @@ struct HoursBar
     bool isRest = false; // the smallest jobs together
 };
 
-// At most `most` bars. Per job: the jobs by their hours, the longest first, the smallest ones put together as one last bar; rows
-// of one id are one job. Per day: every day that lies between the first and the last with hours, in order; weeks as the locale
+// At most `most` bars. Per job: one for each row, by its hours, the longest first and equal ones in the order of the rows; the
+// smallest put together as one last bar. Per day: every day that lies between the first and the last with hours, in order; weeks as the locale
 // begins them, months or years where those were too many. Jobs whose hours are 00.00 have no bar.
 QList<HoursBar> BarsOf(const Summary &summary, int most, const QLocale &locale);

@@ -2,23 +2,13 @@
 
 #include <QStringList>
 
-#include <cmath>
-
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-// Sums of times carry the floating error of dates; what is a whole number of seconds is written as one.
 QString NumberField(const std::optional<double> &hours)
 {
-    if (!hours)
-        return {};
-    constexpr double secondsPerHour = 3600;
-    constexpr double errorInSeconds = 1e-3;
-    const double seconds = *hours * secondsPerHour;
-    const double whole = std::round(seconds) + 0.0; // never -0
-    const double exact = std::abs(seconds - whole) < errorInSeconds ? whole / secondsPerHour : *hours;
-    return QString::number(exact, 'f', QLocale::FloatingPointShortest);
+    return hours ? QString::number(ExactHours(*hours), 'f', QLocale::FloatingPointShortest) : QString();
 }
 
 QString DateField(const QDate &date)

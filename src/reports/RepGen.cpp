@@ -12,6 +12,8 @@
 #include <QKeyEvent>
 #include <QLoggingCategory>
 
+#include <algorithm>
+
 using namespace Qt::Literals::StringLiterals;
 using namespace std::chrono_literals;
 
@@ -28,28 +30,26 @@ constexpr int dayWidth = 44; // as designed, pixels
 constexpr int monthWidth = 58;
 constexpr int jobWidth = 100;
 constexpr int hoursWidth = 70;
-
-// The locale's own, but with all digits of the year: a person types in it.
-QString DateFormat()
-{
-    QString format = QLocale().dateFormat(QLocale::ShortFormat);
-    return format.contains(u"yyyy"_s) ? format : format.replace(u"yy"_s, u"yyyy"_s);
-}
+constexpr QChar figureSpace = u'\u2007';
 
 QString TwoDigits(const QVariant &cell)
 {
     return u"%1"_s.arg(cell.toInt(), 2, 10, QChar(u'0'));
 }
 
-// With the decimals that paper shows.
-double Shown(double hours)
+QString RoundedCell(const QVariant &cell)
 {
-    return HoursText(hours).toDouble();
+    return cell.isNull() ? QString() : ExactHoursText(cell.toDouble(), QLocale());
 }
 
-QString HoursCell(const QVariant &cell)
+double Shown(double hours)
 {
-    return cell.isNull() ? QString() : QLocale().toString(Shown(cell.toDouble()), 'f', 2);
+    return ExactHoursText(hours, QLocale::c()).toDouble();
+}
+
+bool HasThousandths(const std::optional<double> &hours)
+{
+    return hours && ExactHoursText(*hours, QLocale::c()).section(u'.', 1).size() == 3;
 }
 
 QVariant HoursValue(const std::optional<double> &hours)
@@ -102,7 +102,7 @@ RepGen::~RepGen() = default;
 void RepGen::SetUpPickers()
 {
     for (QDateEdit *picker : {ui_->DTPickerFrom, ui_->DTPickerTo}) {
-        picker->setDisplayFormat(DateFormat());
+        picker->setDisplayFormat(DateFormat(QLocale()));
         picker->setDate(parts_.time.Now().date());
     }
 }
@@ -111,8 +111,8 @@ void RepGen::SetUpGrid()
 {
     gridModel_.SetFormatter(dayColumn, TwoDigits);
     gridModel_.SetFormatter(monthColumn, TwoDigits);
-    gridModel_.SetFormatter(hoursColumn, HoursCell);
-    gridModel_.SetFormatter(roundedColumn, HoursCell);
+    gridModel_.SetFormatter(hoursColumn, [this](const QVariant &cell) { return HoursCell(cell); });
+    gridModel_.SetFormatter(roundedColumn, RoundedCell);
     QTableView &grid = *ui_->SummaryGrid;
     grid.setModel(&gridModel_);
     grid.setColumnWidth(dayColumn, dayWidth);
@@ -246,8 +246,8 @@ void RepGen::BeginSum(SummaryKind kind)
     ShowNote(nullptr);
     busyTimer_.start();
     const auto sum = std::make_shared<Summary>();
-    summing_.Begin([sum, kind, from = fromDate_, to = toDate_, fragment = roundingFragment_](
-                       dao::Database &timeDb) { *sum = ReadSummary(timeDb, kind, from, to, fragment); },
+    summing_.Begin([sum, kind, from = fromDate_, to = toDate_, rounding = parts_.rounding](
+                       dao::Database &timeDb) { *sum = ReadSummary(timeDb, kind, from, to, rounding); },
                    [this, sum](const std::optional<dao::Error> &error) {
                        TaskEnded(error);
                        if (error) {
@@ -309,6 +309,8 @@ void RepGen::ShowSummary()
     for (const SummaryRow &row : summary_.rows)
         cells.push_back({perDay ? QVariant(row.day.day()) : QVariant(), row.jobID, HoursValue(row.hours),
                          HoursValue(row.rounded), row.jobName, perDay ? QVariant(row.day.month()) : QVariant()});
+    hasThousandths_ = std::any_of(summary_.rows.cbegin(), summary_.rows.cend(),
+                                  [](const SummaryRow &row) { return HasThousandths(row.hours); });
     ui_->SummaryGrid->clearSelection();
     gridModel_.SetRows(std::move(cells));
     ui_->SummaryGrid->scrollToTop();
@@ -318,6 +320,16 @@ void RepGen::ShowSummary()
     ShowUnsaved();
     ShowNote(summary_.rows.isEmpty() ? ui_->EmptyLabel : nullptr);
     EnableCommands();
+}
+
+// The decimal points stand below each other: a blank as wide as a digit takes the place of a third decimal.
+QString RepGen::HoursCell(const QVariant &cell) const
+{
+    if (cell.isNull())
+        return {};
+    const double hours = cell.toDouble();
+    const bool padded = hasThousandths_ && !HasThousandths(hours);
+    return ExactHoursText(hours, QLocale()) + (padded ? QString(figureSpace) : QString());
 }
 
 void RepGen::ShowColumns(SummaryKind kind)
@@ -333,13 +345,14 @@ void RepGen::ShowTotals()
         return;
     }
     const QLocale locale;
+    const QString format = DateFormat(locale);
     const double hours = Shown(summary_.TotalHours());
     const double rounded = Shown(summary_.TotalRounded());
-    const double difference = std::round((rounded - hours) * 100) / 100 + 0.0; // never -0
-    ui_->TotalsLabel->setText(
-        totalsPattern_.arg(locale.toString(hours, 'f', 2), locale.toString(rounded, 'f', 2),
-                           (difference > 0 ? u"+"_s : QString()) + locale.toString(difference, 'f', 2),
-                           locale.toString(summary_.from, DateFormat()), locale.toString(summary_.to, DateFormat())));
+    const QString difference = ExactHoursText(rounded - hours, locale);
+    const bool isMore = Shown(rounded - hours) > 0;
+    ui_->TotalsLabel->setText(totalsPattern_.arg(
+        ExactHoursText(hours, locale), ExactHoursText(rounded, locale), (isMore ? u"+"_s : QString()) + difference,
+        locale.toString(summary_.from, format), locale.toString(summary_.to, format)));
 }
 
 void RepGen::ShowBars()

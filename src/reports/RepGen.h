@@ -75,6 +75,7 @@ private:
     void EnableCommands();
 
     void ShowSummary();
+    QString HoursCell(const QVariant &cell) const;
     void ShowColumns(SummaryKind kind);
     void ShowTotals();
     void ShowBars();
@@ -92,7 +93,8 @@ private:
     QDate fromDate_;
     QDate toDate_;
     QString roundingFragment_;
-    Summary summary_; // what was computed last
+    Summary summary_;             // what was computed last
+    bool hasThousandths_ = false; // some of its hours are shown with three decimals
     SummaryOutput output_;
 
     QTimer busyTimer_;

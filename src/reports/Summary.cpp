@@ -6,6 +6,7 @@
 
 #include <QSqlQuery>
 
+#include <cmath>
 #include <numeric>
 
 using namespace Qt::Literals::StringLiterals;
@@ -76,10 +77,19 @@ double Summary::TotalRounded() const
     return Total(rows, &SummaryRow::rounded);
 }
 
-Summary ReadSummary(dao::Database &timeDb, SummaryKind kind, const QDate &from, const QDate &to,
-                    const QString &roundingFragment)
+double ExactHours(double hours)
 {
-    Summary summary{kind, from, to, {}};
+    constexpr double secondsPerHour = 3600;
+    constexpr double mostError = 0.05; // of a sum of some 100,000 rows, in seconds
+    const double seconds = hours * secondsPerHour;
+    const double whole = std::round(seconds) + 0.0; // never -0
+    return std::abs(seconds - whole) < mostError ? whole / secondsPerHour : hours;
+}
+
+Summary ReadSummary(dao::Database &timeDb, SummaryKind kind, const QDate &from, const QDate &to, Rounding rounding)
+{
+    Summary summary{kind, from, to, rounding, {}};
+    const QString roundingFragment = RoundingFragment(rounding);
     const RepDates dates = SplitDates(from, to);
     switch (kind) {
     case SummaryKind::None:

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "settings/Options.h"
+
 #include <QDate>
 #include <QList>
 #include <QString>
@@ -21,19 +23,22 @@ struct SummaryRow
     std::optional<double> rounded; // hours, too
 };
 
-// The result of one of the two statements, with the range that it was asked for.
+// The result of one of the two statements, with the range and the rounding that it was asked for.
 struct Summary
 {
     SummaryKind kind = SummaryKind::None;
     QDate from;
     QDate to;
+    Rounding rounding = Rounding::Quarters;
     QList<SummaryRow> rows; // in the order of the statement
 
     double TotalHours() const;   // of the exact values
     double TotalRounded() const; // of the rounded values of the rows
 };
 
-// Runs the statement of `kind` on the time database; `roundingFragment` as RoundingFragment gives it. Throws dao::Error. The
-// connection must have the functions of the statements.
-Summary ReadSummary(dao::Database &timeDb, SummaryKind kind, const QDate &from, const QDate &to,
-                    const QString &roundingFragment);
+// Hours without the floating error of dates: what is a whole number of seconds but for that is one exactly.
+double ExactHours(double hours);
+
+// Runs the statement of `kind` on the time database. Throws dao::Error. The connection must have the functions of the
+// statements.
+Summary ReadSummary(dao::Database &timeDb, SummaryKind kind, const QDate &from, const QDate &to, Rounding rounding);

@@ -34,8 +34,8 @@ QString DayText(const QDate &day)
 
 QStringList Header(const Summary &summary, const QString &user, const QLocale &locale)
 {
-    return {WithoutBreaks(user), locale.toString(summary.from, QLocale::ShortFormat),
-            locale.toString(summary.to, QLocale::ShortFormat)};
+    const QString format = DateFormat(locale);
+    return {WithoutBreaks(user), locale.toString(summary.from, format), locale.toString(summary.to, format)};
 }
 
 QStringList Cells(const SummaryRow &row, SummaryKind kind, qsizetype blanks)
@@ -47,16 +47,42 @@ QStringList Cells(const SummaryRow &row, SummaryKind kind, qsizetype blanks)
     return cells;
 }
 
+// Whole seconds may be half of a decimal: halves away from zero, in a number that misses the half by no floating error.
+double Decimals(double hours, int scale)
+{
+    return std::round(std::round(ExactHours(hours) * 1e6) * scale / 1e6);
+}
+
+QString Foot(Rounding rounding)
+{
+    QString unit = u"quarter of an hour"_s;
+    if (rounding != Rounding::Quarters)
+        unit = rounding == Rounding::HalfHours ? u"half hour"_s : u"whole hour"_s;
+    return u"Hours are exact sums. Rounded is the sum of each line to the nearest %1, halves to the even one; the "
+           u"rounded "
+           "total adds the rounded lines."_s.arg(unit);
+}
+
 } // namespace
+
+QString DateFormat(const QLocale &locale)
+{
+    QString format = locale.dateFormat(QLocale::ShortFormat);
+    return format.contains(u"yyyy"_s) ? format : format.replace(u"yy"_s, u"yyyy"_s);
+}
+
+QString ExactHoursText(double hours, const QLocale &locale)
+{
+    const double thousandths = Decimals(hours, 1000);
+    const bool roundsAtTwo = std::abs(ExactHours(hours) - Decimals(hours, 100) / 100) > 1e-6;
+    return locale.toString(thousandths / 1000 + 0.0, 'f', roundsAtTwo ? 3 : 2); // never -0
+}
 
 QString HoursText(const std::optional<double> &hours)
 {
-    // Whole seconds that are half a hundredth of an hour miss the half by a floating error until they are snapped to it.
-    const double exact = hours.value_or(0);
-    const double millionths = std::round(std::abs(exact) * 1e6);
-    const double hundredths = std::round(millionths / 1e4);
-    const QString text = QString::number(hundredths / 100, 'f', 2).rightJustified(5, u'0');
-    return hundredths > 0 && exact < 0 ? QString(u'-' + text) : text;
+    const double hundredths = Decimals(hours.value_or(0), 100);
+    const QString text = QString::number(std::abs(hundredths) / 100, 'f', 2).rightJustified(5, u'0');
+    return hundredths < 0 ? QString(u'-' + text) : text;
 }
 
 QString ClipboardText(const Summary &summary, const QString &user, const QLocale &locale)
@@ -88,6 +114,7 @@ PrintedTimesheet TimesheetToPrint(const Summary &summary, const QString &user, c
         sheet.rows.append(Cells(row, summary.kind, blanksOnPaper));
     sheet.totals = {QString(), HoursText(summary.TotalHours()), HoursText(summary.TotalRounded()), QString()};
     sheet.alignRight = {false, true, true, false};
+    sheet.foot = Foot(summary.rounding);
     if (summary.kind == SummaryKind::PerDay) {
         sheet.totals.prepend(QString());
         sheet.alignRight.prepend(false);

@@ -13,6 +13,12 @@
 // zero. 00.00 for no hours.
 QString HoursText(const std::optional<double> &hours);
 
+// The locale's own short dates, but with all digits of the year.
+QString DateFormat(const QLocale &locale);
+
+// Hours for the screen, as the locale writes them: with two decimals, or with three where two would round.
+QString ExactHoursText(double hours, const QLocale &locale);
+
 // Header, rows and totals, lines ended by CR LF, fields separated by one tab. Empty for a summary of no kind.
 QString ClipboardText(const Summary &summary, const QString &user, const QLocale &locale);
 
@@ -24,5 +30,6 @@ struct PrintedTimesheet
     QList<QStringList> rows;
     QStringList totals;
     QList<bool> alignRight; // of the columns
+    QString foot;           // how the hours were rounded, for below the timesheet itself
 };
 PrintedTimesheet TimesheetToPrint(const Summary &summary, const QString &user, const QLocale &locale);

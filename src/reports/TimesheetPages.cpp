@@ -20,7 +20,7 @@ using Column = TimesheetLayout::Column;
 constexpr double topMargin = 8;
 constexpr double emptyLine = 1;
 constexpr double headingsHeight = 1.5;
-constexpr double footHeight = 2; // an empty line and the page number
+constexpr double pageNumberHeight = 1;
 constexpr double rowGap = 0.25;
 constexpr double totalsGap = 0.5; // a rule in its middle
 
@@ -43,6 +43,17 @@ QString WithoutTrailingBlanks(QString text)
     while (!text.isEmpty() && text.back().isSpace())
         text.chop(1);
     return text;
+}
+
+QFont FootFont(QFont font)
+{
+    font.setPointSizeF(font.pointSizeF() * 0.8);
+    return font;
+}
+
+double FootHeight(const TimesheetLayout &layout)
+{
+    return emptyLine + static_cast<double>(layout.foot.size()) + pageNumberHeight;
 }
 
 double BodyTop(const TimesheetLayout &layout)
@@ -200,9 +211,12 @@ public:
             }
             Cells(line.top, line.cells);
         }
+        y = device.height() / layout_.lineHeight - FootHeight(layout_) + emptyLine;
+        painter_.setFont(FootFont(layout_.font));
+        for (const QString &line : layout_.foot)
+            Text(0, y++, device.width(), Qt::AlignLeft, line);
         painter_.setFont(layout_.font);
-        Text(0, device.height() / layout_.lineHeight - 1, device.width(), Qt::AlignHCenter,
-             u"Page %1 of %2"_s.arg(page + 1).arg(layout_.pages.size()));
+        Text(0, y, device.width(), Qt::AlignHCenter, u"Page %1 of %2"_s.arg(page + 1).arg(layout_.pages.size()));
     }
 
 private:
@@ -240,9 +254,11 @@ TimesheetLayout LayOut(const PrintedTimesheet &timesheet, const QPagedPaintDevic
     layout.font.setPointSizeF(10);
     layout.lineHeight = std::ceil(QFontMetricsF(layout.font, &device).lineSpacing());
     layout.header = Broken(timesheet.header.join(u"    "_s), Bold(layout.font), device.width(), device);
+    if (!timesheet.foot.isEmpty())
+        layout.foot = Broken(timesheet.foot, FootFont(layout.font), device.width(), device);
     layout.columns = Columns(timesheet, layout.font, device);
 
-    PageFiller filler(BodyTop(layout), device.height() / layout.lineHeight - footHeight);
+    PageFiller filler(BodyTop(layout), device.height() / layout.lineHeight - FootHeight(layout));
     for (const QStringList &row : timesheet.rows) {
         const bool isLast = &row == &timesheet.rows.last();
         filler.AddRow(Lines(row, layout.columns, layout.font, device), isLast ? rowGap + totalsGap + 1 : 0);

@@ -26,12 +26,13 @@ struct TimesheetLayout
     QFont font;
     double lineHeight = 0;
     QStringList header; // lines
+    QStringList foot;   // lines
     QList<Column> columns;
     QList<Page> pages; // the last line of the last page is the totals
 };
 
 // Lays a timesheet out on the pages of a printer, a preview or a PDF file: eight empty lines on top, the header on every page,
-// columns that line up, page numbers, and the totals never alone on a page. Descriptions too long for their column go on in
+// columns that line up, the foot and page numbers, and the totals never alone on a page. Descriptions too long for their column go on in
 // the next line of it.
 TimesheetLayout LayOut(const PrintedTimesheet &timesheet, const QPagedPaintDevice &device);
 

@@ -19,7 +19,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 const QString file = u"Blank.mdb"_s;
-const QString byQuarters = RoundingFragment(Rounding::Quarters);
+constexpr Rounding byQuarters = Rounding::Quarters;
 const QString endless = u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n) SELECT max(i) FROM n"_s;
 
 const std::map<Rounding, qint64> units{
@@ -85,7 +85,7 @@ private slots:
 
         for (const auto &[rounding, unit] : units)
             for (const SummaryKind kind : {SummaryKind::PerJob, SummaryKind::PerDay})
-                Compare(ReadSummary(timeDb_, kind, {1990, 1, 1}, {2079, 12, 31}, RoundingFragment(rounding)), unit);
+                Compare(ReadSummary(timeDb_, kind, {1990, 1, 1}, {2079, 12, 31}, rounding), unit);
     }
 
     void Bounds()
@@ -115,14 +115,14 @@ private slots:
             QCOMPARE(rows[1].stempOutTime, dao::WallTime(day, {23, 59, 58}).addSecs(60));
             QVERIFY(ReadSummary(timeDb_, SummaryKind::PerJob, day, day.addDays(-1), byQuarters).rows.isEmpty());
         }
-        QVERIFY_THROWS_EXCEPTION(dao::Error, ReadSummary(timeDb_, SummaryKind::PerJob, days[0], days[0], {}));
+        QVERIFY_THROWS_EXCEPTION(dao::Error, ReadSummary(timeDb_, SummaryKind::PerJob, days[0], days[0], Rounding(-1)));
     }
 
     // In a range over a new year, and in longer ones, whose days come more than once.
     void YearsOfDays()
     {
-        const QList<QDate> days{{2019, 6, 30}, {2023, 2, 28}, {2023, 6, 30},
-                                {2024, 2, 29}, {2024, 6, 29}, {2028, 2, 29}};
+        const QList<QDate> days{{2019, 6, 30}, {2023, 2, 28}, {2023, 6, 30}, {2024, 2, 29},
+                                {2024, 6, 29}, {2024, 6, 30}, {2028, 2, 29}}; // one is a year and a day
         for (const QDate &day : days)
             AddRow(u"J"_s, day, 3600, 60);
         Store();

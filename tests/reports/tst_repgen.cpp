@@ -95,16 +95,23 @@ private slots:
         Summing summing;
         QVERIFY(summing.opened);
         QTest::keyClick(summing.form->focusWidget(), Qt::Key_Return);
-        QCOMPARE(summing.Rows(today, today), QStringList({u"A1 1.12 1.00 Job A1"_s, u"B2 0.50 0.50 Job B2"_s}));
-        QVERIFY(summing.Text("TotalsLabel").startsWith(u"Hours: 1.62    Rounded: 1.50    Difference: -0.12 "_s));
+        QCOMPARE(summing.Rows(today, today), QStringList({u"A1 1.117 1.00 Job A1"_s, u"B2 0.50\u2007 0.50 Job B2"_s}));
+        QVERIFY(summing.Text("TotalsLabel").startsWith(u"Hours: 1.617    Rounded: 1.50    Difference: -0.117 "_s));
         QCOMPARE(summing.Find<ChartWidget>("MSChart")->Bars().size(), 2);
 
         summing.unsaved = 3;
         summing.SetDates(february1, today);
         summing.Press("DailyButton");
         QCOMPARE(summing.Rows(february1, today),
-                 QStringList(
-                     {u"27 A1 1.50 1.50 Job A1 02"_s, u"02 A1 1.12 1.00 Job A1 03"_s, u"02 B2 0.50 0.50 Job B2 03"_s}));
+                 QStringList({u"27 A1 1.50\u2007 1.50 Job A1 02"_s, u"02 A1 1.117 1.00 Job A1 03"_s,
+                              u"02 B2 0.50\u2007 0.50 Job B2 03"_s}));
+        auto *grid = summing.Find<QTableView>("SummaryGrid");
+        grid->selectRow(2);
+        grid->selectionModel()->select(grid->model()->index(0, 0),
+                                       QItemSelectionModel::Select | QItemSelectionModel::Rows);
+        QTest::keySequence(grid, QKeySequence::Copy);
+        QCOMPARE(QGuiApplication::clipboard()->text(),
+                 u"27\t02\tA1\t1.50\t1.50\tJob A1\r\n02\t03\tB2\t0.50\t0.50\tJob B2\r\n"_s);
         QVERIFY(summing.Shows("UnsavedLabel") && summing.Text("UnsavedLabel").endsWith(u" 3"_s));
 
         summing.SetDates(march1, march1);

@@ -28,12 +28,12 @@ const QLocale danish(QLocale::Danish, QLocale::Denmark);
 
 Summary PerJob(QList<SummaryRow> rows)
 {
-    return {SummaryKind::PerJob, QDate(2026, 7, 1), QDate(2026, 7, 31), std::move(rows)};
+    return {SummaryKind::PerJob, QDate(2026, 7, 1), QDate(2026, 7, 31), Rounding::Quarters, std::move(rows)};
 }
 
 Summary PerDay(QList<SummaryRow> rows)
 {
-    return {SummaryKind::PerDay, QDate(2026, 7, 1), QDate(2027, 12, 31), std::move(rows)};
+    return {SummaryKind::PerDay, QDate(2026, 7, 1), QDate(2027, 12, 31), Rounding::HalfHours, std::move(rows)};
 }
 
 QString Shown(const QList<HoursBar> &bars)
@@ -55,7 +55,8 @@ QStringList Row(const QString &jobID, const QString &name)
 
 PrintedTimesheet Timesheet(int rows)
 {
-    PrintedTimesheet timesheet{{u"ÆRØ"_s, u"01-11-2026"_s, u"30-11-2026"_s}, {}, {}, {true, false, true, true, false}};
+    PrintedTimesheet timesheet{
+        {u"ÆRØ"_s, u"01-11-2026"_s, u"30-11-2026"_s}, {}, {}, {true, false, true, true, false}, u"Rounded somehow."_s};
     const QStringList names{u"Møde"_s, manyWords, QString(), longWord};
     for (int i = 0; i < rows; ++i)
         timesheet.rows.append(Row(u"JOB%1T"_s.arg(i), names[i % names.size()]));
@@ -90,6 +91,12 @@ private slots:
                                           {-0.004, u"00.00"_s},
                                           {9.995, u"10.00"_s}})
             QCOMPARE(HoursText(hours), text);
+        for (const auto &[hours, text] : {std::pair(1.125, u"1,125"_s),
+                                          {inexactHalf, u"1,125"_s},
+                                          {7.75 + 2e-6, u"7,75"_s}, // what many rows add up to
+                                          {2. / 3, u"0,667"_s},
+                                          {-0.0001, u"0,000"_s}})
+            QCOMPARE(ExactHoursText(hours, danish), text);
     }
 
     void CopyPerJob()
@@ -118,6 +125,9 @@ private slots:
                                                            "03\t1001                \t07.50\t07.50\tFence\r\n"
                                                            "31\t1002                \t00.25\t00.25\tGate\r\n"
                                                            "  \t                    \t07.75\t07.75\r\n"_s);
+        const PrintedTimesheet sheet = TimesheetToPrint(summary, u"ABC"_s, QLocale(QLocale::English));
+        QCOMPARE(sheet.header.at(2), u"12/31/2027"_s);
+        QVERIFY(sheet.foot.contains(u"half hour"_s));
     }
 
     void Csv()
@@ -157,11 +167,11 @@ private slots:
                                         {{}, u"A"_s, u"New name"_s, 4.0, 4.0},
                                         {{}, u"Open"_s, QString(), std::nullopt, std::nullopt},
                                         {{}, QString(), u"Unnumbered"_s, 5.5, 5.5},
-                                        {{}, u"C"_s, u"Gate"_s, 1.0, 1.0}});
-        QCOMPARE(Shown(BarsOf(summary, 4, danish)), u"a=7; Unnumbered=5.5; B=2; C=1"_s);
-        QCOMPARE(Shown(BarsOf(summary, 3, danish)), u"a=7; Unnumbered=5.5; 2 others=3"_s);
-        QCOMPARE(Shown(BarsOf(summary, 1, danish)), u"4 jobs=15.5"_s);
-        QCOMPARE(BarsOf(summary, 4, danish).first().tip, u"a Old name: 7,00 hours"_s);
+                                        {{}, u"C"_s, u"Gate"_s, 2.0 + 1e-9, 2.0}}); // as long as the other gate
+        QCOMPARE(Shown(BarsOf(summary, 5, danish)), u"Unnumbered=5.5; A=4; a=3; B=2; C=2"_s);
+        QCOMPARE(Shown(BarsOf(summary, 4, danish)), u"Unnumbered=5.5; A=4; a=3; 2 others=4"_s);
+        QCOMPARE(Shown(BarsOf(summary, 1, danish)), u"5 jobs=16.5"_s);
+        QCOMPARE(BarsOf(summary, 5, danish).at(2).tip, u"a Old name: 3,00 hours"_s);
     }
 
     void BarsPerDay()
@@ -270,7 +280,7 @@ private slots:
             from = text.indexOf(u"01 JOB%1T 100.25 07.50"_s.arg(i), from);
             QVERIFY2(from >= 0, qPrintable(u"JOB%1T"_s.arg(i)));
         }
-        QVERIFY(text.endsWith(u"100.25 07.50 Page %1 of %1"_s.arg(pages.size())));
+        QVERIFY(text.endsWith(u"100.25 07.50 Rounded somehow. Page %1 of %1"_s.arg(pages.size())));
     }
 
     void AFullDiskLeavesTheOlderFile()
@@ -296,7 +306,8 @@ private slots:
 private:
     bool HasRoomForItsNumber(const TimesheetLayout &layout, const TimesheetLayout::Page &page) const
     {
-        return (page.last().top + 2) * layout.lineHeight < writer_.height();
+        const double foot = static_cast<double>(layout.foot.size()) + 1;
+        return (page.last().top + 1 + foot) * layout.lineHeight < writer_.height();
     }
 
     QTemporaryDir folder_;

@@ -1,11 +1,82 @@
 #include "platform/forms/GridControl.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QTableWidget>
 
+#include <set>
 #include <utility>
 
-GridControl::GridControl(ControlId id, QTableView &view) : WidgetControl(std::move(id), view), view_(view) {}
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+// Without the breaks that would make several cells or lines of it, and the blanks that only align it.
+QString CellText(const QModelIndex &cell)
+{
+    QString text = cell.data().toString();
+    text.replace("\r\n"_L1, " "_L1);
+    for (QChar &letter : text)
+        if (letter == u'\t' || letter == u'\r' || letter == u'\n')
+            letter = u' ';
+    while (text.endsWith(u'\u2007')) // a blank as wide as a digit
+        text.chop(1);
+    return text;
+}
+
+QString RowText(const QTableView &view, int row)
+{
+    QStringList cells;
+    const QHeaderView *header = view.horizontalHeader();
+    for (int place = 0; place < header->count(); ++place) {
+        const int column = header->logicalIndex(place);
+        if (!view.isColumnHidden(column))
+            cells.append(CellText(view.model()->index(row, column)));
+    }
+    return cells.join(u'\t');
+}
+
+void CopyRows(const QTableView &view)
+{
+    std::set<int> rows;
+    for (const QModelIndex &cell : view.selectionModel()->selectedIndexes())
+        rows.insert(cell.row());
+    if (const QModelIndex current = view.currentIndex(); rows.empty() && current.isValid())
+        rows.insert(current.row());
+    QString text;
+    for (const int row : rows)
+        text += RowText(view, row) + u"\r\n"_s;
+    if (!text.isEmpty())
+        QGuiApplication::clipboard()->setText(text);
+}
+
+class CopyKey : public QObject
+{
+public:
+    explicit CopyKey(QTableView &view) : QObject(&view), view_(view) { view.installEventFilter(this); }
+
+protected:
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() != QEvent::KeyPress || !static_cast<QKeyEvent *>(event)->matches(QKeySequence::Copy))
+            return false;
+        if (view_.selectionModel())
+            CopyRows(view_);
+        return true;
+    }
+
+private:
+    QTableView &view_;
+};
+
+} // namespace
+
+GridControl::GridControl(ControlId id, QTableView &view) : WidgetControl(std::move(id), view), view_(view)
+{
+    new CopyKey(view); // which owns it
+}
 
 std::optional<QString> GridControl::Caption() const
 {

@@ -8,6 +8,8 @@ class QTableView;
 
 // A grid with a header: MSFlexGrid, DBGrid, Grid. The caption lists the columns' captions, each followed by "|", the value the
 // columns' widths in twips, each followed by ";". A list with fewer pieces than columns sets only those.
+// Ctrl+C copies the selected rows, or the current one where none can be selected: a line for each, with the cells as they are
+// shown and a tab between two.
 class GridControl : public WidgetControl
 {
 public:
