@@ -315,7 +315,7 @@
 Ctrl+E lets you change any window: it turns light grey, and a click on a control edits its text, its place and its size until Escape ends it. Whatever went wrong, Ctrl+Shift+Backspace asks and then puts the shipped layout and texts of a window back. A window can also be moved by a bare spot of its surface.</source>
         <translation>Viser, hvad det felt, du spurgte om, gør. Tryk F1 på et hvilket som helst felt eller Shift+F1 for hele dets vindue; vinduet, du arbejder i, beholder tastaturet, og næste F1 skifter teksten her. Escape i dette vindue lukker det, og næste gang åbner det, hvor du forlod det.
 
-Ctrl+E lader dig ændre ethvert vindue: det bliver lysegråt, og et klik på et felt redigerer dets tekst, plads og størrelse, indtil Escape afslutter det. Hvad der end gik galt, spørger Ctrl+Shift+Backspace og genskaber så vinduets oprindelige opstilling og tekster. Et vindue kan også flyttes med et tomt sted på dets flade.</translation>
+Ctrl+E lader dig ændre ethvert vindue: det bliver lysegråt, og et klik på et felt redigerer dets tekst, plads og størrelse, indtil Escape afslutter det. Hvad der end gik galt, spørger Ctrl+Shift+Backspace og genskaber så vinduets oprindelige opstilling og tekster. Et vindue kan også flyttes med et tomt sted på sin flade.</translation>
     </message>
     <message>
         <source>The help of the control that you asked about</source>
@@ -338,19 +338,19 @@ Ctrl+E lader dig ændre ethvert vindue: det bliver lysegråt, og et klik på et 
     <name>IOQuery</name>
     <message>
         <source>You are stemped IN!</source>
-        <translation>Du er stempet IND!</translation>
+        <translation>Du er stemplet IND!</translation>
     </message>
     <message>
         <source>You are still stemped in on a job. Say here what is to happen with the open row: it stays open, it ends at a time that you type, or it ends now. Closing the window by its frame or with Escape carries out what is selected.</source>
-        <translation>Du er stadig stempet ind på et job. Sig her, hvad der skal ske med den åbne række: Den forbliver åben, den slutter på et tidspunkt, du skriver, eller den slutter nu. Lukker du vinduet i rammen eller med Escape, udføres det, der er valgt.</translation>
+        <translation>Du er stadig stemplet ind på et job. Sig her, hvad der skal ske med den åbne række: Den forbliver åben, den slutter på et tidspunkt, du skriver, eller den slutter nu. Lukker du vinduet i rammen eller med Escape, udføres det, der er valgt.</translation>
     </message>
     <message>
         <source>The job you are stemped in on</source>
-        <translation>Jobbet, du er stempet ind på</translation>
+        <translation>Jobbet, du er stemplet ind på</translation>
     </message>
     <message>
         <source>Shows the job of the row that is still open: its number and its name. The row was begun when you stemped in on that job. Nothing can be changed here.</source>
-        <translation>Viser jobbet for den række, der stadig er åben: nummer og navn. Rækken blev begyndt, da du stempede ind på jobbet. Der kan ikke ændres noget her.</translation>
+        <translation>Viser jobbet for den række, der stadig er åben: nummer og navn. Rækken blev begyndt, da du stemplede ind på jobbet. Der kan ikke ændres noget her.</translation>
     </message>
     <message>
         <source>Open job</source>
@@ -366,19 +366,19 @@ Ctrl+E lader dig ændre ethvert vindue: det bliver lysegråt, og et klik på et 
     </message>
     <message>
         <source>Remain stemped in</source>
-        <translation>Forbliv stempet ind</translation>
+        <translation>Forbliv stemplet ind</translation>
     </message>
     <message>
         <source>Stemp out at the time in the box</source>
-        <translation>Stemp ud på tidspunktet i feltet</translation>
+        <translation>Stempl ud på tidspunktet i feltet</translation>
     </message>
     <message>
         <source>Ends the row at the time that stands in the box. Choose it when you forgot to stemp out. It only selects: type the time and press OK. A time in the future or before you stemped in is taken after a warning.</source>
-        <translation>Afslutter rækken på det tidspunkt, der står i feltet. Vælg den, når du har glemt at stempe ud. Den vælger kun: Skriv tidspunktet, og tryk på OK. Et tidspunkt i fremtiden eller før du stempede ind godtages efter en advarsel.</translation>
+        <translation>Afslutter rækken på det tidspunkt, der står i feltet. Vælg den, når du har glemt at stemple ud. Den vælger kun: Skriv tidspunktet, og tryk på OK. Et tidspunkt i fremtiden eller før du stemplede ind godtages efter en advarsel.</translation>
     </message>
     <message>
         <source>Stemp out at:</source>
-        <translation>Stemp ud kl.:</translation>
+        <translation>Stempl ud kl.:</translation>
     </message>
     <message>
         <source>Date and time to stemp out at, or just a time of today</source>
@@ -386,7 +386,7 @@ Ctrl+E lader dig ændre ethvert vindue: det bliver lysegråt, og et klik på et 
     </message>
     <message>
         <source>The time at which the row is to end; it is filled with the present date and time. Type a date and time as your computer writes them, or only a time such as 8:30, 0830 or 8.30 for today. Typing here selects &quot;Stemp out at:&quot;; nothing is written before you press OK.</source>
-        <translation>Tidspunktet, hvor rækken skal slutte; feltet er udfyldt med dato og tid lige nu. Skriv dato og tid, som din computer skriver dem, eller kun et klokkeslæt som 8:30, 0830 eller 8.30 for i dag. Når du skriver her, vælges &quot;Stemp ud kl.:&quot;; intet skrives, før du trykker på OK.</translation>
+        <translation>Tidspunktet, hvor rækken skal slutte; feltet er udfyldt med dato og tid lige nu. Skriv dato og tid, som din computer skriver dem, eller kun et klokkeslæt som 8:30, 0830 eller 8.30 for i dag. Når du skriver her, vælges &quot;Stempl ud kl.:&quot;; intet skrives, før du trykker på OK.</translation>
     </message>
     <message>
         <source>Time to stemp out at</source>
@@ -394,7 +394,7 @@ Ctrl+E lader dig ændre ethvert vindue: det bliver lysegråt, og et klik på et 
     </message>
     <message>
         <source>Confirms &quot;Stemp out at:&quot;: the row ends at the time in the box and the window closes. If one of the other two choices is selected, the button first selects &quot;Stemp out at:&quot; and the window stays, so that you can look at the time.</source>
-        <translation>Bekræfter &quot;Stemp ud kl.:&quot;: Rækken slutter på tidspunktet i feltet, og vinduet lukkes. Er et af de to andre valg markeret, vælger knappen først &quot;Stemp ud kl.:&quot;, og vinduet bliver stående, så du kan se på tidspunktet.</translation>
+        <translation>Bekræfter &quot;Stempl ud kl.:&quot;: Rækken slutter på tidspunktet i feltet, og vinduet lukkes. Er et af de to andre valg markeret, vælger knappen først &quot;Stempl ud kl.:&quot;, og vinduet bliver stående, så du kan se på tidspunktet.</translation>
     </message>
     <message>
         <source>&amp;OK</source>
@@ -402,7 +402,7 @@ Ctrl+E lader dig ændre ethvert vindue: det bliver lysegråt, og et klik på et 
     </message>
     <message>
         <source>Stemp out with the present time</source>
-        <translation>Stemp ud med tiden lige nu</translation>
+        <translation>Stempl ud med tiden lige nu</translation>
     </message>
     <message>
         <source>Ends the row with the present time. Choose it when you are leaving now. One click, Space or Enter acts at once and closes the window; the arrow keys only select.</source>
@@ -410,7 +410,7 @@ Ctrl+E lader dig ændre ethvert vindue: det bliver lysegråt, og et klik på et 
     </message>
     <message>
         <source>Stemp out now</source>
-        <translation>Stemp ud nu</translation>
+        <translation>Stempl ud nu</translation>
     </message>
 </context>
 <context>
@@ -521,7 +521,7 @@ Ctrl+E lader dig ændre ethvert vindue: det bliver lysegråt, og et klik på et 
     </message>
     <message>
         <source>Shows the messages that wait to be sent; they go out when the window is closed. Type in a cell, or double-click it, to change it: Enter keeps the change, Escape drops it. Press Delete to delete the chosen row. Use the empty row for a further message. A text without a name beside it is never sent, so you can keep it here for later.</source>
-        <translation>Viser de beskeder, der venter på at blive sendt; de sendes, når vinduet lukkes. Skriv i en celle, eller dobbeltklik på den, for at ændre den: Enter beholder ændringen, Escape dropper den. Tryk på Delete for at slette den valgte række. Brug den tomme række til endnu en besked. En tekst uden et navn ved siden af sendes aldrig, så du kan gemme den her til senere.</translation>
+        <translation>Viser de beskeder, der venter på at blive sendt; de sendes, når vinduet lukkes. Skriv i en celle, eller dobbeltklik på den, for at ændre den: Enter beholder ændringen, Escape kasserer den. Tryk på Delete for at slette den valgte række. Brug den tomme række til endnu en besked. En tekst uden et navn ved siden af sendes aldrig, så du kan gemme den her til senere.</translation>
     </message>
     <message>
         <source>&amp;Waiting to be sent:</source>
@@ -536,8 +536,8 @@ Ctrl+E lader dig ændre ethvert vindue: det bliver lysegråt, og et klik på et 
         <translation>Hvad du har modtaget og sendt for nylig, det nyeste øverst</translation>
     </message>
     <message>
-        <source>Shows the last 200 messages that you received or that were sent, each with the day and time when that happened. A message that you cleared from the board can be read again here. Nothing can be changed; Ctrl+C copies the chosen cell.</source>
-        <translation>Viser de sidste 200 beskeder, du har modtaget, eller som er sendt, hver med dag og klokkeslæt for, hvornår det skete. En besked, du har fjernet fra tavlen, kan læses igen her. Intet kan ændres; Ctrl+C kopierer den valgte celle.</translation>
+        <source>Shows the last 200 messages that you received or that were sent, each with the day and time when that happened. A message that you cleared from the board can be read again here. Nothing can be changed; Ctrl+C copies the chosen row.</source>
+        <translation>Viser de sidste 200 beskeder, du har modtaget, eller som er sendt, hver med dag og klokkeslæt for, hvornår det skete. En besked, du har fjernet fra tavlen, kan læses igen her. Intet kan ændres; Ctrl+C kopierer den valgte række.</translation>
     </message>
     <message>
         <source>&amp;Received and sent:</source>
@@ -572,7 +572,7 @@ Ctrl+E lader dig ændre ethvert vindue: det bliver lysegråt, og et klik på et 
     </message>
     <message>
         <source>The board shows all colleagues who share the company database: a white name with a full disc is stemped in, a light grey one with a ring is out, a dark grey one with a cross has closed the program. Beside the name stands the colleague&apos;s status text or a message to you. Closing the board only minimises it, so that messages still reach you.</source>
-        <translation>Tavlen viser alle kolleger, der deler firmadatabasen: Et hvidt navn med en fuld skive er stempet ind, et lysegråt med en ring er ude, og et mørkegråt med et kryds har lukket programmet. Ved siden af navnet står kollegaens statustekst eller en besked til dig. Lukker du tavlen, minimeres den kun, så beskeder stadig når dig.</translation>
+        <translation>Tavlen viser alle kolleger, der deler firmadatabasen: Et hvidt navn med en fuld skive er stemplet ind, et lysegråt med en ring er ude, og et mørkegråt med et kryds har lukket programmet. Ved siden af navnet står kollegaens statustekst eller en besked til dig. Lukker du tavlen, minimeres den kun, så beskeder stadig når dig.</translation>
     </message>
     <message>
         <source>Click a name for messaging, click your status to change it, click a message to clear it</source>
@@ -885,8 +885,8 @@ Ctrl+E lader dig ændre ethvert vindue: det bliver lysegråt, og et klik på et 
         <translation>Vis timesedlen, som den bliver udskrevet</translation>
     </message>
     <message>
-        <source>Shows the sums in the grid as a timesheet, page by page, and prints it on the printer that you choose. Without a printer, you are asked whether to save it as a PDF file. It prints what was summed last, even when you have changed the dates since.</source>
-        <translation>Viser tabellens summer som en timeseddel, side for side, og udskriver den på den printer, du vælger. Uden printer bliver du spurgt, om den skal gemmes som PDF-fil. Den udskriver det, der sidst blev lagt sammen, også når du har ændret datoerne siden.</translation>
+        <source>Shows the sums in the grid as a timesheet, page by page, and prints it on the printer that you choose; its foot says how the hours were rounded. Without a printer, you are asked whether to save it as a PDF file. It prints what was summed last, even when you have changed the dates since.</source>
+        <translation>Viser tabellens summer som en timeseddel, side for side, og udskriver den på den printer, du vælger; nederst på siden står, hvordan timerne er afrundet. Uden printer bliver du spurgt, om den skal gemmes som PDF-fil. Den udskriver det, der sidst blev lagt sammen, også når du har ændret datoerne siden.</translation>
     </message>
     <message>
         <source>Print timesheet</source>
@@ -909,8 +909,8 @@ Ctrl+E lader dig ændre ethvert vindue: det bliver lysegråt, og et klik på et 
         <translation>Summerne: en linje for hvert job eller for hvert job og hver dag</translation>
     </message>
     <message>
-        <source>Shows the hours of each job, or each job and day: the exact ones, and those rounded as your settings say. The last column is the description of the job. The lines are sums; they cannot be changed here.</source>
-        <translation>Viser timerne for hvert job eller for hvert job og hver dag: de nøjagtige og dem, der er afrundet, som dine indstillinger siger. Den sidste kolonne er jobbets beskrivelse. Linjerne er summer; de kan ikke ændres her.</translation>
+        <source>Shows the hours of each job, or each job and day: the exact ones, with a third decimal where two would round them, and those rounded as your settings say. A job that was renamed has a line for each name. Ctrl+C copies the selected lines. The lines are sums; they cannot be changed here.</source>
+        <translation>Viser timerne for hvert job eller for hvert job og hver dag: de nøjagtige, med en tredje decimal, hvor to ville afrunde dem, og dem, der er afrundet, som dine indstillinger siger. Et job, der har skiftet navn, har en linje for hvert navn. Ctrl+C kopierer de markerede linjer. Linjerne er summer; de kan ikke ændres her.</translation>
     </message>
     <message>
         <source>Summary grid</source>
@@ -921,8 +921,8 @@ Ctrl+E lader dig ændre ethvert vindue: det bliver lysegråt, og et klik på et 
         <translation>Timerne som søjler</translation>
     </message>
     <message>
-        <source>Shows the hours of the grid as bars: the longest jobs first, or one day after the other. Let the mouse rest on a bar to read it in full. Where there are too many to tell apart, the smallest jobs are put together, or the days into weeks or months.</source>
-        <translation>Viser tabellens timer som søjler: de længste job først eller den ene dag efter den anden. Lad musen hvile på en søjle for at læse det hele. Hvor der er for mange til at skelne dem, slås de mindste job sammen eller dagene til uger eller måneder.</translation>
+        <source>Shows the hours of the grid as bars: one for each line, the longest first, or one day after the other. Let the mouse rest on a bar to read it in full. Where there are too many to tell apart, the smallest jobs are put together, or the days into weeks, months or years.</source>
+        <translation>Viser tabellens timer som søjler: en for hver linje, den længste først, eller den ene dag efter den anden. Lad musen hvile på en søjle for at læse det hele. Hvor der er for mange til at skelne dem, slås de mindste job sammen eller dagene til uger, måneder eller år.</translation>
     </message>
     <message>
         <source>Chart of the hours</source>
@@ -946,7 +946,7 @@ Ctrl+E lader dig ændre ethvert vindue: det bliver lysegråt, og et klik på et 
     </message>
     <message>
         <source>Shown while sums take longer than a moment. The window may be closed meanwhile; the sums are then dropped. Your time rows are only read.</source>
-        <translation>Vises, mens summerne tager længere end et øjeblik. Vinduet må lukkes imens; så droppes summerne. Dine tidsrækker læses kun.</translation>
+        <translation>Vises, mens summerne tager længere end et øjeblik. Vinduet må lukkes imens; så kasseres summerne. Dine tidsrækker læses kun.</translation>
     </message>
     <message>
         <source>Summing ...</source>
@@ -1144,11 +1144,11 @@ Ctrl+E lader dig ændre ethvert vindue: det bliver lysegråt, og et klik på et 
     </message>
     <message>
         <source>This is your clock. Pick a job and press the button to stemp in; press it again to stemp out. The window is green while you are stemped in and red while you are out. Every stemp is written to your time database at once.</source>
-        <translation>Dette er dit stempelur. Vælg et job, og tryk på knappen for at stempe ind; tryk igen for at stempe ud. Vinduet er grønt, mens du er stempet ind, og rødt, mens du er ude. Hvert stempel skrives straks i din tidsdatabase.</translation>
+        <translation>Dette er dit stempelur. Vælg et job, og tryk på knappen for at stemple ind; tryk igen for at stemple ud. Vinduet er grønt, mens du er stemplet ind, og rødt, mens du er ude. Hver stempling skrives straks i din tidsdatabase.</translation>
     </message>
     <message>
         <source>Stemp in on the job shown, or stemp out</source>
-        <translation>Stemp ind på det viste job, eller stemp ud</translation>
+        <translation>Stempl ind på det viste job, eller stempl ud</translation>
     </message>
     <message>
         <source>The time database cannot be written just now</source>
@@ -1156,7 +1156,7 @@ Ctrl+E lader dig ændre ethvert vindue: det bliver lysegråt, og et klik på et 
     </message>
     <message>
         <source>Shown while your last stemps could not be written to your time database: it is locked, read-only or not there, or the disk is full. Nothing is lost: the stemps are kept in memory and written as soon as it is possible. Do not close the program before this line has gone.</source>
-        <translation>Vises, mens dine seneste stempler ikke kunne skrives i din tidsdatabase: den er låst, skrivebeskyttet eller væk, eller disken er fuld. Intet går tabt: stemplerne gemmes i hukommelsen og skrives, så snart det kan lade sig gøre. Luk ikke programmet, før denne linje er væk.</translation>
+        <translation>Vises, mens dine seneste stemplinger ikke kunne skrives i din tidsdatabase: den er låst, skrivebeskyttet eller væk, eller disken er fuld. Intet går tabt: stemplingerne gemmes i hukommelsen og skrives, så snart det kan lade sig gøre. Luk ikke programmet, før denne linje er væk.</translation>
     </message>
     <message>
         <source>Not saved yet - the program keeps trying</source>
@@ -1164,7 +1164,7 @@ Ctrl+E lader dig ændre ethvert vindue: det bliver lysegråt, og et klik på et 
     </message>
     <message>
         <source>Stemps you in on the job in the box beside it or, while the list is dropped down, on the job selected there. While you are stemped in it stemps you out. The time is taken when you press it, is written to your time database, and your colleagues see your new state on the board.</source>
-        <translation>Stemper dig ind på jobbet i feltet ved siden af eller, mens listen er slået ned, på det job, der er valgt i den. Mens du er stempet ind, stemper knappen dig ud. Tidspunktet tages, når du trykker, og skrives i din tidsdatabase, og dine kolleger ser din nye status på tavlen.</translation>
+        <translation>Stempler dig ind på jobbet i feltet ved siden af eller, mens listen er slået ned, på det job, der er valgt i den. Mens du er stemplet ind, stempler knappen dig ud. Tidspunktet tages, når du trykker, og skrives i din tidsdatabase, og dine kolleger ser din nye status på tavlen.</translation>
     </message>
     <message>
         <source>&amp;In/Out</source>
@@ -1187,8 +1187,8 @@ Ctrl+E lader dig ændre ethvert vindue: det bliver lysegråt, og et klik på et 
         <translation>Dine stemplinger de seneste dage, den nyeste nederst</translation>
     </message>
     <message>
-        <source>Shows your time rows of the last days: the job, when you stemped in, when you stemped out and the job&apos;s description. Use it to look back over your work; the newest row stands at the bottom, and a row without an end is the one that you are stemped in on. How many days are shown is set in the settings.</source>
-        <translation>Viser dine tidsrækker for de seneste dage: jobbet, hvornår du stempede ind, hvornår du stempede ud, og jobbets beskrivelse. Brug den til at se tilbage over dit arbejde; den nyeste række står nederst, og en række uden sluttid er den, du er stempet ind på. Antallet af dage vælges i indstillingerne.</translation>
+        <source>Shows your time rows of the last days: the job, when you stemped in, when you stemped out and the job&apos;s description. Use it to look back over your work; the newest row stands at the bottom, and a row without an end is the one that you are stemped in on. Ctrl+C copies the selected rows. How many days are shown is set in the settings.</source>
+        <translation>Viser dine tidsrækker for de seneste dage: jobbet, hvornår du stemplede ind, hvornår du stemplede ud, og jobbets beskrivelse. Brug den til at se tilbage over dit arbejde; den nyeste række står nederst, og en række uden sluttid er den, du er stemplet ind på. Ctrl+C kopierer de markerede rækker. Antallet af dage vælges i indstillingerne.</translation>
     </message>
     <message>
         <source>Roll-back grid</source>
@@ -1196,11 +1196,11 @@ Ctrl+E lader dig ændre ethvert vindue: det bliver lysegråt, og et klik på et 
     </message>
     <message>
         <source>Click a job to stemp IN</source>
-        <translation>Klik på et job for at stempe IND</translation>
+        <translation>Klik på et job for at stemple IND</translation>
     </message>
     <message>
         <source>Lists the recent, the personal or the company&apos;s jobs, as chosen in the menu, less those that do not match the search characters. Click a job, or select it with the arrow keys and press Enter, to stemp in on it; if you are already in, you are stemped out of the other job first. The job is kept in your personal list. Escape closes the list without stemping.</source>
-        <translation>Viser de seneste, de personlige eller firmaets job, som valgt i menuen, undtagen dem, der ikke passer til søgetegnene. Klik på et job, eller vælg det med piletasterne og tryk på Enter, for at stempe ind på det; er du allerede inde, stempes du først ud af det andet job. Jobbet gemmes på din personlige liste. Escape lukker listen uden at stempe.</translation>
+        <translation>Viser de seneste, de personlige eller firmaets job, som valgt i menuen, undtagen dem, der ikke passer til søgetegnene. Klik på et job, eller vælg det med piletasterne og tryk på Enter, for at stemple ind på det; er du allerede inde, stemples du først ud af det andet job. Jobbet gemmes på din personlige liste. Escape lukker listen uden at stemple.</translation>
     </message>
     <message>
         <source>Job list</source>
@@ -1208,19 +1208,19 @@ Ctrl+E lader dig ændre ethvert vindue: det bliver lysegråt, og et klik på et 
     </message>
     <message>
         <source>The window&apos;s icon while you are stemped in</source>
-        <translation>Vinduets ikon, mens du er stempet ind</translation>
+        <translation>Vinduets ikon, mens du er stemplet ind</translation>
     </message>
     <message>
         <source>The picture that the window and the taskbar show while you are stemped in. It changes by itself when you stemp; your data do not depend on it.</source>
-        <translation>Billedet, som vinduet og proceslinjen viser, mens du er stempet ind. Det skifter af sig selv, når du stemper; dine data afhænger ikke af det.</translation>
+        <translation>Billedet, som vinduet og proceslinjen viser, mens du er stemplet ind. Det skifter af sig selv, når du stempler; dine data afhænger ikke af det.</translation>
     </message>
     <message>
         <source>The window&apos;s icon while you are stemped out</source>
-        <translation>Vinduets ikon, mens du er stempet ud</translation>
+        <translation>Vinduets ikon, mens du er stemplet ud</translation>
     </message>
     <message>
         <source>The picture that the window and the taskbar show while you are stemped out. It changes by itself when you stemp; your data do not depend on it.</source>
-        <translation>Billedet, som vinduet og proceslinjen viser, mens du er stempet ud. Det skifter af sig selv, når du stemper; dine data afhænger ikke af det.</translation>
+        <translation>Billedet, som vinduet og proceslinjen viser, mens du er stemplet ud. Det skifter af sig selv, når du stempler; dine data afhænger ikke af det.</translation>
     </message>
     <message>
         <source>The window&apos;s icon while a new message waits</source>
@@ -1256,7 +1256,7 @@ Ctrl+E lader dig ændre ethvert vindue: det bliver lysegråt, og et klik på et 
     </message>
     <message>
         <source>Drops the list down with the jobs that you worked on in the last days. Use it to go back to a job of yesterday. Choosing it again closes the list; nothing is stemped before you pick a job.</source>
-        <translation>Slår listen ned med de job, du har arbejdet på de seneste dage. Brug den til at vende tilbage til et job fra i går. Vælg punktet igen for at lukke listen; der stempes ikke, før du vælger et job.</translation>
+        <translation>Slår listen ned med de job, du har arbejdet på de seneste dage. Brug den til at vende tilbage til et job fra i går. Vælg punktet igen for at lukke listen; der stemples ikke, før du vælger et job.</translation>
     </message>
     <message>
         <source>&amp;Personal</source>
@@ -1268,7 +1268,7 @@ Ctrl+E lader dig ændre ethvert vindue: det bliver lysegråt, og et klik på et 
     </message>
     <message>
         <source>Drops the list down with your personal jobs: every job that you have ever picked. Use it for jobs that you have not worked on lately. Choosing it again closes the list; nothing is stemped before you pick a job.</source>
-        <translation>Slår listen ned med dine personlige job: alle job, du nogensinde har valgt. Brug den til job, du ikke har arbejdet på for nylig. Vælg punktet igen for at lukke listen; der stempes ikke, før du vælger et job.</translation>
+        <translation>Slår listen ned med dine personlige job: alle job, du nogensinde har valgt. Brug den til job, du ikke har arbejdet på for nylig. Vælg punktet igen for at lukke listen; der stemples ikke, før du vælger et job.</translation>
     </message>
     <message>
         <source>&amp;Full List</source>
@@ -1336,11 +1336,11 @@ Ctrl+E lader dig ændre ethvert vindue: det bliver lysegråt, og et klik på et 
     </message>
     <message>
         <source>Stemped In</source>
-        <translation>Stempet ind</translation>
+        <translation>Stemplet ind</translation>
     </message>
     <message>
         <source>Stemped Out</source>
-        <translation>Stempet ud</translation>
+        <translation>Stemplet ud</translation>
     </message>
     <message>
         <source>Description</source>
@@ -1351,7 +1351,7 @@ Ctrl+E lader dig ændre ethvert vindue: det bliver lysegråt, og et klik på et 
     <name>User</name>
     <message>
         <source>Stemp Your Initials, please</source>
-        <translation>Stemp dine initialer, tak</translation>
+        <translation>Stempl dine initialer, tak</translation>
     </message>
     <message>
         <source>The program does not know yet who you are. Type your initials and press OK; leave your login under Full name, for the program finds you by it at the next start. Your time rows are kept under these initials, and your colleagues see them on the board.</source>
