@@ -62,6 +62,6 @@ private:
     const TimeSource &time_;
     QString currentJobID_;
     RowsModel notes_;
-    std::vector<qint64> ids_; // of its rows
+    std::vector<qint64> ids_;     // of its rows
     QSortFilterProxyModel found_; // those that contain what is sought
 };
