@@ -312,10 +312,10 @@
     <message>
         <source>Shows what the control that you asked about does. Press F1 on any control, or Shift+F1 for its whole window; the window you work in keeps the keys, and the next F1 changes the text here. Escape in this window closes it, and it opens next time where you left it.
 
-Ctrl+E lets you change any window: it turns light grey, and a click on a control edits its text, its place and its size until Escape ends it. Whatever went wrong, Ctrl+Shift+Backspace asks and then puts the shipped layout and texts of a window back. A window can also be moved by a bare spot of its surface.</source>
+Ctrl+E lets you change any window but the one that asks for initials: it turns light grey, and a click on a control edits its text, its place and its size until Escape ends it. Whatever went wrong, Ctrl+Shift+Backspace asks and then puts the shipped layout and texts of a window back. Any window but this one can also be moved by a bare spot of its surface.</source>
         <translation>Viser, hvad det felt, du spurgte om, gør. Tryk F1 på et hvilket som helst felt eller Shift+F1 for hele dets vindue; vinduet, du arbejder i, beholder tastaturet, og næste F1 skifter teksten her. Escape i dette vindue lukker det, og næste gang åbner det, hvor du forlod det.
 
-Ctrl+E lader dig ændre ethvert vindue: det bliver lysegråt, og et klik på et felt redigerer dets tekst, plads og størrelse, indtil Escape afslutter det. Hvad der end gik galt, spørger Ctrl+Shift+Backspace og genskaber så vinduets oprindelige opstilling og tekster. Et vindue kan også flyttes med et tomt sted på sin flade.</translation>
+Ctrl+E lader dig ændre ethvert vindue undtagen det, der spørger om initialer: det bliver lysegråt, og et klik på et felt redigerer dets tekst, plads og størrelse, indtil Escape afslutter det. Hvad der end gik galt, spørger Ctrl+Shift+Backspace og genskaber så vinduets oprindelige opstilling og tekster. Ethvert vindue undtagen dette kan også flyttes med et tomt sted på sin flade.</translation>
     </message>
     <message>
         <source>The help of the control that you asked about</source>
@@ -1175,8 +1175,8 @@ Ctrl+E lader dig ændre ethvert vindue: det bliver lysegråt, og et klik på et 
         <translation>Skriv søgetegn her</translation>
     </message>
     <message>
-        <source>Shows the current job. Click it to drop the job list down, then type some characters of the job&apos;s number or name: the list keeps the jobs that contain them, in capital or small letters. Press Down or Enter to go to the list, Escape to close it. For a job that stands in no list, close the list, type its number, a colon and its description here and press the button: the job is kept in your personal list.</source>
-        <translation>Viser det aktuelle job. Klik i feltet for at slå joblisten ned, og skriv så nogle tegn af jobbets nummer eller navn: Listen beholder de job, der indeholder dem, med store eller små bogstaver. Tryk på Pil ned eller Enter for at gå til listen og på Escape for at lukke den. Står jobbet ikke på nogen liste, så luk listen, skriv jobbets nummer, et kolon og beskrivelsen her, og tryk på knappen: Jobbet gemmes på din personlige liste.</translation>
+        <source>Shows the current job. Click it to drop the job list down, then type some characters of the job&apos;s number or name: the list keeps the jobs that contain them, in capital or small letters. Press Down or Enter to go to the list, Escape to close it. For a job that stands in no list, close the list, type its number, a blank, a colon and its description here, such as &quot;T1 : First job&quot;, and press the button. Where Recent or Full List is chosen in the menu, the job is kept in your personal list.</source>
+        <translation>Viser det aktuelle job. Klik i feltet for at slå joblisten ned, og skriv så nogle tegn af jobbets nummer eller navn: Listen beholder de job, der indeholder dem, med store eller små bogstaver. Tryk på Pil ned eller Enter for at gå til listen og på Escape for at lukke den. Står jobbet ikke på nogen liste, så luk listen, skriv jobbets nummer, et mellemrum, et kolon og beskrivelsen her, som &quot;T1 : Første job&quot;, og tryk på knappen. Er Seneste eller Hele listen valgt i menuen, gemmes jobbet på din personlige liste.</translation>
     </message>
     <message>
         <source>Current job and job search</source>
@@ -1279,8 +1279,8 @@ Ctrl+E lader dig ændre ethvert vindue: det bliver lysegråt, og et klik på et 
         <translation>Vis hele firmaets jobliste</translation>
     </message>
     <message>
-        <source>Drops the list down with all jobs of the company, or of the local copy when the company database is out of reach. Use it for a job that is new to you; picking it adds it to your personal list. Choosing it again closes the list.</source>
-        <translation>Slår listen ned med alle firmaets job, eller med den lokale kopi, når firmadatabasen ikke kan nås. Brug den til et job, der er nyt for dig; når du vælger det, føjes det til din personlige liste. Vælg punktet igen for at lukke listen.</translation>
+        <source>Drops the list down with all jobs of the company; while the company database is out of reach, with those of the local copy, and where there is no company, with those of your own list. Use it for a job that is new to you; picking it adds it to your personal list. Choosing it again closes the list. It is grey while there is no job list, and does nothing while the list is empty.</source>
+        <translation>Slår listen ned med alle firmaets job; når firmadatabasen ikke kan nås, med den lokale kopis, og hvor der ikke er noget firma, med din egen listes. Brug den til et job, der er nyt for dig; når du vælger det, føjes det til din personlige liste. Vælg punktet igen for at lukke listen. Det er gråt, når der ingen jobliste er, og gør intet, så længe listen er tom.</translation>
     </message>
     <message>
         <source>&amp;Summary</source>
@@ -1315,8 +1315,8 @@ Ctrl+E lader dig ændre ethvert vindue: det bliver lysegråt, og et klik på et 
         <translation>Føj et job til firmaets liste</translation>
     </message>
     <message>
-        <source>Adds a new job with its number and name to the company&apos;s job list, where all colleagues find it. The entry is enabled when the settings allow you to add jobs. Check the list first, so that no job stands in it twice.</source>
-        <translation>Føjer et nyt job med nummer og navn til firmaets jobliste, hvor alle kolleger finder det. Punktet er aktivt, når indstillingerne tillader dig at tilføje job. Se listen igennem først, så intet job kommer til at stå der to gange.</translation>
+        <source>Adds new jobs with their numbers and names to the company&apos;s job list, where all colleagues find them, or to your own list where there is no company. With a company list the entry is grey until the settings allow you to add jobs, and after a start without that list. A number that is used already is refused; look for the name yourself, so that no job stands in the list twice.</source>
+        <translation>Føjer nye job med nummer og navn til firmaets jobliste, hvor alle kolleger finder dem, eller til din egen liste, hvor der ikke er noget firma. Med en firmaliste er punktet gråt, til indstillingerne tillader dig at tilføje job, og efter en start uden den liste. Et nummer, der allerede er brugt, afvises; se selv efter navnet, så intet job kommer til at stå to gange på listen.</translation>
     </message>
     <message>
         <source>&amp;Admin</source>

@@ -4,6 +4,7 @@
 #include "platform/forms/Form.h"
 #include "platform/forms/Prompts.h"
 #include "texts/ControlIndex.h"
+#include "texts/Danish.h"
 #include "texts/Help.h"
 #include "texts/TextApply.h"
 #include "texts/TextRow.h"
@@ -24,6 +25,7 @@ constexpr QLatin1String saveQuestion("Save '%1' properties to DATABASE?");
 Common::Common(dao::Database &localDB, TextState &state, Prompts &prompts)
     : localDB_(localDB), state_(state), prompts_(prompts)
 {
+    SayInDanish(state.language.LanguageName == "Danish"_L1);
 }
 
 Common::~Common() = default;

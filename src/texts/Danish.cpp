@@ -1,6 +1,9 @@
 #include "texts/Danish.h"
 
+#include <QCoreApplication>
 #include <QTranslator>
+
+#include <memory>
 
 namespace {
 
@@ -13,10 +16,29 @@ struct DanishTexts : QTranslator
     }
 };
 
+struct DanishMessages : DanishTexts
+{
+    QString translate(const char *context, const char *english, const char *disambiguation, int n) const override
+    {
+        return qstrcmp(context, "Messages") == 0 ? DanishTexts::translate(context, english, disambiguation, n)
+                                                 : QString();
+    }
+};
+
 } // namespace
 
 QString DanishText(const QString &form, const QString &english)
 {
     static const DanishTexts texts;
     return texts.translate(form.toUtf8().constData(), english.toUtf8().constData());
+}
+
+void SayInDanish(bool danish)
+{
+    static std::unique_ptr<DanishMessages> messages; // one that goes takes itself out of the application
+    if (danish == (messages != nullptr))
+        return;
+    messages = danish ? std::make_unique<DanishMessages>() : nullptr;
+    if (messages)
+        QCoreApplication::installTranslator(messages.get());
 }
