@@ -82,7 +82,7 @@ void MakeWhatIsMissing(dao::Database &database)
 {
     if (!database.HasTable(receipts))
         database.CreateTableDef(
-            {receipts, {{u"MessageId"_s, u"TEXT"_s, false, true}}, {{u"MessageId"_s, u"MessageId"_s, true}}});
+            {receipts, {{u"MessageId"_s, u"TEXT"_s, false, true}}, {{u"MessageId"_s, {u"MessageId"_s}, true}}});
     if (!database.HasTable(fileTable))
         database.CreateTableDef({fileTable, {{u"FileId"_s, u"TEXT"_s, false, true}}, {}});
     if (ReadFileId(database).isEmpty())

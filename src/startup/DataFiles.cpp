@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QLoggingCategory>
+#include <QStorageInfo>
 
 #include <chrono>
 #include <filesystem>
@@ -22,6 +23,30 @@ QString TemporaryName(const QString &target)
     return target + QStringLiteral(".new");
 }
 
+// Byte by byte into a new file, so that permissions and group come from the folder and the umask. A template may be read-only,
+// and may belong to who installed the program.
+std::optional<dao::ErrorKind> CopyContent(const QString &source, const QString &target)
+{
+    constexpr qint64 most = 1 << 20;
+    QFile from(source);
+    QFile to(target);
+    if (!from.open(QFile::ReadOnly))
+        return dao::ErrorKind::CannotOpen;
+    const bool isFull = QStorageInfo(QFileInfo(target).absolutePath()).bytesAvailable() == 0;
+    if (!to.open(QFile::WriteOnly | QFile::NewOnly))
+        return isFull ? dao::ErrorKind::Full : dao::ErrorKind::ReadOnly;
+    while (!from.atEnd()) {
+        const QByteArray block = from.read(most);
+        if (block.isEmpty())
+            return dao::ErrorKind::CannotOpen;
+        if (to.write(block) != block.size())
+            return dao::ErrorKind::Full;
+    }
+    if (!to.flush())
+        return dao::ErrorKind::Full;
+    return std::nullopt;
+}
+
 } // namespace
 
 namespace DataFiles {
@@ -32,28 +57,44 @@ bool FileExists(const QString &path)
     return info.isFile() && info.isReadable();
 }
 
-bool CopyTemplate(const QString &source, const QString &target)
+std::optional<dao::ErrorKind> CopyTemplate(const QString &source, const QString &target)
 {
     if (QFileInfo::exists(target))
-        return true;
+        return std::nullopt;
     // Both left behind: a copy that was interrupted, and the journal of a file that was removed, which would be played back
     // into the new one.
     const QString temporary = TemporaryName(target);
     QFile::remove(temporary);
     QFile::remove(target + journalSuffix);
-    if (!QFile::copy(source, temporary)) {
-        qCWarning(log) << "copying" << source << "to" << target << "failed";
-        return false;
-    }
-    // A template on a read-only medium must not make its copies read-only.
-    QFile::setPermissions(temporary, QFile::permissions(temporary) | QFile::WriteOwner | QFile::WriteUser);
-    if (QFile::rename(temporary, target))
-        return true;
+    std::optional<dao::ErrorKind> failure = CopyContent(source, temporary);
+    if (!failure && QFile::rename(temporary, target))
+        return std::nullopt;
     QFile::remove(temporary);
     if (QFileInfo::exists(target)) // another copy of the program was faster
-        return true;
-    qCWarning(log) << "renaming the copy of" << source << "to" << target << "failed";
-    return false;
+        return std::nullopt;
+    qCWarning(log) << "copying" << source << "to" << target << "failed";
+    return failure.value_or(dao::ErrorKind::ReadOnly);
+}
+
+QString WhyNotMade(dao::ErrorKind failure, const QString &source, const QString &target)
+{
+    const QString file = QStringLiteral("The file\n%1\ncould not be made: ").arg(target);
+    const QString name = QFileInfo(source).fileName();
+    switch (failure) {
+    case dao::ErrorKind::CannotOpen:
+        return file
+               + QStringLiteral("its template \"%1\" is missing in the program folder, or you may not read it. Please "
+                                "install the program again.")
+                     .arg(name);
+    case dao::ErrorKind::Corrupt:
+        return file + QStringLiteral("its template \"%1\" is damaged. Please install the program again.").arg(name);
+    case dao::ErrorKind::Full:
+        return file + QStringLiteral("the disk is full. Please make room on it.");
+    case dao::ErrorKind::ReadOnly:
+        return file + QStringLiteral("you may not write in this folder. Please ask for the right to do so.");
+    default:
+        return file + QStringLiteral("its drive does not work as it should.");
+    }
 }
 
 void CreateTimeDb(const QString &blank, const QString &target)
@@ -61,9 +102,8 @@ void CreateTimeDb(const QString &blank, const QString &target)
     const QString temporary = TemporaryName(target);
     QFile::remove(temporary);
     QFile::remove(target + journalSuffix);
-    if (!CopyTemplate(blank, temporary))
-        throw dao::Error(dao::ErrorKind::CannotOpen, QStringLiteral("copying the template of the time database"),
-                         target, blank);
+    if (const std::optional<dao::ErrorKind> failure = CopyTemplate(blank, temporary))
+        throw dao::Error(*failure, QStringLiteral("copying the template of the time database"), target, blank);
     dao::Database copy = dao::Database::OpenDatabase(temporary);
     copy.Execute(QStringLiteral("DELETE FROM Stemp"), {}, QStringLiteral("emptying the new time database"));
     copy.Close();
@@ -104,9 +144,17 @@ std::optional<QString> SetAside(const QString &path, const QDateTime &now)
         return std::nullopt;
     }
     // A journal belongs to its file: left behind, it would be played back into the new one.
-    if (QFileInfo::exists(path + journalSuffix))
-        QFile::rename(path + journalSuffix, target + journalSuffix);
+    for (const QLatin1String suffix : {journalSuffix, QLatin1String("-wal"), QLatin1String("-shm")})
+        if (QFileInfo::exists(path + suffix))
+            QFile::rename(path + suffix, target + suffix);
     return target;
+}
+
+QString SetAsideMessage(const QString &path, const std::optional<QString> &aside)
+{
+    if (!aside)
+        return QStringLiteral("The file %1 is damaged and could not be set aside.").arg(path);
+    return QStringLiteral("The file %1 is damaged. It was set aside as\n%2\nand a new one was made.").arg(path, *aside);
 }
 
 bool SameFile(const QString &a, const QString &b)

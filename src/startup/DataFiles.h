@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/dao/Error.h"
+
 #include <QDateTime>
 #include <QString>
 
@@ -13,8 +15,12 @@ namespace DataFiles {
 bool FileExists(const QString &path);
 
 // Copies a template under a temporary name and renames it, so that a half copy never stands under the real name. Does nothing
-// when `target` exists. False when there is none in the end.
-bool CopyTemplate(const QString &source, const QString &target);
+// when `target` exists. The copy's permissions are those of any new file in its folder. Why there is none in the end: CannotOpen
+// when the template can't be read, ReadOnly when the folder can't be written, Full.
+std::optional<dao::ErrorKind> CopyTemplate(const QString &source, const QString &target);
+
+// What CopyTemplate, or opening a copy of `source`, failed of, as a sentence for the person.
+QString WhyNotMade(dao::ErrorKind failure, const QString &source, const QString &target);
 
 // Makes an empty time database from its template; throws dao::Error.
 void CreateTimeDb(const QString &blank, const QString &target);
@@ -23,8 +29,11 @@ void CreateTimeDb(const QString &blank, const QString &target);
 // unreadable is not damaged.
 bool IsDamagedTimeDb(const QString &path);
 
-// Renames a damaged file, and its journal, to "<name>.damaged-<date-time>"; the new path, or nothing when that failed.
+// Renames a damaged file, and what belongs to it, to "<name>.damaged-<date-time>"; the new path, or nothing when that failed.
 std::optional<QString> SetAside(const QString &path, const QDateTime &now);
+
+// For the person: what SetAside has done.
+QString SetAsideMessage(const QString &path, const std::optional<QString> &aside);
 
 // Whether two paths name one file, under any spelling: drive letter and share name, separators, links.
 bool SameFile(const QString &a, const QString &b);

@@ -30,8 +30,8 @@ public:
     Unfinished(const QString &blank, const QString &target)
         : path_(target + u".unfinished-"_s + QUuid::createUuid().toString(QUuid::Id128))
     {
-        if (!DataFiles::CopyTemplate(blank, path_))
-            throw dao::Error(dao::ErrorKind::CannotOpen, u"making the local copy of the job list"_s, blank,
+        if (const std::optional<dao::ErrorKind> failure = DataFiles::CopyTemplate(blank, path_))
+            throw dao::Error(*failure, u"making the local copy of the job list"_s, blank,
                              u"the template could not be copied"_s);
     }
     ~Unfinished()

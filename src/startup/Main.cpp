@@ -109,6 +109,7 @@ bool Main::InitInterfaceTexts()
 {
     Module1::OpenedLocalDB opened = Module1::OpenLocalDB(program_.identity, program_.time.Now());
     Tell(opened.message);
+    Tell(opened.cannotOpen);
     if (!opened.database.IsOpen())
         return false;
     program_.LocalDB = std::move(opened.database);

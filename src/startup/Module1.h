@@ -45,10 +45,12 @@ struct OpenedLocalDB
 {
     dao::Database database; // closed: the program can't run, `message` says why
     QString message;        // for the person; also set when a damaged file was set aside
+    QString cannotOpen;     // a message of its own after the other: the file is not there
 };
 
-// Opens and holds the per-login database at identity.LocalDBPath, made from its template when it is missing. A damaged file is
-// set aside first; a file that another running copy holds is never touched.
+// Opens and holds the per-login database at identity.LocalDBPath, made from its template when it is missing. What the file lacks
+// is made. A damaged file is set aside, and what can still be read of it is copied into a new one; a file that another running
+// copy holds is never touched.
 OpenedLocalDB OpenLocalDB(const Identity &identity, const QDateTime &now);
 
 struct TimeDbChoice

@@ -1,5 +1,6 @@
 #include "texts/TextTable.h"
 
+#include "platform/dao/Completion.h"
 #include "platform/dao/Database.h"
 #include "platform/dao/TableDef.h"
 
@@ -11,7 +12,7 @@ constexpr QLatin1String nameIndex("NameIndex");
 
 dao::TableDef Layout(const QString &form)
 {
-    dao::TableDef table{form, {{u"Name"_s, u"TEXT"_s, true, true}}, {{nameIndex, u"Name"_s, true}}};
+    dao::TableDef table{form, {{u"Name"_s, u"TEXT"_s, true, true}}, {{nameIndex, {u"Name"_s}, true}}};
     for (const QString &text : {u"Value"_s, u"CapEnglish"_s, u"CapDanish"_s, u"TipEnglish"_s, u"TipDanish"_s,
                                 u"HelpEnglish"_s, u"HelpDanish"_s})
         table.fields.append({text, u"TEXT"_s});
@@ -25,8 +26,7 @@ dao::TableDef Layout(const QString &form)
 
 dao::Recordset TextTable::Open(dao::Database &database, const QString &form)
 {
-    if (!database.HasTable(form))
-        database.CreateTableDef(Layout(form));
+    dao::CompleteTable(database, Layout(form));
     dao::Recordset rows = database.OpenRecordset(form);
     rows.Index(nameIndex);
     return rows;

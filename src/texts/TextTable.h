@@ -22,7 +22,7 @@ struct TextLanguage
 // dao::Error.
 namespace TextTable {
 
-// The table as a record set with its index NameIndex, made when missing.
+// The table as a record set with its index NameIndex. What it lacks is made; the field Visible never is.
 dao::Recordset Open(dao::Database &database, const QString &form);
 
 } // namespace TextTable

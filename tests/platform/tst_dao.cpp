@@ -22,7 +22,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 const TableDef people{
-    u"People"_s, {{u"Name"_s, u"TEXT"_s, true, true}, {u"Born"_s, u"REAL"_s}}, {{u"Name"_s, u"Name"_s, true}}};
+    u"People"_s, {{u"Name"_s, u"TEXT"_s, true, true}, {u"Born"_s, u"REAL"_s}}, {{u"Name"_s, {u"Name"_s}, true}}};
 
 template <class Work> std::optional<ErrorKind> KindThrownBy(Work work)
 {
@@ -51,7 +51,7 @@ private slots:
         database_ = Database::OpenDatabase(NewFile()); // with people, and with jobs
         database_.CreateTableDef({u"Jobs"_s,
                                   {{u"Name"_s, u"TEXT"_s, true}, {u"Hours"_s, u"REAL NOT NULL DEFAULT 1.5"_s}},
-                                  {{u"ByName"_s, u"Name"_s}}});
+                                  {{u"ByName"_s, {u"Name"_s}}}});
         database_.Execute(u"INSERT INTO Jobs (Name) VALUES ('delta'), ('Alpha'), ('charlie'), ('Bravo')"_s, {},
                           u"preparing"_s);
     }

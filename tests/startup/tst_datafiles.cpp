@@ -7,6 +7,11 @@
 
 #include <QTest>
 
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
@@ -21,6 +26,12 @@ Identity Anna(const ProgramFolder &folder)
 }
 
 const QDateTime now = SettableTime().Now();
+
+// Tables with their fields, and how many indexes each has.
+const QString schema =
+    u"SELECT name, (SELECT group_concat(field) FROM (SELECT name || type || pk AS field FROM pragma_table_info(t.name) "
+    "ORDER BY name)), (SELECT count(*) FROM pragma_index_list(t.name)) FROM sqlite_master t WHERE type = 'table' "
+    "ORDER BY name"_s;
 
 } // namespace
 
@@ -77,6 +88,71 @@ private slots:
         QCOMPARE(folder.Content(personalFile + aside), content);
         for (const char *table : {"Projects", "NotesList", "MessageBuffer", "PersonalStatus"})
             folder.Sql(personalFile, u"SELECT * FROM "_s + QLatin1String(table));
+    }
+
+    void ANewFileTakesItsPermissionsFromItsFolder()
+    {
+#ifdef Q_OS_UNIX
+        constexpr gid_t team = 65534;
+        const ProgramFolder folder;
+        const QByteArray path = QFile::encodeName(folder.Path());
+        if (geteuid() != 0 || chown(path.constData(), 0, team) != 0 || chmod(path.constData(), 02775) != 0)
+            QSKIP("only root can give a folder to another group");
+        QFile::setPermissions(folder.File(u"blank Stemp.mdb"_s), QFile::ReadOwner);
+        const mode_t before = umask(0002);
+        Module1::OpenLocalDB(Anna(folder), now);
+        umask(before);
+        struct stat made = {};
+        QCOMPARE(stat(QFile::encodeName(folder.File(personalFile)).constData(), &made), 0);
+        QCOMPARE(made.st_mode & 0777, 0664U);
+        QCOMPARE(made.st_gid, team);
+#endif
+    }
+
+    void CompletesWhatAFileLacks()
+    {
+        const ProgramFolder folder;
+        folder.MakePersonal();
+        folder.Sql(personalFile, u"INSERT INTO PersonalStatus (Status) VALUES ('Lunch')"_s);
+        const QStringList losses{u"DROP TABLE MessageHistory"_s,
+                                 u"DROP TABLE MessageAcknowledgements"_s,
+                                 u"ALTER TABLE MessageBuffer DROP COLUMN MessageId"_s,
+                                 u"DROP TABLE NotesList"_s,
+                                 u"DROP INDEX JobID"_s,
+                                 u"INSERT INTO Projects (JobID) VALUES ('k1'), ('K1')"_s,
+                                 u"CREATE TABLE S AS SELECT Status FROM PersonalStatus"_s,
+                                 u"DROP TABLE PersonalStatus"_s,
+                                 u"ALTER TABLE S RENAME TO PersonalStatus"_s};
+        for (const QString &loss : losses)
+            folder.Sql(personalFile, loss);
+        QCOMPARE(Module1::OpenLocalDB(Anna(folder), now).message, QString());
+        QCOMPARE(folder.Rows(personalFile, schema), folder.Rows(u"blank Stemp.mdb"_s, schema));
+        QCOMPARE(folder.Rows(personalFile, u"SELECT Status FROM PersonalStatus"_s), u"Lunch"_s);
+        QCOMPARE(folder.Rows(personalFile, u"SELECT JobID FROM Projects"_s), u"k1"_s);
+    }
+
+    void CopiesWhatCanBeReadOfADamagedFile()
+    {
+        const ProgramFolder folder;
+        folder.MakePersonal();
+        folder.Sql(personalFile,
+                   u"INSERT INTO NotesList (Note) WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 "
+                   "FROM n WHERE i < 300) SELECT 'note ' || i || hex(zeroblob(120)) FROM n"_s);
+        folder.Sql(personalFile,
+                   u"CREATE TABLE StempWin (Id INTEGER PRIMARY KEY, Name TEXT, CapEnglish TEXT, Visible)"_s);
+        folder.Sql(personalFile, u"INSERT INTO StempWin (Name, Visible) VALUES ('Me', -1)"_s);
+        QByteArray content = folder.Content(personalFile);
+        constexpr qsizetype page = 4096;
+        content.replace(content.indexOf("note 150") / page * page, page, QByteArray(page, 'z'));
+        folder.Write(personalFile, content);
+        folder.Write(u"blank Stemp.mdb"_s, "a damaged template"); // is done without
+        const QString message = Module1::OpenLocalDB(Anna(folder), now).message;
+        QVERIFY2(message.contains(u"notes, the texts, places and settings of 1 windows"_s), qPrintable(message));
+        QCOMPARE(folder.Rows(personalFile, u"SELECT Name, Visible FROM StempWin"_s), u"Me -1"_s);
+        QVERIFY(folder.Rows(personalFile, u"SELECT count(*) FROM NotesList"_s).toInt() > 280);
+        QCOMPARE(folder.Rows(personalFile, u"SELECT count(*) FROM NotesList WHERE Note LIKE 'note 299%'"_s), u"1"_s);
+        QCOMPARE(Module1::OpenLocalDB(Anna(folder), now).message, QString());
+        QCOMPARE(folder.Names().filter(u".damaged-"_s).size(), 1);
     }
 
     void RefusesWhatCannotBeAFileOrATable()

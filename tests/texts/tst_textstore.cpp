@@ -177,6 +177,24 @@ private slots:
         QCOMPARE(AllRows(), before);
     }
 
+    void ATableThatLacksItsIndexOrIdIsMended()
+    {
+        Seed();
+        Store(u"OKButton"_s, u"CapEnglish"_s, u"Fine"_s);
+        for (const bool isCopy : {false, true}) { // which has neither
+            Sql(u"DROP INDEX \"AdminForm.NameIndex\""_s);
+            if (isCopy) {
+                Sql(u"CREATE TABLE T AS SELECT Name, CapEnglish FROM AdminForm"_s);
+                Sql(u"DROP TABLE AdminForm"_s), Sql(u"ALTER TABLE T RENAME TO AdminForm"_s);
+            }
+            Run run(*db_);
+            QCOMPARE(run.window.At(u"OKButton"_s).Caption(), u"Fine"_s);
+            run.window.At(u"OKButton"_s).SetTag(u"new"_s);
+            run.window.Unload();
+            QCOMPARE(Stored(u"OKButton"_s, u"Tag"_s), u"new"_s);
+        }
+    }
+
     void FieldsThatDoNotFitAreSkipped()
     {
         Seed();

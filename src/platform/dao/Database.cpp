@@ -63,11 +63,11 @@ Error MakeError(const QSqlError &error, const QString &purpose, const QString &f
 
 // The driver creates a missing file unless a URI says otherwise. A share "//server/folder" needs the two slashes before it
 // as any other path does, or its server would be taken for the URI's host, which SQLite refuses.
-QString Uri(const QString &path)
+QString Uri(const QString &path, QLatin1String mode)
 {
     const QString absolute = QDir::fromNativeSeparators(QFileInfo(path).absoluteFilePath());
     const QString root = absolute.startsWith(u'/') ? u"file://"_s : u"file:///"_s;
-    return root % QString::fromLatin1(QUrl::toPercentEncoding(absolute, "/:")) % u"?mode=rw"_s;
+    return root % QString::fromLatin1(QUrl::toPercentEncoding(absolute, "/:")) % u'?' % mode;
 }
 
 QVariant Stored(const QVariant &value)
@@ -77,6 +77,12 @@ QVariant Stored(const QVariant &value)
     if (value.typeId() == QMetaType::QDateTime)
         return DateField(value.toDateTime());
     return value;
+}
+
+QString Declared(const FieldDef &field)
+{
+    return Quoted(field.name) % u' ' % field.type % (field.ignoreCase ? u" COLLATE NOCASE"_s : u""_s)
+           % (field.notNull ? u" NOT NULL"_s : u""_s);
 }
 
 } // namespace
@@ -130,7 +136,7 @@ Database::~Database() = default;
 Database::Database(Database &&other) noexcept = default;
 Database &Database::operator=(Database &&other) noexcept = default;
 
-Database Database::Connect(const QString &path, std::chrono::milliseconds busyWait)
+Database Database::Connect(const QString &path, std::chrono::milliseconds busyWait, QLatin1String mode)
 {
     // Its sums of memory in use take a lock at each allocation, for which threads that read long lists at the same time would
     // queue. Refused, and not needed, where something else has used the library before.
@@ -144,7 +150,7 @@ Database Database::Connect(const QString &path, std::chrono::milliseconds busyWa
     connection.number = ++count;
     connection.name = u"dao-%1"_s.arg(connection.number);
     connection.session = QSqlDatabase::addDatabase(u"QSQLITE"_s, connection.name);
-    connection.session.setDatabaseName(Uri(path));
+    connection.session.setDatabaseName(Uri(path, mode));
     connection.session.setConnectOptions(u"QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=%1"_s.arg(busyWait.count()));
     if (!connection.session.open())
         throw MakeError(connection.session.lastError(), u"opening a database"_s, path);
@@ -186,6 +192,14 @@ Database Database::OpenDatabase(const QString &path, std::chrono::milliseconds b
     if (stop)
         database.StopWhen(stop);
     database.SetUp();
+    return database;
+}
+
+Database Database::OpenDamaged(const QString &path)
+{
+    Database database = Connect(path, {}, "mode=ro&immutable=1"_L1);
+    // The library otherwise refuses all of a file that was cut off, or that has one faulty line in its schema.
+    database.Execute(u"PRAGMA writable_schema = ON"_s, {}, u"opening a damaged file"_s);
     return database;
 }
 
@@ -366,25 +380,47 @@ QStringList Database::FieldNames(const QString &table)
     return names;
 }
 
+QList<FieldDef> Database::Fields(const QString &table)
+{
+    QList<FieldDef> fields;
+    ForEach(u"PRAGMA table_info("_s % Quoted(table) % u')', {}, u"reading a table's fields"_s,
+            [&](const QSqlQuery &query) {
+                fields.append({query.value(1).toString(), query.value(2).toString()});
+            });
+    return fields;
+}
+
 void Database::CreateTableDef(const TableDef &table)
 {
     const QString purpose = u"creating a table"_s;
     QString fields;
-    for (const FieldDef &field : table.fields) {
-        fields += u", "_s % Quoted(field.name) % u' ' % field.type % (field.ignoreCase ? u" COLLATE NOCASE"_s : u""_s)
-                  % (field.notNull ? u" NOT NULL"_s : u""_s);
-    }
+    for (const FieldDef &field : table.fields)
+        fields += u", "_s % Declared(field);
     std::optional<Transaction> transaction; // unless it is part of the caller's
     if (!InTransaction())
         transaction.emplace(*this, purpose);
     Execute(u"CREATE TABLE "_s % Quoted(table.name) % u" (Id INTEGER PRIMARY KEY"_s % fields % u')', {}, purpose);
-    for (const IndexDef &index : table.indexes) {
-        Execute((index.unique ? u"CREATE UNIQUE INDEX "_s : u"CREATE INDEX "_s) % Quoted(table.name % u'.' % index.name)
-                    % u" ON "_s % Quoted(table.name) % u" ("_s % Quoted(index.field) % u')',
-                {}, purpose);
-    }
+    for (const IndexDef &index : table.indexes)
+        CreateIndex(table.name, index);
     if (transaction)
         transaction->Commit();
+}
+
+void Database::AddField(const QString &table, const FieldDef &field)
+{
+    const bool isText = field.type.startsWith("TEXT"_L1, Qt::CaseInsensitive);
+    const QString filled = !field.notNull ? u""_s : isText ? u" DEFAULT ''"_s : u" DEFAULT 0"_s;
+    Execute(u"ALTER TABLE "_s % Quoted(table) % u" ADD COLUMN "_s % Declared(field) % filled, {}, u"adding a field"_s);
+}
+
+void Database::CreateIndex(const QString &table, const IndexDef &index)
+{
+    QStringList fields;
+    for (const QString &field : index.fields)
+        fields.append(Quoted(field));
+    Execute((index.unique ? u"CREATE UNIQUE INDEX "_s : u"CREATE INDEX "_s) % Quoted(table % u'.' % index.name)
+                % u" ON "_s % Quoted(table) % u" ("_s % fields.join(u", "_s) % u')',
+            {}, u"creating an index"_s);
 }
 
 Recordset Database::OpenRecordset(const QString &table)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/dao/Error.h"
+
 #include <QDateTime>
 #include <QString>
 #include <QStringList>
@@ -15,14 +17,16 @@ class QSqlQuery;
 namespace dao {
 
 class Recordset;
+struct FieldDef;
+struct IndexDef;
 struct TableDef;
 
 enum class HeldFailure {
     None,
     HeldByAnotherCopy, // a running copy of this program holds the file
     InUseElsewhere,    // another program has it open, or the drive grants no locks
-    Damaged,           // no database, a broken one, or one without the tables asked for; nothing in it was changed
-    NotWritable,       // the file or its folder can't be written, or the drive fails
+    Damaged,           // no database, a broken one, or one with none of the tables asked for; nothing in it was changed
+    NotWritable,       // the file or its folder can't be written, the disk is full, or the drive fails: see Held::kind
     Missing
 };
 struct Held;
@@ -54,8 +58,10 @@ public:
     static Database OpenDatabase(const QString &path, std::chrono::milliseconds busyWait = defaultBusyWait,
                                  const StopFlag &stop = {});
     // Opens a file for this process alone, until it is closed or the process ends in whatever way: the per-login file. Tells
-    // how that failed instead of throwing. The file must have all of `requiredTables`.
-    static Held OpenHeld(const QString &path, const QStringList &requiredTables);
+    // how that failed instead of throwing. The file must have one of `ownTables`.
+    static Held OpenHeld(const QString &path, const QStringList &ownTables);
+    // Opens a damaged file for reading what is left of it. It must be in use nowhere; neither it nor a journal is changed.
+    static Database OpenDamaged(const QString &path);
 
     Database(); // closed
     ~Database();
@@ -83,7 +89,12 @@ public:
 
     bool HasTable(const QString &table);          // without regard to case
     QStringList FieldNames(const QString &table); // empty when there is no such table
+    QList<FieldDef> Fields(const QString &table); // their names and types
     void CreateTableDef(const TableDef &table);   // with its "Id INTEGER PRIMARY KEY" and its indexes
+    void AddField(const QString &table,
+                  const FieldDef &field); // one that may not be null is empty or 0 in the rows there are
+    void CreateIndex(const QString &table, const IndexDef &index);
+    bool InTransaction() const;
 
     Recordset OpenRecordset(const QString &table);
 
@@ -99,7 +110,8 @@ private:
         qint64 lastId = 0; // that of the newest row of this connection
     };
 
-    static Database Connect(const QString &path, std::chrono::milliseconds busyWait);
+    static Database Connect(const QString &path, std::chrono::milliseconds busyWait,
+                            QLatin1String mode = QLatin1String("mode=rw"));
     void StopWhen(const StopFlag &stop);
     void SetUp();
     void Run(QSqlQuery &query, const QString &sql, const QVariantList &values, const QString &purpose);
@@ -108,8 +120,7 @@ private:
     void RunPrepared(QSqlQuery &query, const QVariantList &values, const QString &purpose);
     [[noreturn]] void Throw(const QSqlQuery &query, const QString &purpose) const;
     Connection &Connected(const QString &purpose) const; // throws when closed
-    bool InTransaction() const;
-    HeldFailure Hold(const QStringList &requiredTables, QString &detail);
+    HeldFailure Hold(const QStringList &ownTables, QString &detail);
     bool ReadableNow(const QString &purpose);
 
     std::unique_ptr<Connection> connection_;
@@ -119,7 +130,8 @@ struct Held
 {
     Database database; // closed unless failure is None
     HeldFailure failure = HeldFailure::None;
-    QString detail; // for the log
+    ErrorKind kind = ErrorKind::Other; // of what NotWritable comes from
+    QString detail;                    // for the log
 };
 
 // BEGIN IMMEDIATE … COMMIT; rolled back when it goes out of scope without Commit(). Not to be nested.

@@ -32,7 +32,7 @@ HeldFailure FailureOf(const Error &error)
 
 } // namespace
 
-Held Database::OpenHeld(const QString &path, const QStringList &requiredTables)
+Held Database::OpenHeld(const QString &path, const QStringList &ownTables)
 {
     Held held;
     if (!QFileInfo(path).isFile()) {
@@ -41,28 +41,29 @@ Held Database::OpenHeld(const QString &path, const QStringList &requiredTables)
     }
     try {
         Database database = Connect(path, startWait);
-        held.failure = database.Hold(requiredTables, held.detail);
+        held.failure = database.Hold(ownTables, held.detail);
         if (held.failure == HeldFailure::None)
             held.database = std::move(database);
     } catch (const Error &error) {
         held.failure = FailureOf(error);
+        held.kind = error.Kind();
         held.detail = error.Text();
     }
     return held;
 }
 
-HeldFailure Database::Hold(const QStringList &requiredTables, QString &detail)
+HeldFailure Database::Hold(const QStringList &ownTables, QString &detail)
 {
     const QString purpose = u"taking a file for this copy alone"_s;
     const auto begin = [&] { Execute(u"BEGIN EXCLUSIVE"_s, {}, purpose); };
     try {
         begin();
         // The file is judged before anything in it is touched.
-        const bool complete = std::all_of(requiredTables.cbegin(), requiredTables.cend(),
-                                          [this](const QString &table) { return HasTable(table); });
+        const bool isOwn =
+            std::any_of(ownTables.cbegin(), ownTables.cend(), [this](const QString &table) { return HasTable(table); });
         const QString check = Select(u"PRAGMA quick_check(1)"_s, {}, purpose).value(0).value(0).toString();
-        if (!complete || check != "ok"_L1) {
-            detail = complete ? check : u"tables are missing"_s;
+        if (!isOwn || check != "ok"_L1) {
+            detail = isOwn ? check : u"none of the tables is there"_s;
             return HeldFailure::Damaged;
         }
         // A trial shows whether the file, and a journal beside it, can be written. Rolled back, it leaves the file as it was

@@ -14,12 +14,12 @@ struct FieldDef
     bool notNull = false;
 };
 
-// An index has one field. In the file its name is "<table>.<index>", as SQLite's index names are unique in a database; a
+// In the file an index's name is "<table>.<index>", as SQLite's index names are unique in a database; a
 // Recordset finds it by its own name, also where a schema gave it the bare name.
 struct IndexDef
 {
     QString name;
-    QString field;
+    QStringList fields;
     bool unique = false;
 };
 

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QList>
+#include <QStringList>
+
+namespace dao {
+
+class Database;
+
+struct Salvaged
+{
+    QString table;
+    int rows = 0;
+};
+
+// Copies what can still be read of a damaged file into another one: each table, row by row, around the pages that are broken.
+// Tables and fields that `into` lacks are made; rows that its indexes refuse are left out. The damaged file is not changed, nor is
+// a journal beside it. Nothing is copied of a file that has none of `ownTables`. The tables of which rows came along, in the file's order. Throws Error where `into` can't be written.
+QList<Salvaged> Salvage(const QString &damaged, Database &into, const QStringList &ownTables);
+
+} // namespace dao
