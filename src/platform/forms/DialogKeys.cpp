@@ -1,5 +1,7 @@
 #include "platform/forms/DialogKeys.h"
 
+#include "platform/forms/AltKeys.h"
+
 #include <QAbstractItemView>
 #include <QKeyEvent>
 #include <QPlainTextEdit>
@@ -43,15 +45,17 @@ bool BelongsToControl(const QKeyEvent &key, const QWidget *focus)
     case Qt::Key_Alt:
         return true;
     case Qt::Key_Space:
-        return qobject_cast<const QAbstractButton *>(focus) != nullptr;
+        return qobject_cast<const QAbstractButton *>(focus) != nullptr || IsAltCombination(key);
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        return qobject_cast<const QPushButton *>(focus) != nullptr;
-    default: { // AltGr arrives as Ctrl+Alt on some systems and writes letters
-        const Qt::KeyboardModifiers modifiers = key.modifiers();
-        const bool isAccess = modifiers.testFlag(Qt::AltModifier) && !modifiers.testFlag(Qt::ControlModifier);
-        return isAccess && key.key() < Qt::Key_Escape;
-    }
+        return qobject_cast<const QPushButton *>(focus) != nullptr || IsAltCombination(key);
+    case Qt::Key_Escape:
+    case Qt::Key_F1:
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+        return false;
+    default:
+        return IsAltCombination(key);
     }
 }
 

@@ -5,8 +5,8 @@
 
 class QKeyEvent;
 
-// Whether a key belongs to the focused control alone and key preview leaves it alone: Tab, access keys, Space and Enter on
-// buttons.
+// Whether a key belongs to the focused control alone and key preview leaves it alone: Tab, Space and Enter on buttons, and Alt
+// combinations but for Escape, F1 and the arrows up and down.
 bool BelongsToControl(const QKeyEvent &key, const QWidget *focus);
 
 // Enter and Escape of a dialog.

@@ -1,5 +1,6 @@
 #include "platform/forms/Form.h"
 
+#include "platform/forms/AltKeys.h"
 #include "platform/forms/ControlFactory.h"
 #include "platform/forms/FormServices.h"
 #include "platform/forms/NoticeLine.h"
@@ -50,6 +51,7 @@ Geometry DesignOf(const QWidget &form)
 Form::Form(QString name, FormServices &services, QWidget *parent)
     : QMainWindow(parent), name_(std::move(name)), services_(services), place_(std::make_unique<WindowPlace>(*this))
 {
+    AltKeys::Install();             // sees only what the preview of all windows leaves
     qApp->installEventFilter(this); // key preview
     connect(place_.get(), &WindowPlace::Settled, this, [this] { anchors_.Follow(); });
 }
