@@ -74,7 +74,7 @@ void CreateJob::resizeEvent(QResizeEvent *event)
 
 void CreateJob::Save(bool thenClose)
 {
-    JobItem job{Projects::CleanID(ui_->JobIDText->text()), ui_->JobNameText->text().trimmed()};
+    JobItem job{Projects::CleanID(ui_->JobIDText->text()), BlanksForControls(ui_->JobNameText->text()).trimmed()};
     ui_->JobIDText->setText(job.id);
     ui_->StatusLabel->clear();
     if (job.id.isEmpty())

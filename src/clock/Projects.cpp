@@ -13,7 +13,7 @@ using namespace Qt::Literals::StringLiterals;
 
 QString Projects::CleanID(const QString &typed)
 {
-    QString id = typed;
+    QString id = BlanksForControls(typed);
     return id.replace(u':', u' ').trimmed();
 }
 

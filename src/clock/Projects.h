@@ -19,7 +19,7 @@ enum class Creation {
     Failed       // the file is locked, out of reach or can't be written
 };
 
-// An id as it can be stored: ":" would break the job item, so blanks take its place; trimmed.
+// An id as it can be stored: blanks in place of ":", which would break the job item, and of control characters; trimmed.
 QString CleanID(const QString &typed);
 
 // Whether an item of the list has this id, without regard to case (Danish letters included).

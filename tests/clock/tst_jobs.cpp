@@ -131,7 +131,8 @@ private slots:
     void StoresOneAfterAnother()
     {
         const Creator creator;
-        creator.Type(u" 12:A "_s, u"Roof : north"_s);
+        const QString roof = u"12 A B : Roof : north "_s + QString(255 - 13, u'N'); // the box stops there
+        creator.Type(u" 12:A\tB "_s, u"Roof : north\n"_s + QString(300, u'N'));
         creator.Press("ApplyButton");
         QCOMPARE(creator.Typed(), u"|"_s);
         QVERIFY(creator.IsReady());
@@ -139,8 +140,8 @@ private slots:
         creator.Press("ApplyButton");
         QCOMPARE(creator.Typed(), u"42|"_s);
         QVERIFY(creator.IsReady() && creator.prompts.messages.isEmpty());
-        QCOMPARE(creator.Stored(), u"12 A : Roof : north|41 : 41"_s);
-        QCOMPARE(creator.lists.CompanyList.Items(), QStringList({u"12 A : Roof : north"_s, u"41 : 41"_s, u"AB : x"_s}));
+        QCOMPARE(creator.Stored(), roof + u"|41 : 41"_s);
+        QCOMPARE(creator.lists.CompanyList.Items(), QStringList({roof, u"41 : 41"_s, u"AB : x"_s}));
         QTest::keyClick(creator.Box("JobIDText"), Qt::Key_Return);
         QVERIFY(!creator.form.IsLoaded());
         QVERIFY(creator.lists.CompanyList.Contains(u"42 : 42"_s));
