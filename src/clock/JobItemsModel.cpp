@@ -10,6 +10,22 @@ void JobItemsModel::Fill(const JobList &list, const QString &search)
     endResetModel();
 }
 
+void JobItemsModel::Renew(const JobList &list, const QString &search)
+{
+    emit layoutAboutToBeChanged();
+    const QModelIndexList before = persistentIndexList();
+    QStringList kept;
+    for (const QModelIndex &at : before)
+        kept.append(Item(at.row()));
+    items_ = list.Items();
+    shown_ = list.Matches(search);
+    QModelIndexList after;
+    for (const QString &item : std::as_const(kept))
+        after.append(index(RowOf(item))); // none for an item that has gone
+    changePersistentIndexList(before, after);
+    emit layoutChanged();
+}
+
 QString JobItemsModel::Item(int row) const
 {
     return row >= 0 && row < shown_.size() ? items_.at(shown_.at(row)) : QString();

@@ -13,8 +13,10 @@ class JobItemsModel : public QAbstractListModel
 public:
     using QAbstractListModel::QAbstractListModel;
 
-    // `list` is read until the next call; it must be filled again when the list has changed.
+    // The entries are those of the list as it is now.
     void Fill(const JobList &list, const QString &search);
+    // The same, but indexes stay on their items: those of a view's selection, of its scroll place, of a press of the mouse.
+    void Renew(const JobList &list, const QString &search);
 
     QString Item(int row) const;          // empty when there is no such row
     int RowOf(const QString &item) const; // exact; -1 when it is not shown

@@ -8,6 +8,8 @@
 #include <QListView>
 #include <QMouseEvent>
 
+#include <algorithm>
+
 namespace {
 
 bool IsEnter(int key)
@@ -30,18 +32,44 @@ PickList::PickList(QLineEdit &textUtil, Control &textUtilControl, QListView &xLi
     textUtil_.installEventFilter(this);
     // textEdited, not textChanged: a text that the program sets starts no search.
     connect(&textUtil_, &QLineEdit::textEdited, this, &PickList::TextUtil_Change);
-    connect(&xList_, &QListView::clicked, this, &PickList::XList_Click);
+    // The entry under the pointer, which need not be the selected one.
+    connect(&xList_, &QListView::clicked, this,
+            [this](const QModelIndex &entry) { XList_Click(model_.Item(entry.row())); });
 }
 
 void PickList::FillXListBox(const JobList &list)
 {
     model_.Fill(list, SearchText);
+    xList_.scrollToTop(); // a view keeps its scroll place when its model is filled
+    filledMode_ = lists_.Mode;
+    filledSearch_ = SearchText;
+}
+
+void PickList::FillAnew()
+{
+    if (lists_.Mode != ListMode::None)
+        FillXListBox(lists_.Current());
 }
 
 void PickList::Refresh()
 {
-    if (lists_.Mode != ListMode::None)
-        FillXListBox(lists_.Current());
+    if (IsListVisible() && filledMode_ == lists_.Mode && filledSearch_ == SearchText)
+        KeepPlaceAndRenew();
+    else
+        FillAnew();
+}
+
+void PickList::KeepPlaceAndRenew()
+{
+    QList<QPersistentModelIndex> inView; // from the top: the first may go
+    for (QModelIndex entry = xList_.indexAt({0, 0});
+         entry.isValid() && xList_.visualRect(entry).top() < xList_.viewport()->height();
+         entry = entry.siblingAtRow(entry.row() + 1))
+        inView.append(entry);
+    model_.Renew(lists_.Current(), SearchText);
+    const auto top = std::find_if(inView.cbegin(), inView.cend(), [](const auto &entry) { return entry.isValid(); });
+    if (top != inView.cend())
+        xList_.scrollTo(*top, QAbstractItemView::PositionAtTop);
 }
 
 void PickList::ShowXList()
@@ -79,15 +107,31 @@ void PickList::PlaceXList()
 
 void PickList::ShowCurrentJob()
 {
-    textUtil_.setText(clock_.CurrentJob);
+    shownJob_ = clock_.CurrentJob;
+    textUtil_.setText(shownJob_);
     textUtil_.setCursorPosition(0); // a long text shows its beginning
     textUtilControl_.SetToolTip({});
 }
 
+void PickList::FollowCurrentJob()
+{
+    if (!IsListVisible() && textUtil_.text() == shownJob_)
+        ShowCurrentJob();
+}
+
+// The selection, not the current index: that stays unseen where a click beside the entries has taken the highlight away.
 QString PickList::SelectedItem() const
 {
-    const QModelIndex index = xList_.currentIndex();
-    return index.isValid() ? model_.Item(index.row()) : QString();
+    const QModelIndexList selected = xList_.selectionModel()->selectedIndexes();
+    return selected.isEmpty() ? QString() : model_.Item(selected.constFirst().row());
+}
+
+void PickList::SelectEntryInView()
+{
+    if (SelectedItem().isEmpty())
+        xList_.setCurrentIndex(xList_.indexAt({0, 0}));
+    else
+        xList_.scrollTo(xList_.currentIndex());
 }
 
 void PickList::ChooseList(ListMode mode)
@@ -120,6 +164,7 @@ bool PickList::TextUtil_KeyDown(const QKeyEvent &event)
     }
     if (!down && event.key() != Qt::Key_Up && !IsEnter(event.key()))
         return false;
+    SelectEntryInView();
     xList_.setFocus();
     return true;
 }
@@ -128,7 +173,12 @@ bool PickList::XList_KeyDown(const QKeyEvent &event)
 {
     if (IsEnter(event.key())) {
         if (!SelectedItem().isEmpty()) // an empty item would stemp the person out
-            XList_Click();
+            XList_Click(SelectedItem());
+        return true;
+    }
+    const bool isArrow = event.key() == Qt::Key_Down || event.key() == Qt::Key_Up;
+    if (isArrow && SelectedItem().isEmpty()) { // else the list would move on from an entry that is not highlighted
+        SelectEntryInView();
         return true;
     }
     if (event.key() == Qt::Key_Delete) {
@@ -141,8 +191,12 @@ bool PickList::XList_KeyDown(const QKeyEvent &event)
 
 bool PickList::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == &xList_ && event->type() == QEvent::FocusIn && !xList_.currentIndex().isValid())
-        xList_.setCurrentIndex(model_.index(0));
+    if (watched == &xList_ && event->type() == QEvent::FocusIn) {
+        // The focus that a press of the mouse brings comes before the press: nothing may move under the pointer.
+        const Qt::FocusReason reason = static_cast<const QFocusEvent *>(event)->reason();
+        if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason)
+            SelectEntryInView();
+    }
     const bool isMouse = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonRelease
                          || event->type() == QEvent::MouseButtonDblClick;
     if (watched == &textUtil_ && isMouse)
@@ -182,7 +236,7 @@ void PickList::TextUtil_Click()
     if (textUtil_.text() == clock_.CurrentJob) {
         SearchText.clear();
         textUtil_.clear();
-        Refresh();
+        FillAnew();
         textUtilControl_.SetToolTip(QStringLiteral("Enter search characters here"));
     }
     ShowXList();
@@ -199,9 +253,8 @@ void PickList::TextUtil_DblClick()
     emit TextUtilLeft();
 }
 
-void PickList::XList_Click()
+void PickList::XList_Click(const QString &item)
 {
-    const QString item = SelectedItem();
     emit Picked(item);
     ShowCurrentJob();
     if (xList_.hasFocus())

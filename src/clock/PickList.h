@@ -22,8 +22,11 @@ public:
     // `textUtilControl` is the adapter of `textUtil`.
     PickList(QLineEdit &textUtil, Control &textUtilControl, QListView &xList, JobLists &lists, const ClockState &clock);
 
-    void FillXListBox(const JobList &list); // with the entries that match SearchText
-    void Refresh();                         // fills it again with the list of the mode in use
+    // With the entries that match SearchText. The list then stands at its top, and nothing is selected.
+    void FillXListBox(const JobList &list);
+    // Brings it in line with the list of the mode in use. While that and the search stay the same, the selection and what is
+    // shown stay on their entries.
+    void Refresh();
 
     void ShowXList();
     void HideXList();
@@ -31,7 +34,8 @@ public:
     void PlaceXList(); // under the search box, down to the bottom of the window
 
     void ShowCurrentJob();          // puts it into the search box
-    QString SelectedItem() const;   // of the visible list; empty when nothing is selected
+    void FollowCurrentJob();        // does so where the search box shows the one before
+    QString SelectedItem() const;   // what is highlighted in the list; empty when nothing is
     void ChooseList(ListMode mode); // a list menu was clicked
 
     // Keys while the search box or the list has the focus. True: consumed.
@@ -53,7 +57,11 @@ private:
     void TextUtil_Change(const QString &text);
     void TextUtil_Click();
     void TextUtil_DblClick();
-    void XList_Click();
+    void XList_Click(const QString &item);
+
+    void FillAnew(); // with the list of the mode in use
+    void KeepPlaceAndRenew();
+    void SelectEntryInView(); // for the keys: the one that is selected, else the first that is seen
 
     QLineEdit &textUtil_;
     Control &textUtilControl_;
@@ -62,4 +70,7 @@ private:
     const ClockState &clock_;
     JobItemsModel model_;
     bool pressed_ = false; // the mouse went down on the search box
+    ListMode filledMode_ = ListMode::None;
+    QString filledSearch_;
+    QString shownJob_; // that the search box was given last
 };

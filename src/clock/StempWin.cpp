@@ -283,6 +283,7 @@ void StempWin::StempOutAt(const QDateTime &time)
 
 void StempWin::AfterStemp()
 {
+    pickList_->FollowCurrentJob();
     RefreshGrid();
     ShowNewestRow();
     ShowUnsaved();
@@ -294,7 +295,10 @@ void StempWin::InOutButton_Click()
         StempOut();
         pickList_->Refresh();
     } else if (!pickList_->IsListVisible()) {
-        StempIn(ui_->TextUtil->text());
+        const QString text = ui_->TextUtil->text();
+        StempIn(text == parts_.clock.state.CurrentJob ? text : BlanksForControls(text));
+        if (parts_.clock.state.IsStempedIn)
+            pickList_->ShowCurrentJob();
     } else {
         StempIn(pickList_->SelectedItem());
         pickList_->Refresh();
@@ -332,6 +336,7 @@ void StempWin::mnuCreateJob_Click()
 void StempWin::FillRecentList()
 {
     parts_.clock.FillRecentList(parts_.timeTable.Rows(stempList_->RecordSource));
+    pickList_->FollowCurrentJob(); // the walk through the rows may have left another one
     EnableOwnLists();
 }
 
@@ -428,8 +433,8 @@ void StempWin::Form_Resize()
     const bool aligned = ui_->TextUtil->geometry().right() == ui_->StempGrid->geometry().right();
     const QScrollBar *bar = ui_->StempGrid->verticalScrollBar();
     const bool newestShown = bar->value() == bar->maximum();
-    if (height > leastGridHeight)
-        ui_->StempGrid->resize(qRound(Surface()->width() - gridMargin / twipsPerPixel), qRound(height / twipsPerPixel));
+    ui_->StempGrid->resize(qRound(Surface()->width() - gridMargin / twipsPerPixel),
+                           height > leastGridHeight ? qRound(height / twipsPerPixel) : ui_->StempGrid->height());
     if (aligned)
         ui_->TextUtil->resize(ui_->StempGrid->geometry().right() + 1 - ui_->TextUtil->x(), ui_->TextUtil->height());
     if (newestShown)
@@ -466,6 +471,8 @@ void StempWin::showEvent(QShowEvent *event)
 bool StempWin::eventFilter(QObject *watched, QEvent *event)
 {
     // The form sees the events of the whole program, also while it is being set up.
+    if (pickList_ && watched == ui_->InOutButton && event->type() == QEvent::MouseButtonDblClick)
+        return true; // a double click is one stemp: its second press would stemp out again
     if (!pickList_ || (watched != ui_->StempGrid && watched != ui_->StempGrid->viewport()))
         return Form::eventFilter(watched, event);
     if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::FocusIn)

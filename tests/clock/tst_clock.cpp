@@ -133,6 +133,11 @@ private slots:
             QCOMPARE(lists.RecentList.Items(), mode == ListMode::None || mode == ListMode::Recent ? one : both);
             QCOMPARE(lists.PersonalList.Items(), mode == ListMode::None || mode == ListMode::Personal ? one : both);
             QCOMPARE(copy_->stored, lists.PersonalList.Count() > 1 ? QStringList{u"2|Cellar"_s} : QStringList());
+
+            copy_->clock.StempIn(u"3:Attic"_s, QString()); // as typed; its row reads otherwise
+            copy_->clock.StempOut();
+            QCOMPARE(copy_->clock.state.CurrentJob, u"3 : Attic"_s);
+            QVERIFY(lists.RecentList.Contains(u"3 : Attic"_s));
         }
     }
 

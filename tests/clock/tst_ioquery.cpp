@@ -123,6 +123,18 @@ private slots:
         QVERIFY(query.Undecided());
     }
 
+    void AHeldKeyOfTheWindowBeforeDoesNothing()
+    {
+        Query query;
+        query.Show();
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
+            QKeyEvent held(QEvent::KeyPress, key, Qt::NoModifier, QString(), true);
+            QApplication::sendEvent(query.form.focusWidget(), &held);
+            QTest::keyRelease(query.form.focusWidget(), key);
+            QVERIFY(query.Undecided());
+        }
+    }
+
     void OneClickActs()
     {
         const QMap<QByteArray, Qt::Key> keys{

@@ -84,6 +84,48 @@ private slots:
         QCOMPARE(clocked.text->text(), u"A1 : Alpha lab"_s);
     }
 
+    void AClickPicksTheEntryUnderThePointer()
+    {
+        Clocked clocked;
+        QVERIFY(clocked.started);
+        QStringList items;
+        for (int i = 100; i < 400; ++i)
+            items.append(u"K%1 : Company"_s.arg(i));
+        const auto arrive = [&] { // with a poll
+            clocked.copy->program.lists.CompanyList.Assign(items);
+            emit clocked.copy->program.jobDatabase.JobListFilled();
+        };
+        QScrollBar *bar = clocked.list->verticalScrollBar();
+        const auto atTop = [&] { return clocked.list->indexAt({5, 2}).data().toString(); };
+        arrive();
+        clocked.ClickText();
+        bar->setValue(bar->maximum());
+        TypeInto(clocked.text, u"k1"_s);
+        QCOMPARE(atTop(), items[0]); // filled anew
+        bar->setValue(bar->maximum() / 2);
+        const QString wanted = atTop();
+        QVERIFY(wanted != items[0]);
+        QTest::mouseClick(clocked.list->viewport(), Qt::LeftButton, {}, {5, 2});
+        QCOMPARE(clocked.copy->Clock().CurrentJob, wanted);
+
+        clocked.ClickText();
+        QCOMPARE(atTop(), wanted);
+        bar->setValue(bar->value() - bar->pageStep() / 2);
+        const QString top = atTop();
+        items.prepend(u"A : new"_s);
+        items.removeAt(9);
+        arrive();
+        QCOMPARE(atTop(), top);
+        QCOMPARE(clocked.list->currentIndex().data().toString(), wanted);
+
+        TypeInto(clocked.text, u"K21"_s);
+        QTest::keyClick(clocked.text, Qt::Key_Down);
+        QTest::mouseClick(clocked.list->viewport(), Qt::LeftButton, {}, clocked.list->viewport()->rect().bottomLeft());
+        QTest::keyClick(clocked.list, Qt::Key_Return); // no entry is highlighted
+        QCOMPARE(clocked.copy->Clock().CurrentJob, wanted);
+        QVERIFY(clocked.list->isVisible());
+    }
+
     void SearchesAnywhereInAnyCase()
     {
         Clocked clocked;
@@ -145,6 +187,16 @@ private slots:
         clocked.window->StempIn(QString());
         QVERIFY(!clocked.IsIn());
         QCOMPARE(clocked.Rows(), u"LAB 0, LAB 0"_s);
+
+        clocked.text->selectAll();
+        clocked.text->insert(u"X :Typed\tjob"_s);
+        const QPoint at = clocked.button->mapTo(clocked.window, clocked.button->rect().center());
+        QTest::mouseDClick(clocked.window->windowHandle(), Qt::LeftButton, {}, at); // one stemp
+        QVERIFY(clocked.IsIn());
+        QCOMPARE(clocked.Rows(), u"LAB 0, LAB 0, X 1"_s);
+        clocked.window->StempOut();
+        QCOMPARE(clocked.copy->Clock().CurrentJob, u"X : Typed job"_s);
+        QCOMPARE(clocked.text->text(), u"X : Typed job"_s);
     }
 
     void DeletesCompanyJobsOnlyForAdministrators()
@@ -174,7 +226,7 @@ private slots:
         QCOMPARE(clocked.folder.Sql(jobsFile, u"SELECT * FROM Projects"_s).size(), 2);
     }
 
-    void ShowsTheNewestRowButKeepsAPersonsScrolling()
+    void TheGridFollowsTheWindowAndShowsTheNewestRow()
     {
         Clocked clocked;
         QVERIFY(clocked.started);
@@ -182,7 +234,8 @@ private slots:
             clocked.copy->time.Advance(60);
             clocked.window->StempIn(u"J%1 : job"_s.arg(i));
         }
-        const QScrollBar *bar = clocked.copy->Find<QTableView>("StempGrid")->verticalScrollBar();
+        const auto *grid = clocked.copy->Find<QTableView>("StempGrid");
+        const QScrollBar *bar = grid->verticalScrollBar();
         QTRY_VERIFY(bar->maximum() > 0);
         QCOMPARE(bar->value(), bar->maximum());
         const_cast<QScrollBar *>(bar)->setValue(0);
@@ -190,6 +243,11 @@ private slots:
         clocked.window->resize(clocked.window->size() + QSize(10, 10));
         QTest::qWait(0);
         QCOMPARE(bar->value(), 0);
+
+        const int beside = clocked.window->width() - grid->width();
+        clocked.window->resize(900, 100); // too low for the grid to get lower
+        QCOMPARE(grid->width(), 900 - beside);
+        QCOMPARE(clocked.text->geometry().right(), grid->geometry().right());
     }
 
     void KeepsAllOptionsThroughARestart()
