@@ -112,7 +112,7 @@ void AdminForm::Form_Unload()
 bool AdminForm::QueryUnload()
 {
     Restore();
-    Hide();
+    hide(); // it stays loaded, and is written back when it unloads
     return false;
 }
 
@@ -153,14 +153,7 @@ void AdminForm::OKButton_Click()
     }
     Accept();
     emit Accepted();
-    Hide();
-}
-
-// It stays loaded until the program ends, and that may be a crash.
-void AdminForm::Hide()
-{
     hide();
-    SaveTexts();
 }
 
 void AdminForm::EnterpriseMDBText_Click()

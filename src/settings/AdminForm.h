@@ -45,7 +45,6 @@ protected:
     void showEvent(QShowEvent *event) override;
 
 private:
-    void Hide();
     void OKButton_Click();
     void EnterpriseMDBText_Click();
 

@@ -1,6 +1,7 @@
 #include "support/RunningCopy.h"
 
 #include <QCheckBox>
+#include <QPlainTextEdit>
 #include <QSignalSpy>
 
 using namespace Qt::Literals::StringLiterals;
@@ -181,6 +182,37 @@ private slots:
         QCOMPARE(folder.Rows(companyFile, allUsers), u"ANNA -1"_s);
 
         QVERIFY(copy.prompts.messages.isEmpty());
+    }
+
+    // The dialog stays loaded until the end, however often it was shown by then.
+    void KeepsTheSettingsAtTheEnd()
+    {
+        const ProgramFolder folder;
+        const QString stored = u"SELECT Value, CapEnglish FROM AdminForm WHERE Name IN ('DaysInGrid', 'OKButton')"_s;
+        for (const bool sessionEnds : {false, true}) {
+            RunningCopy copy(folder);
+            QVERIFY(copy.Start());
+            copy.Accept([](QWidget &) {});
+            const auto before = copy.program.LocalDB.Select(stored, {}, {});
+            copy.Accept([&](QWidget &window) {
+                Child<QLineEdit>(window, "DaysInGrid")->setText(sessionEnds ? u"30"_s : u"20"_s);
+                Child<QPushButton>(window, "OKButton")
+                    ->setText(sessionEnds ? u"Fine"_s : u"Good"_s); // as the editor does
+            });
+            copy.program.LocalDB.Execute(u"UPDATE AdminForm SET HelpEnglish = 'mine' WHERE Name = 'OKButton'"_s, {},
+                                         {});
+            copy.Choose("mnuAdmin");
+            auto *ok = Child<QPushButton>(*ShownWindow(u"AdminForm"_s), "OKButton");
+            ok->setFocus();
+            QTest::keyClick(ok, Qt::Key_F1);
+            QCOMPARE(Child<QPlainTextEdit>(*ShownWindow(u"Help"_s), "HelpText")->toPlainText(), u"mine"_s);
+            QCOMPARE(copy.program.LocalDB.Select(stored, {}, {}), before); // a kill would lose it
+            if (sessionEnds)
+                copy.main.EndSession();
+            else
+                copy.Close();
+            QCOMPARE(folder.Rows(personalFile, stored), sessionEnds ? u"30 ,  Fine"_s : u"20 ,  Good"_s);
+        }
     }
 
     void RenewsTheLocalCopyAtExitIfAskedTo()

@@ -424,6 +424,7 @@ void Form::LoadTexts()
 
 void Form::SaveTexts()
 {
+    Q_ASSERT(unloading_); // it ends what LoadTexts began: nothing is kept of a form that goes on after it
     anchors_.PutBack();
     services_.SaveProperties(*this);
 }
