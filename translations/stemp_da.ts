@@ -199,6 +199,58 @@
         <source>&amp;OK</source>
         <translation>&amp;OK</translation>
     </message>
+    <message>
+        <source>Find the company database</source>
+        <translation>Find firmadatabasen</translation>
+    </message>
+    <message>
+        <source>Opens the window in which you pick the company database. What you pick is used when you press OK.</source>
+        <translation>Åbner vinduet, hvor du vælger firmadatabasen. Det, du vælger, tages i brug, når du trykker på OK.</translation>
+    </message>
+    <message>
+        <source>&amp;Browse ...</source>
+        <translation>&amp;Find ...</translation>
+    </message>
+    <message>
+        <source>Whether the file named above serves</source>
+        <translation>Om filen ovenfor kan bruges</translation>
+    </message>
+    <message>
+        <source>Says what the program found at the location above, as soon as you type or pick it: how many people and jobs the company database holds, or why the file does not serve. Nothing is used before you press OK.</source>
+        <translation>Siger, hvad programmet fandt på placeringen ovenfor, så snart du skriver eller vælger den: hvor mange personer og job firmadatabasen har, eller hvorfor filen ikke kan bruges. Intet tages i brug, før du trykker på OK.</translation>
+    </message>
+    <message>
+        <source>Not looked at yet</source>
+        <translation>Endnu ikke undersøgt</translation>
+    </message>
+    <message>
+        <source>Found. People: %1, jobs: %2</source>
+        <translation>Fundet. Personer: %1, job: %2</translation>
+    </message>
+    <message>
+        <source>This file is no company database.</source>
+        <translation>Denne fil er ikke en firmadatabase.</translation>
+    </message>
+    <message>
+        <source>The file is there, but another program keeps it locked.</source>
+        <translation>Filen er der, men et andet program holder den låst.</translation>
+    </message>
+    <message>
+        <source>The file does not answer.</source>
+        <translation>Filen svarer ikke.</translation>
+    </message>
+    <message>
+        <source>There is no such file, or it cannot be read.</source>
+        <translation>Der er ingen sådan fil, eller den kan ikke læses.</translation>
+    </message>
+    <message>
+        <source>Stands in for %1, which is not there.</source>
+        <translation>Træder i stedet for %1, som ikke er der.</translation>
+    </message>
+    <message>
+        <source> OK keeps the file in use.</source>
+        <translation> OK beholder filen, der er i brug.</translation>
+    </message>
 </context>
 <context>
     <name>CreateJob</name>

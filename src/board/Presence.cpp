@@ -94,6 +94,13 @@ QString ReadJobsMark(dao::Database &database)
         .toString();
 }
 
+std::pair<qint64, qint64> CountUsersAndJobs(dao::Database &database)
+{
+    const QList<QVariantList> rows = database.Select(
+        u"SELECT (SELECT count(*) FROM Users), (SELECT count(*) FROM Projects)"_s, {}, u"looking at a job database"_s);
+    return {rows.value(0).value(0).toLongLong(), rows.value(0).value(1).toLongLong()};
+}
+
 std::optional<QString> MatchLogin(dao::Database &database, const QString &login)
 {
     const QList<UserRow> rows = ReadUsers(database);

@@ -6,6 +6,7 @@
 
 #include <chrono>
 #include <optional>
+#include <utility>
 
 namespace dao {
 class Database;
@@ -45,6 +46,7 @@ struct UsersAndJobs
 // The same with a mark of the job list, by one statement.
 UsersAndJobs ReadUsersAndJobs(dao::Database &database);
 QString ReadJobsMark(dao::Database &database);
+std::pair<qint64, qint64> CountUsersAndJobs(dao::Database &database);
 
 // The identity that a login name stands for: the row whose User is `login`, else the first whose FullName is.
 // Upper-cased.

@@ -14,6 +14,8 @@ namespace {
 
 Q_LOGGING_CATEGORY(log, "stemp.company")
 
+constexpr std::chrono::milliseconds endLimit{50}; // of a thread that has no more to do
+
 } // namespace
 
 // Where workers, which may outlive the link, leave their answers.
@@ -59,9 +61,25 @@ void CompanyLink::Open(const QString &path)
 CompanyWorker &CompanyLink::WorkerOf(const QString &path)
 {
     std::unique_ptr<CompanyWorker> &worker = workers_[path];
-    if (!worker)
+    if (!worker) {
+        DropIdleWorkers(); // a path that is being typed is another file with each key
         worker = std::make_unique<CompanyWorker>(path, mode_ == Mode::Thread);
+    }
     return *worker;
+}
+
+void CompanyLink::DropIdleWorkers()
+{
+    std::erase_if(
+        workers_,
+        [this](const auto &entry) {
+            CompanyWorker *worker = entry.second.get();
+            if (!worker || worker == worker_ || !worker->IsIdle())
+                return false;
+            worker->Finish(); // its file is closed already, so that its thread ends at once
+            worker->FinishedBy(std::chrono::steady_clock::now() + endLimit);
+            return true;
+        });
 }
 
 void CompanyLink::Enqueue(const QString &path, Job job, Deliver deliver)

@@ -139,6 +139,7 @@ private:
     }
 
     CompanyWorker &WorkerOf(const QString &path);
+    void DropIdleWorkers();
     void Enqueue(const QString &path, Job job, Deliver deliver);
     void EnqueueUnanswered(Job job);
     std::optional<Result> EnqueueAndWait(Job job, std::chrono::milliseconds limit);
@@ -151,7 +152,7 @@ private:
     const Mode mode_;
     bool stopped_ = false;
     QString path_;
-    // Each file's worker is kept, so that a file that comes into use again goes on in order.
+    // A file's worker is kept while it is at work, so that a file that comes into use again goes on in order.
     std::map<QString, std::unique_ptr<CompanyWorker>> workers_;
     CompanyWorker *worker_ = nullptr; // of the file in use
     std::shared_ptr<Mailbox> mailbox_;

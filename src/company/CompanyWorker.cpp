@@ -89,6 +89,12 @@ void CompanyWorker::Run(State &state)
     state.changed.notify_all();
 }
 
+bool CompanyWorker::IsIdle() const
+{
+    const std::lock_guard lock(state_->mutex);
+    return state_->tasksEnded == state_->tasksPosted;
+}
+
 void CompanyWorker::Finish()
 {
     if (!thread_.joinable()) {

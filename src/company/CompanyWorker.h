@@ -27,6 +27,8 @@ public:
     // ended, nothing is waited for: a file that hangs costs one wait, however much is asked of it.
     bool PostAndWait(Task task, std::chrono::milliseconds limit);
 
+    bool IsIdle() const; // every task has ended
+
     // No task is posted after this. Those posted before are done, then the file is closed.
     void Finish();
     // Whether all that came to its end by then; if not, tasks not begun are dropped.

@@ -6,6 +6,9 @@
 #include <QDir>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPointer>
+
+#include <utility>
 
 namespace {
 
@@ -37,12 +40,11 @@ private:
 
 } // namespace
 
-AdminForm::AdminForm(FormServices &services, Prompts &prompts, FileTest fileExists, FileTest isOwnJobsFile)
+AdminForm::AdminForm(FormServices &services, Prompts &prompts, Judge judge)
     : Form(QStringLiteral("AdminForm"), services),
       ui_(std::make_unique<Ui::AdminForm>()),
       prompts_(prompts),
-      fileExists_(std::move(fileExists)),
-      isOwnJobsFile_(std::move(isOwnJobsFile))
+      judge_(std::move(judge))
 {
     ui_->setupUi(this);
     RegisterControls();
@@ -53,6 +55,10 @@ AdminForm::AdminForm(FormServices &services, Prompts &prompts, FileTest fileExis
                                      "location; what you pick is used when you press OK.")));
     SetDefaultButton(ui_->OKButton);
     connect(ui_->OKButton, &QPushButton::clicked, this, &AdminForm::OKButton_Click);
+    connect(ui_->BrowseButton, &QPushButton::clicked, this, &AdminForm::EnterpriseMDBText_Click);
+    connect(ui_->EnterpriseMDBText, &QLineEdit::textChanged, this, &AdminForm::EnterpriseMDBText_Change);
+    for (const QLineEdit *number : {ui_->DaysInGrid, ui_->PollDelay})
+        connect(number, &QLineEdit::editingFinished, this, &AdminForm::ShowNumbersInEffect);
     new ClickWatch(ui_->EnterpriseMDBText, [this] { EnterpriseMDBText_Click(); });
 }
 
@@ -61,7 +67,7 @@ AdminForm::~AdminForm() = default;
 Options AdminForm::CurrentOptions() const
 {
     Options options = accepted_;
-    options.AutoUpdate = options.AutoUpdate && autoCheckEnabled_;
+    options.AutoUpdate = options.AutoUpdate && canAutoUpdate_;
     return options;
 }
 
@@ -78,34 +84,36 @@ void AdminForm::SetUserName(const QString &name, bool lock)
 
 void AdminForm::ShowPathInEffect(const QString &path)
 {
-    const bool edited = ShownPath() != accepted_.EnterpriseMDBText;
-    accepted_.EnterpriseMDBText = QDir::toNativeSeparators(path);
-    autoCheckEnabled_ = CanAutoUpdate(accepted_.EnterpriseMDBText);
-    if (!edited) {
-        ui_->EnterpriseMDBText->setText(accepted_.EnterpriseMDBText);
-        ui_->AutoCheck->setEnabled(autoCheckEnabled_);
-    }
+    const bool edited = ShownPath() != pathInEffect_;
+    pathInEffect_ = QDir::toNativeSeparators(path);
+    if (!edited)
+        ui_->EnterpriseMDBText->setText(pathInEffect_);
 }
 
 void AdminForm::SetSharedListPossible(bool possible)
 {
-    sharedListPossible_ = possible;
-    autoCheckEnabled_ = CanAutoUpdate(accepted_.EnterpriseMDBText);
-    ui_->AutoCheck->setEnabled(autoCheckEnabled_);
+    canAutoUpdate_ = possible;
+    if (!IsPathChanged())
+        ui_->AutoCheck->setEnabled(possible);
 }
 
 void AdminForm::Form_Load()
 {
     LoadTexts();
+    if (ui_->PathLabel->geometry().intersects(ui_->AutoCheck->geometry()))
+        ShowShippedLayout(); // the stored places are of a version without that line
     if (!ui_->Round30min->isChecked() && !ui_->Round1Hour->isChecked())
         ui_->Round15min->setChecked(true); // one of the three is needed, whatever was stored
-    EnableAutoCheck(ShownPath());
     Accept();
+    accepted_.EnterpriseMDBText = pathInEffect_ = ShownPath();
+    ShowRunTimeTexts();
 }
 
 void AdminForm::Form_Unload()
 {
     Restore();
+    ui_->EnterpriseMDBText->setText(accepted_.EnterpriseMDBText); // whatever stands in for it just now
+    ui_->PathLabel->clear();
     SaveTexts();
 }
 
@@ -119,6 +127,8 @@ bool AdminForm::QueryUnload()
 void AdminForm::showEvent(QShowEvent *event)
 {
     Form::showEvent(event);
+    if (!event->spontaneous())
+        JudgePath();
     if (ui_->UserName->isReadOnly())
         ui_->TipsCheck->setFocus();
     else
@@ -142,18 +152,28 @@ bool AdminForm::Form_KeyDown(QKeyEvent &event)
 
 void AdminForm::OKButton_Click()
 {
-    const QString path = ShownPath();
-    if (path != accepted_.EnterpriseMDBText) {
-        if (fileExists_(path)) {
-            EnableAutoCheck(path);
-        } else {
-            ui_->EnterpriseMDBText->setText(accepted_.EnterpriseMDBText);
-            ui_->AutoCheck->setEnabled(autoCheckEnabled_);
-        }
-    }
+    okWaits_ = IsPathChanged() && !judgement_;
+    if (okWaits_)
+        return;
+    ShowNumbersInEffect();
+    if (IsPathChanged())
+        CommitPath();
     Accept();
     emit Accepted();
     hide();
+}
+
+// A file that is not there is refused: the path in effect stays, and all that belongs to it.
+void AdminForm::CommitPath()
+{
+    const PathJudgement judgement = *judgement_;
+    if (judgement.Exists()) {
+        accepted_.EnterpriseMDBText = pathInEffect_ = ShownPath();
+        canAutoUpdate_ = judgement.canAutoUpdate;
+        if (judgement.isOwnFile) // which has nothing to be renewed from
+            ui_->AutoCheck->setChecked(false);
+    }
+    RestorePath();
 }
 
 void AdminForm::EnterpriseMDBText_Click()
@@ -163,10 +183,53 @@ void AdminForm::EnterpriseMDBText_Click()
         prompts_.PickFile(this, QStringLiteral("Locate Company Data Base"),
                           shown.isEmpty() ? QStringLiteral("Jobs.mdb") : shown, QStringLiteral("*.mdb"));
     if (!picked.isEmpty()) {
-        const QString path = QDir::toNativeSeparators(picked);
-        ui_->EnterpriseMDBText->setText(path);
-        EnableAutoCheck(path);
+        pickedPath_ = QDir::toNativeSeparators(picked);
+        ui_->EnterpriseMDBText->setText(pickedPath_);
     }
+}
+
+void AdminForm::EnterpriseMDBText_Change()
+{
+    okWaits_ = false;
+    if (isVisible())
+        JudgePath();
+}
+
+void AdminForm::JudgePath()
+{
+    const QString path = ShownPath();
+    judgement_.reset();
+    if (path.isEmpty()) {
+        TakeJudgement(PathJudgement());
+        return;
+    }
+    ShowRunTimeTexts();
+    judge_(path, [this, self = QPointer(this), path](const PathJudgement &judgement) {
+        if (self && path == ShownPath()) // else it is that of an older text
+            TakeJudgement(judgement);
+    });
+}
+
+void AdminForm::TakeJudgement(const PathJudgement &judgement)
+{
+    judgement_ = judgement;
+    ui_->AutoCheck->setEnabled(IsPathChanged() ? judgement.canAutoUpdate : canAutoUpdate_);
+    ShowRunTimeTexts();
+    if (std::exchange(okWaits_, false))
+        OKButton_Click();
+}
+
+void AdminForm::ShowRunTimeTexts()
+{
+    QString text = judgement_ && !ShownPath().isEmpty() ? judgement_->Text() : QString();
+    const QString &chosen = accepted_.EnterpriseMDBText;
+    const bool isStandIn = !IsPathChanged() && !chosen.isEmpty() && pathInEffect_ != chosen;
+    if (isStandIn)
+        text = QStringLiteral(QT_TRANSLATE_NOOP("AdminForm", "Stands in for %1, which is not there.")).arg(chosen);
+    else if (judgement_ && !judgement_->Exists() && IsPathChanged())
+        text += QStringLiteral(QT_TRANSLATE_NOOP("AdminForm", " OK keeps the file in use."));
+    const QLabel &line = *ui_->PathLabel;
+    ui_->PathLabel->setText(line.fontMetrics().elidedText(text, Qt::ElideMiddle, line.contentsRect().width()));
 }
 
 QString AdminForm::ShownPath() const
@@ -174,27 +237,17 @@ QString AdminForm::ShownPath() const
     return QDir::toNativeSeparators(ui_->EnterpriseMDBText->text().trimmed());
 }
 
-// A share that is slow, or away, takes its time to answer.
-bool AdminForm::IsOwnJobsFile(const QString &path)
+// To pick the file that stands in for the chosen one is to choose it.
+bool AdminForm::IsPathChanged() const
 {
-    if (!ownJobsFile_ || ownJobsFile_->first != path)
-        ownJobsFile_.emplace(path, isOwnJobsFile_(path));
-    return ownJobsFile_->second;
+    const QString path = ShownPath();
+    return path != pathInEffect_ || (path == pickedPath_ && path != accepted_.EnterpriseMDBText);
 }
 
-bool AdminForm::CanAutoUpdate(const QString &path)
+void AdminForm::ShowNumbersInEffect()
 {
-    const bool another = path != accepted_.EnterpriseMDBText; // of which nothing is known yet
-    return (sharedListPossible_ || another) && !IsOwnJobsFile(path);
-}
-
-// The tick goes with the program folder's own file, which has nothing to be renewed from. It stays while the shared list is
-// merely out of reach.
-void AdminForm::EnableAutoCheck(const QString &path)
-{
-    ui_->AutoCheck->setEnabled(CanAutoUpdate(path));
-    if (IsOwnJobsFile(path))
-        ui_->AutoCheck->setChecked(false);
+    ui_->DaysInGrid->setText(QString::number(DaysToShow(ui_->DaysInGrid->text())));
+    ui_->PollDelay->setText(QString::number(PollPeriod(ui_->PollDelay->text()).count()));
 }
 
 void AdminForm::Accept()
@@ -210,8 +263,6 @@ void AdminForm::Accept()
                                                                : Rounding::Quarters;
     accepted_.DaysInGrid = ui_->DaysInGrid->text();
     accepted_.PollDelay = ui_->PollDelay->text();
-    accepted_.EnterpriseMDBText = ShownPath();
-    autoCheckEnabled_ = ui_->AutoCheck->isEnabled();
 }
 
 void AdminForm::Restore()
@@ -227,6 +278,12 @@ void AdminForm::Restore()
     ui_->Round1Hour->setChecked(accepted_.SummaryRounding == Rounding::WholeHours);
     ui_->DaysInGrid->setText(accepted_.DaysInGrid);
     ui_->PollDelay->setText(accepted_.PollDelay);
-    ui_->EnterpriseMDBText->setText(accepted_.EnterpriseMDBText);
-    ui_->AutoCheck->setEnabled(autoCheckEnabled_);
+    RestorePath();
+}
+
+void AdminForm::RestorePath()
+{
+    pickedPath_.clear();
+    ui_->EnterpriseMDBText->setText(pathInEffect_);
+    ui_->AutoCheck->setEnabled(canAutoUpdate_);
 }

@@ -18,7 +18,7 @@ struct Options
     Rounding SummaryRounding = Rounding::Quarters;
     QString DaysInGrid = QStringLiteral("7"); // as typed; DaysToShow reads it
     QString PollDelay = QStringLiteral("15"); // as typed; PollPeriod reads it
-    QString EnterpriseMDBText; // path of the company database, the platform's own separators; may be empty
+    QString EnterpriseMDBText; // path of the company database as the person chose it, native separators; may be empty
 };
 
 // The leading number of `text`, rounded to a whole number, halves to the even one; 0 when there is none. Clamped to 16 bits.

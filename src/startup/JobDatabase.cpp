@@ -35,6 +35,9 @@ JobDatabase::JobDatabase(CompanyLink::Mode mode, const Identity &identity, JobLi
     retryTimer_.setSingleShot(true);
     retryTimer_.setInterval(retryPeriod);
     connect(&retryTimer_, &QTimer::timeout, this, &JobDatabase::FillJobList);
+    judgeTimer_.setSingleShot(true);
+    judgeTimer_.setInterval(judgeLimit);
+    connect(&judgeTimer_, &QTimer::timeout, this, [this] { TakeJudgement({PathJudgement::Outcome::NoAnswer}); });
     connect(&link_, &CompanyLink::Replaced, this, [this] {
         missed_ = true;
         ForgetJobs();
@@ -303,8 +306,8 @@ std::optional<LocalJobCopy::Snapshot> JobDatabase::RowsForLocalCopy(std::chrono:
 
 bool JobDatabase::Close(std::chrono::milliseconds limit)
 {
-    searchTimer_.stop();
-    retryTimer_.stop();
+    for (QTimer *timer : {&searchTimer_, &retryTimer_, &judgeTimer_})
+        timer->stop();
     return link_.Stop(limit);
 }
 

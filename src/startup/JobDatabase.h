@@ -5,6 +5,7 @@
 #include "clock/JobList.h"
 #include "clock/Projects.h"
 #include "company/CompanyLink.h"
+#include "settings/PathJudgement.h"
 #include "startup/LocalJobCopy.h"
 
 #include <QObject>
@@ -20,8 +21,8 @@
 struct Identity;
 struct JobLists;
 
-// The job database in use: which file it is, and all that is asked of it. Choose, ChooseLooked, MatchLoginToUser, FileExists,
-// IsOwnJobsFile, RowsForLocalCopy and Close wait for the file system, each in all at most for its limit; a file that was
+// The job database in use: which file it is, and all that is asked of it. Choose, ChooseLooked, MatchLoginToUser,
+// RowsForLocalCopy and Close wait for the file system, each in all at most for its limit; a file that was
 // waited for in vain is not waited for again until it has answered. UpdateLocalJobCopy writes in the program folder. Nothing
 // else here blocks.
 class JobDatabase : public QObject
@@ -78,17 +79,15 @@ public:
     // Reads the users of a file that is not polled, the local copy: UsersRead() follows if it can be read.
     void ReadUsers();
 
-    bool FileExists(const QString &path);    // false when it does not answer
-    bool IsOwnJobsFile(const QString &path); // the program folder's own "Jobs.mdb", under any spelling
+    // Looks at a file that may come into use, and tells what it is; `NoAnswer` when that takes too long. Of those that are asked
+    // about while one is being looked at, only the last is looked at and answered.
+    void Judge(const QString &path, std::function<void(const PathJudgement &)> done);
 
     // What the local copy is rebuilt from; nothing unless the job database in use is a shared one, another file than the copy,
     // and answers in time. Nothing in a program folder on a network drive, where "Jobs.mdb" is everybody's file.
     std::optional<LocalJobCopy::Snapshot> RowsForLocalCopy(std::chrono::milliseconds limit);
     bool Close(std::chrono::milliseconds limit);                 // false when the file does not answer
     void UpdateLocalJobCopy(const LocalJobCopy::Snapshot &rows); // after Close
-
-    // The configured file that does not serve and is being looked for; empty when there is none.
-    QString SoughtPath() const { return searchTimer_.isActive() ? configured_ : QString(); }
 
 public slots:
     void LookForConfigured(); // the timer's: quietly; Looked() comes only if it serves now
@@ -105,7 +104,8 @@ signals:
 
 private:
     using Deadline = std::chrono::steady_clock::time_point;
-    static constexpr std::chrono::milliseconds waitLimit{2000}; // what a file that does not answer may cost
+    static constexpr std::chrono::milliseconds waitLimit{2000};  // what a file that does not answer may cost
+    static constexpr std::chrono::milliseconds judgeLimit{3000}; // more than a locked file takes to say so
 
     using JobsMark = std::optional<QString>; // of the list that was read last; nothing before that
 
@@ -138,6 +138,9 @@ private:
     Finding Open(const QString &path, Deadline deadline);
     void TryOut(const QString &path, bool quietly);
     void TakeIntoUse(const QString &configured, Finding finding, Deadline deadline);
+    void JudgeNext();
+    void TakeJudgement(const PathJudgement &judgement);
+    PathJudgement JudgementOf(const QString &path, const dao::Error &error) const;
 
     void WriteState(Presence::State state);
     void ForgetJobs();
@@ -155,7 +158,16 @@ private:
     QString configured_;
     QString wanted_;                 // the file that was last asked to come into use; answers of others are not heard
     std::optional<Finding> finding_; // its answer
-    bool searching_ = false;         // a look for the configured file is under way
+    struct Judging
+    {
+        QString path;
+        std::function<void(const PathJudgement &)> done;
+    };
+    std::optional<Judging> judging_; // the file that is being looked at
+    std::optional<Judging> toJudge_; // the one after it
+    quint64 lastJudging_ = 0;
+    QTimer judgeTimer_;
+    bool searching_ = false;                                              // a look for the configured file is under way
     std::map<quint64, std::function<void(Projects::Creation)>> creating_; // what waits for the answers of creations
     quint64 lastCreation_ = 0;
     bool polling_ = false;  // a poll is under way

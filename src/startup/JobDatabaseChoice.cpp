@@ -7,8 +7,7 @@
 #include <QLoggingCategory>
 
 #include <algorithm>
-#include <atomic>
-#include <memory>
+#include <tuple>
 #include <utility>
 
 using namespace std::chrono_literals;
@@ -137,6 +136,10 @@ void JobDatabase::Use(const QString &path)
         return;
     link_.Open(path);
     polling_ = searching_ = false;
+    if (judging_ && !toJudge_) // its answer is dropped, too
+        toJudge_ = judging_;
+    if (std::exchange(judging_, std::nullopt))
+        QMetaObject::invokeMethod(this, &JobDatabase::JudgeNext, Qt::QueuedConnection);
     for (auto &[number, done] : std::exchange(creating_, {})) // told when the new file is settled
         QMetaObject::invokeMethod(
             this, [done = std::move(done)] { done(Projects::Creation::Failed); }, Qt::QueuedConnection);
@@ -168,20 +171,49 @@ std::optional<QString> JobDatabase::MatchLoginToUser(const QString &path, const 
     return *answer->value;
 }
 
-bool JobDatabase::FileExists(const QString &path)
+void JobDatabase::Judge(const QString &path, std::function<void(const PathJudgement &)> done)
 {
-    if (path.isEmpty())
-        return false;
-    const auto exists = std::make_shared<std::atomic<bool>>(false);
-    return link_.RunWithin(waitLimit, path, [exists, path] { *exists = DataFiles::FileExists(path); }) && *exists;
+    toJudge_ = Judging{path, std::move(done)};
+    JudgeNext();
 }
 
-bool JobDatabase::IsOwnJobsFile(const QString &path)
+void JobDatabase::JudgeNext()
 {
-    if (path.isEmpty())
-        return false;
-    const auto isOwn = std::make_shared<std::atomic<bool>>(false);
-    return link_.RunWithin(waitLimit, path, [isOwn, path, own = OwnJobsFile()] {
-        *isOwn = DataFiles::SameFile(path, own);
-    }) && *isOwn;
+    if (judging_ || !toJudge_)
+        return;
+    judging_ = std::exchange(toJudge_, std::nullopt);
+    judgeTimer_.start();
+    const bool onNetwork = identity_.OnNetworkDrive; // where "Jobs.mdb" is everybody's file, and no copy
+    link_.AskOf(
+        judging_->path, this,
+        [path = judging_->path, own = OwnJobsFile(), onNetwork](dao::Database &database) {
+            PathJudgement found{PathJudgement::Outcome::Found, DataFiles::SameFile(path, own)};
+            found.canAutoUpdate = !found.isOwnFile && !onNetwork;
+            std::tie(found.people, found.jobs) = Presence::CountUsersAndJobs(database);
+            return found;
+        },
+        [this, number = ++lastJudging_](const Answer<PathJudgement> &answer) {
+            if (number == lastJudging_ && judging_) // else it came too late
+                TakeJudgement(answer.value ? *answer.value : JudgementOf(judging_->path, *answer.error));
+        });
+}
+
+void JobDatabase::TakeJudgement(const PathJudgement &judgement)
+{
+    judgeTimer_.stop();
+    if (const std::optional<Judging> judged = std::exchange(judging_, std::nullopt))
+        judged->done(judgement);
+    JudgeNext();
+}
+
+PathJudgement JobDatabase::JudgementOf(const QString &path, const dao::Error &error) const
+{
+    using Outcome = PathJudgement::Outcome;
+    if (error.Kind() == dao::ErrorKind::CannotOpen)
+        return {Outcome::Missing};
+    const bool isLocked = error.Kind() == dao::ErrorKind::Busy;
+    PathJudgement judgement{isLocked ? Outcome::Locked : Outcome::NoCompanyDatabase};
+    judgement.isOwnFile = QDir::cleanPath(path) == QDir::cleanPath(OwnJobsFile());
+    judgement.canAutoUpdate = isLocked && !judgement.isOwnFile && !identity_.OnNetworkDrive;
+    return judgement;
 }

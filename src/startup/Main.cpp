@@ -166,8 +166,7 @@ void Main::ApplySettings()
     Identity &identity = program_.identity;
     JobDatabase &jobs = program_.jobDatabase;
     adminForm_ = std::make_unique<AdminForm>(
-        *common_, prompts_, [&jobs](const QString &path) { return jobs.FileExists(path); },
-        [&jobs](const QString &path) { return jobs.IsOwnJobsFile(path); });
+        *common_, prompts_, [&jobs](const QString &path, auto done) { jobs.Judge(path, std::move(done)); });
     connect(adminForm_.get(), &AdminForm::Accepted, this, &Main::SettingsAccepted);
     connect(adminForm_.get(), &Form::Closed, boardDesk_.get(), &BoardDesk::SetRefreshInterval);
     adminForm_->Load();
@@ -296,7 +295,7 @@ void Main::SwitchOver(const QString &path)
 // Where people share a database. It is shown also while that is away.
 void Main::ShowBoard()
 {
-    boardDesk_->ShowBoard(!program_.options.EnterpriseMDBText.trimmed().isEmpty());
+    boardDesk_->ShowBoard(program_.jobDatabase.CompanyJobs || !program_.options.EnterpriseMDBText.trimmed().isEmpty());
 }
 
 // Of which a local copy can be kept. In a program folder on a network drive, "Jobs.mdb" is everybody's file and no copy.
@@ -326,9 +325,6 @@ void Main::UnloadOthers()
     if (repGen_)
         repGen_->Unload();
     boardDesk_->Unload();
-    // The box shows what stands in for a file that is away; the next start looks for that file again.
-    if (const QString sought = program_.jobDatabase.SoughtPath(); !sought.isEmpty())
-        adminForm_->ShowPathInEffect(sought);
     adminForm_->Unload();
     common_->UnloadHelp();
 }

@@ -14,14 +14,23 @@ const QString oldPath = QDir::toNativeSeparators(u"/share/old/Jobs.mdb"_s);
 const QString newPath = QDir::toNativeSeparators(u"/share/new/Jobs.mdb"_s);
 const QString ownPath = QDir::toNativeSeparators(u"/program/Jobs.mdb"_s);
 
+PathJudgement Judgement(const QString &path)
+{
+    if (path == newPath || path == oldPath)
+        return {PathJudgement::Outcome::Found, false, true, 40, 300};
+    if (path == ownPath)
+        return {PathJudgement::Outcome::Found, true};
+    return {PathJudgement::Outcome::Missing};
+}
+
 // The settings on the screen, with a company database in effect.
 struct Settings : AtWindow
 {
-    QStringList asked; // whether it is the own file
-    AdminForm form{texts, prompts, [](const QString &path) { return path == newPath || path == ownPath; },
-                   [this](const QString &path) {
-                       asked.append(path);
-                       return path == ownPath;
+    bool answersLater = false;
+    QList<std::function<void()>> answers; // that are to come
+    AdminForm form{texts, prompts, [this](const QString &path, const auto &done) {
+                       const auto answer = [path, done] { done(Judgement(path)); };
+                       answersLater ? answers.append(answer) : answer();
                    }};
     QSignalSpy accepted{&form, &AdminForm::Accepted};
 
@@ -30,8 +39,11 @@ struct Settings : AtWindow
         texts.stored = [this](Form &) {
             Path()->setText(oldPath);
             Check("AutoCheck")->setChecked(true);
+            Check("AutoCheck")->move(16, 330); // where the line below the path has come to stand
         };
         Open(form);
+        if (Find<QWidget>("PathLabel")->geometry().intersects(Check("AutoCheck")->geometry()))
+            qFatal("the path's line is covered");
     }
 
     QLineEdit *Path() const { return Box("EnterpriseMDBText"); }
@@ -59,8 +71,8 @@ private slots:
     {
         for (const QByteArray way : {"escape", "frame", "unload"}) {
             Settings settings;
-            bool saved = false;
-            settings.texts.saved = [&](Form &) { saved = settings.Box("DaysInGrid")->text() == "7"_L1; };
+            QString saved;
+            settings.texts.saved = [&](Form &) { saved = settings.Box("DaysInGrid")->text(); };
             settings.EditAll();
             if (way == "escape")
                 QTest::keyClick(settings.Path(), Qt::Key_Escape);
@@ -70,7 +82,7 @@ private slots:
                 settings.form.Unload();
             QVERIFY(!settings.form.isVisible());
             QCOMPARE(settings.form.IsLoaded(), way != "unload");
-            QVERIFY(saved);
+            QCOMPARE(saved, way == "unload" ? u"7"_s : QString());
             QVERIFY(settings.accepted.isEmpty());
             QVERIFY(settings.Check("TipsCheck")->isChecked() && !settings.Check("AdminCheck")->isChecked());
             QVERIFY(settings.Check("AutoCheck")->isChecked()
@@ -82,30 +94,74 @@ private slots:
 
     void Path()
     {
-        for (const auto &[typed, kept, autoUpdate] : {std::tuple{newPath, newPath, true},
-                                                      {u"/nowhere/Jobs.mdb"_s, oldPath, true},
-                                                      {ownPath, ownPath, false},
-                                                      {oldPath, oldPath, true}}) { // unchanged though out of reach
+        const QString found = u"Found. People: 40, jobs: 300"_s;
+        const QString missing = u"There is no such file, or it cannot be read. OK keeps the file in use."_s;
+        for (const auto &[typed, line, canUpdate, kept, keptCanUpdate] :
+             {std::tuple{newPath, found, true, newPath, true},
+              {u"/nowhere/Jobs.mdb"_s, missing, false, oldPath, true},
+              {u" "_s, missing.mid(missing.indexOf(u" OK")), false, oldPath, true},
+              {ownPath, u"Found. People: 0, jobs: 0"_s, false, ownPath, false},
+              {oldPath, found, true, oldPath, true}}) {
             Settings settings;
             TypeInto(settings.Path(), typed);
+            QCOMPARE(settings.Text("PathLabel"), line);
+            QCOMPARE(settings.Check("AutoCheck")->isEnabled(), canUpdate);
+            QVERIFY(settings.Check("AutoCheck")->isChecked()); // until OK
             settings.Press("OKButton");
+            QVERIFY(!settings.form.isVisible());
             QCOMPARE(settings.form.CurrentOptions().EnterpriseMDBText, kept);
             QCOMPARE(settings.Path()->text(), kept);
-            QCOMPARE(settings.form.CurrentOptions().AutoUpdate, autoUpdate);
-            QCOMPARE(settings.Check("AutoCheck")->isEnabled(), autoUpdate);
-            QCOMPARE(settings.Check("AutoCheck")->isChecked(), autoUpdate);
+            QCOMPARE(settings.form.CurrentOptions().AutoUpdate, keptCanUpdate);
+            QCOMPARE(settings.Check("AutoCheck")->isEnabled(), keptCanUpdate);
+            QCOMPARE(settings.Check("AutoCheck")->isChecked(), keptCanUpdate);
+        }
+    }
+
+    void WaitsForNoFile()
+    {
+        Settings settings;
+        settings.answersLater = true;
+        settings.Path()->setText(newPath);
+        settings.Press("OKButton"); // goes on when the file has answered
+        settings.Path()->setText(ownPath);
+        settings.answers.takeFirst()(); // of a text that is there no more
+        QCOMPARE(settings.Text("PathLabel"), QString());
+        QVERIFY(settings.accepted.isEmpty() && settings.form.isVisible());
+        settings.Press("OKButton");
+        QVERIFY(settings.accepted.isEmpty());
+        settings.answers.takeFirst()();
+        QCOMPARE(settings.accepted.size(), 1);
+        QCOMPARE(settings.form.CurrentOptions().EnterpriseMDBText, ownPath);
+    }
+
+    // Another file may stand in for the chosen one, which is stored all the same.
+    void KeepsTheChosenPath()
+    {
+        for (const bool isPicked : {false, true}) {
+            Settings settings;
+            settings.form.ShowPathInEffect(ownPath);
+            QVERIFY(settings.Text("PathLabel").contains(oldPath));
+            settings.prompts.file = isPicked ? ownPath : QString();
+            settings.Press("BrowseButton");
+            settings.Press("OKButton");
+            QString stored;
+            settings.texts.saved = [&](Form &) { stored = settings.Path()->text(); };
+            settings.form.Unload();
+            QCOMPARE(stored, isPicked ? ownPath : oldPath);
         }
     }
 
     void PicksTheFile()
     {
-        for (const QByteArray way : {"mouse", "F4", "Alt+Down", "cancelled"}) {
+        for (const QByteArray way : {"mouse", "button", "F4", "Alt+Down", "cancelled"}) {
             const QString picked = way == "cancelled" ? QString() : ownPath;
             Settings settings;
             settings.prompts.file = QDir::fromNativeSeparators(picked);
             settings.Path()->setFocus();
             if (way == "mouse")
                 QTest::mouseClick(settings.Path(), Qt::LeftButton);
+            else if (way == "button")
+                settings.Press("BrowseButton");
             else if (way == "Alt+Down")
                 QTest::keyClick(settings.Path(), Qt::Key_Down, Qt::AltModifier);
             else
@@ -128,8 +184,6 @@ private slots:
         QVERIFY(!settings.form.CurrentOptions().AutoUpdate);
         settings.form.SetSharedListPossible(true);
         QVERIFY(settings.form.CurrentOptions().AutoUpdate);
-        settings.form.ShowPathInEffect(oldPath);
-        QCOMPARE(settings.asked, QStringList{oldPath}); // each question may cost a wait
     }
 
     // The answer about the company database may come while the person edits.
@@ -141,11 +195,16 @@ private slots:
         QCOMPARE(settings.Path()->text(), newPath);
         settings.form.close();
         QCOMPARE(settings.Path()->text(), ownPath);
-        QVERIFY(!settings.form.CurrentOptions().AutoUpdate);
     }
 
     void NumbersAsTyped()
     {
+        Settings settings;
+        settings.Box("PollDelay")->setFocus();
+        QVERIFY(QTest::qWaitForWindowActive(&settings.form));
+        TypeInto(settings.Box("PollDelay"), u"61"_s);
+        QTest::keyClick(settings.Box("PollDelay"), Qt::Key_Tab);
+        QCOMPARE(settings.Box("PollDelay")->text(), u"60"_s); // what counts is seen
         const QMap<QString, QList<int>> numbers{
             {QString(), {0, 7, 15}},
             {u"inf"_s, {0, 7, 15}},

@@ -190,7 +190,7 @@ private slots:
         connect(&copy.jobs, &JobDatabase::Looked, &copy.jobs, &JobDatabase::ChooseLooked);
         Holder holder(folder.Company());
         copy.jobs.LookAt(folder.Company());
-        QVERIFY(copy.jobs.LocalJobs && copy.jobs.SoughtPath().isEmpty());
+        QVERIFY(copy.jobs.LocalJobs);
         copy.jobs.LookAt(folder.File(u"other.mdb"_s));
         holder.LetGo();
         QTRY_COMPARE(copy.jobs.CompanyPath, folder.File(u"other.mdb"_s));
@@ -253,8 +253,12 @@ private slots:
 #endif
         for (const QString &spelling : spellings) {
             Copy copy(folder);
-            QVERIFY(copy.jobs.IsOwnJobsFile(spelling));
-            QVERIFY(!copy.jobs.IsOwnJobsFile(folder.File(u"Blank Jobs.mdb"_s)));
+            for (const QString &path : {spelling, folder.File(u"Blank Jobs.mdb"_s)})
+                copy.jobs.Judge(path, [&](const PathJudgement &judgement) {
+                    QVERIFY(judgement.Exists());
+                    QCOMPARE(judgement.isOwnFile, path == spelling);
+                    QCOMPARE(judgement.canAutoUpdate, path != spelling);
+                });
             copy.jobs.Choose(spelling);
             QVERIFY(copy.jobs.EnterpriseOn && copy.jobs.LocalJobs && !copy.jobs.CompanyJobs);
         }
