@@ -273,7 +273,7 @@ private slots:
         const Options &options = again.program.options;
         QVERIFY(options.AdminMode && options.CanSetOthersStatus && !options.PopUpMessages && !options.ShowToolTips);
         QCOMPARE(options.SummaryRounding, Rounding::WholeHours);
-        QCOMPARE(options.DaysInGrid + u' ' + options.PollDelay, u"30 90"_s);
+        QCOMPARE(options.DaysInGrid + u' ' + options.PollDelay, u"30 60"_s);
     }
 };
 
