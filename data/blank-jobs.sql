@@ -13,7 +13,8 @@ CREATE TABLE Users ( -- the presence board
   FullName TEXT,
   State    INTEGER NOT NULL DEFAULT 0, -- -1 stemped in, 0 stemped out, 1 program closed
   Comment  TEXT,
-  LastSign REAL -- of life, in days since 30 December 1899, by the clock of the person's machine
+  LastSign REAL, -- of life, in days since 30 December 1899, by the clock of the person's machine
+  Login    TEXT  -- by which a start on a network drive finds the row again
 );
 CREATE UNIQUE INDEX User ON Users (User);
 

@@ -36,7 +36,7 @@ QStringList MissingFields(dao::Database &database)
 {
     const QStringList there = database.FieldNames(u"Users"_s);
     QStringList missing{u"FullName TEXT"_s, u"State INTEGER NOT NULL DEFAULT 0"_s, u"Comment TEXT"_s,
-                        u"LastSign REAL"_s};
+                        u"LastSign REAL"_s, u"Login TEXT"_s};
     missing.removeIf(
         [&there](const QString &field) { return there.contains(field.section(u' ', 0, 0), Qt::CaseInsensitive); });
     return missing;
@@ -47,7 +47,7 @@ UsersAndJobs ReadFrom(dao::Database &database, const QString &source)
 {
     struct Columns
     {
-        int user, fullName, state, comment, lastSign, jobsMark;
+        int user, fullName, state, comment, lastSign, login, jobsMark;
     };
     UsersAndJobs read;
     std::optional<Columns> columns;
@@ -58,13 +58,15 @@ UsersAndJobs ReadFrom(dao::Database &database, const QString &source)
             if (!columns) {
                 const QSqlRecord record = query.record();
                 columns = {record.indexOf(u"User"_s),    record.indexOf(u"FullName"_s), record.indexOf(u"State"_s),
-                           record.indexOf(u"Comment"_s), record.indexOf(u"LastSign"_s), record.indexOf(u"JobsMark"_s)};
+                           record.indexOf(u"Comment"_s), record.indexOf(u"LastSign"_s), record.indexOf(u"Login"_s),
+                           record.indexOf(u"JobsMark"_s)};
                 read.jobsMark = field(columns->jobsMark).toString();
             }
             const QVariant user = field(columns->user);
             if (!user.isNull())
                 read.users.append({user.toString(), field(columns->fullName).toString(), field(columns->state).toInt(),
-                                   field(columns->comment).toString(), dao::ReadDateField(field(columns->lastSign))});
+                                   field(columns->comment).toString(), dao::ReadDateField(field(columns->lastSign)),
+                                   field(columns->login).toString()});
         });
     return read;
 }
@@ -107,6 +109,8 @@ std::optional<QString> MatchLogin(dao::Database &database, const QString &login)
     std::optional<UserRow> row = FindRow(rows, &UserRow::user, login);
     if (!row)
         row = FindRow(rows, &UserRow::fullName, login);
+    if (!row)
+        row = FindRow(rows, &UserRow::login, login);
     return row ? std::optional(row->user.toUpper()) : std::nullopt;
 }
 
@@ -116,22 +120,28 @@ void AddMissingFields(dao::Database &database)
         database.Execute(u"ALTER TABLE Users ADD COLUMN "_s % field, {}, u"adding a field of the users"_s);
 }
 
-void AddSelfToUsers(dao::Database &database, const QString &user, const QString &fullName)
+void AddSelfToUsers(dao::Database &database, const QString &user, const QString &fullName, const QString &login)
 {
+    const QString purpose = u"adding a user"_s;
     const auto find = [&] { return FindRow(ReadUsers(database), &UserRow::user, user); };
-    const auto lacksName = [&](const UserRow &row) { return row.fullName.isEmpty() && !fullName.isEmpty(); };
+    const auto isKnown = [&](const UserRow &row) {
+        return (!row.fullName.isEmpty() || fullName.isEmpty()) && (!row.login.isEmpty() || login.isEmpty());
+    };
     std::optional<UserRow> row = find();
-    if (row && !lacksName(*row) && MissingFields(database).isEmpty() && MessageTables(database).Find(user))
+    if (row && isKnown(*row) && MissingFields(database).isEmpty() && MessageTables(database).Find(user))
         return;
-    dao::Transaction transaction(database, u"adding a user"_s);
+    const auto orNull = [](const QString &text) { return text.isEmpty() ? QVariant() : QVariant(text); };
+    dao::Transaction transaction(database, purpose);
     AddMissingFields(database);
     row = find(); // another copy for the same person may have been faster
     if (!row)
-        database.Insert(u"INSERT INTO Users (\"User\", FullName) VALUES (?, ?)"_s,
-                        {user, fullName.isEmpty() ? QVariant() : fullName}, u"adding a user"_s);
-    else if (lacksName(*row))
-        database.Execute(u"UPDATE Users SET FullName = ? WHERE \"User\" = ?"_s, {fullName, row->user},
-                         u"storing a user's full name"_s);
+        database.Insert(u"INSERT INTO Users (\"User\", FullName, Login) VALUES (?, ?, ?)"_s,
+                        {user, orNull(fullName), orNull(login)}, purpose);
+    else if (!isKnown(*row))
+        database.Execute(u"UPDATE Users SET FullName = ?, Login = ? WHERE \"User\" = ?"_s,
+                         {orNull(row->fullName.isEmpty() ? fullName : row->fullName),
+                          orNull(row->login.isEmpty() ? login : row->login), row->user},
+                         purpose);
     MessageTables(database).Make(row ? row->user : user);
     transaction.Commit();
 }

@@ -30,6 +30,7 @@ struct UserRow
     QString comment;
     // Of life, by the clock of that person's machine; nothing when that copy writes none.
     std::optional<QDateTime> lastSign;
+    QString login = {}; // empty where it is not known
 };
 
 // The file's own comparison knows only the letters A to Z, so people are compared here.
@@ -48,8 +49,8 @@ UsersAndJobs ReadUsersAndJobs(dao::Database &database);
 QString ReadJobsMark(dao::Database &database);
 std::pair<qint64, qint64> CountUsersAndJobs(dao::Database &database);
 
-// The identity that a login name stands for: the row whose User is `login`, else the first whose FullName is.
-// Upper-cased.
+// The identity that a login name stands for: the row whose User is `login`, else the first whose FullName is, else the first
+// whose Login is. Upper-cased.
 std::optional<QString> MatchLogin(dao::Database &database, const QString &login);
 
 // Gives "Users" the fields that it lacks: files of earlier versions lack some, those of other programs maybe all but "User".
@@ -57,8 +58,8 @@ std::optional<QString> MatchLogin(dao::Database &database, const QString &login)
 void AddMissingFields(dao::Database &database);
 
 // Adds a row for `user`, and a message table with it, unless there is one, and the fields that "Users" lacks. A full name that
-// is known is stored in a row that has none.
-void AddSelfToUsers(dao::Database &database, const QString &user, const QString &fullName);
+// is known is stored in a row that has none, and so is a login name.
+void AddSelfToUsers(dao::Database &database, const QString &user, const QString &fullName, const QString &login = {});
 
 // Nothing when the row is missing, or holds that already. Of a comment the first `longestComment` characters are
 // written.

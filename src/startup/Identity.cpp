@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QRegularExpression>
+#include <QUrl>
 
 namespace {
 
@@ -29,17 +30,8 @@ bool IsOwnName(const QString &upperName)
            || upperName.startsWith(QStringLiteral("SQLITE_")) || upperName.startsWith(QStringLiteral("PRAGMA_"));
 }
 
-} // namespace
-
-QString Identity::InAppFolder(const QString &fileName) const
-{
-    const QChar separator = QDir::separator();
-    if (AppFolder.endsWith(separator)) // the root of a drive
-        return AppFolder + fileName;
-    return AppFolder + separator + fileName;
-}
-
-QString IdentityRefusal(const QString &name)
+// Why no file can be named so.
+QString FileNameRefusal(const QString &name)
 {
     if (name.isEmpty())
         return {};
@@ -61,10 +53,39 @@ QString IdentityRefusal(const QString &name)
             .arg(quoted);
     if (name.toUtf8().size() > longestIdentity)
         return QStringLiteral("Your initials become a file name. These are too long; please choose shorter ones.");
-    const QString upper = name.toUpper();
-    if (IsDeviceName(upper))
+    if (IsDeviceName(name.toUpper()))
         return QStringLiteral("%1 cannot be used: the system reserves this name for a device.").arg(quoted);
-    if (IsOwnName(upper))
-        return QStringLiteral("%1 cannot be used: the program reserves this name for itself.").arg(quoted);
     return {};
+}
+
+} // namespace
+
+QString Identity::InAppFolder(const QString &fileName) const
+{
+    const QChar separator = QDir::separator();
+    if (AppFolder.endsWith(separator)) // the root of a drive
+        return AppFolder + fileName;
+    return AppFolder + separator + fileName;
+}
+
+bool Identity::NeedsInitials() const
+{
+    return !IdentityRefusal(WinUserName.toUpper()).isEmpty();
+}
+
+QString LoginFileName(const QString &login)
+{
+    const QString rest = QStringLiteral(" Stemp.mdb");
+    const bool isTemplate = login.toUpper() == QStringLiteral("BLANK");
+    if (!isTemplate && FileNameRefusal(login).isEmpty())
+        return login + rest;
+    return QLatin1Char('%') + QString::fromLatin1(QUrl::toPercentEncoding(login)).left(longestIdentity) + rest;
+}
+
+QString IdentityRefusal(const QString &name)
+{
+    const QString refusal = FileNameRefusal(name);
+    if (refusal.isEmpty() && IsOwnName(name.toUpper()))
+        return QStringLiteral("\u201c%1\u201d cannot be used: the program reserves this name for itself.").arg(name);
+    return refusal;
 }

@@ -13,6 +13,7 @@ struct Identity
     QString UserFullName; // empty when not known
     QString LocalDBPath;  // the per-login database
 
+    bool NeedsInitials() const; // the login can't be the identity
     QString InAppFolder(const QString &fileName) const;
 };
 
@@ -20,3 +21,6 @@ struct Identity
 // of a table in the company database, so what file systems, the program itself or the messages' recipients reserve is refused.
 // The empty name is not refused here: it means "not known yet".
 QString IdentityRefusal(const QString &name);
+
+// The name of the per-login database of a login, which may be none that can be an identity.
+QString LoginFileName(const QString &login);

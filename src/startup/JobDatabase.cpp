@@ -50,8 +50,9 @@ void JobDatabase::AddSelfToUsers()
         return;
     link_.Ask(
         this,
-        [user = identity_.UserInitials, fullName = identity_.UserFullName](dao::Database &database) {
-            Presence::AddSelfToUsers(database, user, fullName);
+        [user = identity_.UserInitials, fullName = identity_.UserFullName,
+         login = identity_.OnNetworkDrive ? identity_.WinUserName : QString()](dao::Database &database) {
+            Presence::AddSelfToUsers(database, user, fullName, login);
         },
         [this](const Answer<void> &answer) {
             if (!answer.error)

@@ -70,8 +70,9 @@ void Fill(dao::Database &copy, const LocalJobCopy::Snapshot &snapshot)
     for (const QVariantList &job : snapshot.projects)
         copy.Execute(u"INSERT OR IGNORE INTO Projects (JobID, JobName) VALUES (?, ?)"_s, job, purpose);
     for (const Presence::UserRow &user : snapshot.users)
-        copy.Execute(u"INSERT OR IGNORE INTO Users (\"User\", Comment, State, FullName) VALUES (?, ?, ?, ?)"_s,
-                     {user.user, user.comment, user.state, user.fullName}, purpose);
+        copy.Execute(
+            u"INSERT OR IGNORE INTO Users (\"User\", Comment, State, FullName, Login) VALUES (?, ?, ?, ?, ?)"_s,
+            {user.user, user.comment, user.state, user.fullName, user.login}, purpose);
     transaction.Commit();
 }
 

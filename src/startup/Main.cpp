@@ -70,27 +70,21 @@ bool Main::FindProgramFolder()
     return true;
 }
 
-// A login name that can't be the name of a file leads to the initials, which then take its place.
+// A login name that can't be an identity leads to the initials, which then take its place.
 bool Main::ChooseIdentity()
 {
     Identity &identity = program_.identity;
     Module1::TakeLogin(program_.system, identity);
     Module1::FindKindOfDrive(program_.system, identity);
-    const QString loginRefusal = IdentityRefusal(identity.UserInitials);
-    const bool loginRefused = !loginRefusal.isEmpty();
-    Tell(loginRefusal);
-    if (loginRefused && !AskInitials())
-        return false;
-    const Module1::LocalDBChoice choice =
-        Module1::ChooseLocalDBPath(identity, identity.UserInitials, program_.jobDatabase);
+    const QString login = identity.UserInitials;
+    const Module1::LocalDBChoice choice = Module1::ChooseLocalDBPath(identity, login, program_.jobDatabase);
     identity.LocalDBPath = choice.path;
     if (!choice.path.isEmpty())
         return true;
-    if (!loginRefused) {
-        Tell(choice.refusal);
-        if (!AskInitials())
-            return false;
-    }
+    identity.UserInitials = login; // suggested
+    Tell(choice.refusal);
+    if (!AskInitials())
+        return false;
     identity.LocalDBPath = Module1::LocalDBPathOf(identity);
     return true;
 }
@@ -182,11 +176,10 @@ void Main::ApplySettings()
     program_.options = adminForm_->CurrentOptions();
     common_->SetShowToolTips(program_.options.ShowToolTips);
     jobs.Choose(program_.options.EnterpriseMDBText);
-    if (jobs.CompanyJobs) {
+    if (jobs.CompanyJobs)
         adminForm_->ShowPathInEffect(jobs.CompanyPath);
-        if (identity.UserInitials.isEmpty() && !AskInitials())
-            return; // the session ended
-    }
+    if (identity.UserInitials.isEmpty() && (jobs.CompanyJobs || identity.NeedsInitials()) && !AskInitials())
+        return; // the session ended
     if (!identity.UserInitials.isEmpty())
         adminForm_->SetUserName(identity.UserInitials, true);
     adminForm_->SetSharedListPossible(HasSharedList());

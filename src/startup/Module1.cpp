@@ -4,6 +4,7 @@
 #include "platform/system/System.h"
 #include "startup/DataFiles.h"
 #include "startup/JobDatabase.h"
+#include "startup/PersonalFile.h"
 
 #include <QFileInfo>
 #include <QLoggingCategory>
@@ -53,28 +54,41 @@ void TakeLogin(const System &system, Identity &identity)
 
 LocalDBChoice ChooseLocalDBPath(Identity &identity, const QString &login, JobDatabase &jobDatabase)
 {
-    const QString candidate = identity.InAppFolder(login + QStringLiteral(" Stemp.mdb"));
+    const QString refusal = IdentityRefusal(login);
+    identity.UserInitials = refusal.isEmpty() ? login : QString(); // else the settings may hold them
+    const QString candidate = identity.InAppFolder(LoginFileName(login));
     if (DataFiles::FileExists(candidate))
         return {candidate, {}};
     if (!identity.OnNetworkDrive) {
         const QString shared = identity.InAppFolder(QStringLiteral("Stemp.mdb"));
-        return {DataFiles::FileExists(shared) ? shared : candidate, {}};
+        if (DataFiles::FileExists(shared))
+            return {shared, {}};
+        return {refusal.isEmpty() ? candidate : QString(), refusal};
     }
     const QString jobs = identity.InAppFolder(QStringLiteral("Jobs.mdb"));
     if (login.isEmpty() || !DataFiles::FileExists(jobs))
-        return {};
+        return {{}, refusal};
     if (const std::optional<QString> user = jobDatabase.MatchLoginToUser(jobs, login)) {
-        const QString refusal = IdentityRefusal(*user);
-        if (!refusal.isEmpty())
-            return {{}, refusal};
+        const QString userRefusal = IdentityRefusal(*user);
+        if (!userRefusal.isEmpty())
+            return {{}, userRefusal};
         identity.UserInitials = *user;
     }
+    if (identity.UserInitials.isEmpty())
+        return {{}, refusal};
     return {LocalDBPathOf(identity), {}};
 }
 
 QString LocalDBPathOf(const Identity &identity)
 {
-    return identity.InAppFolder(identity.UserInitials + QStringLiteral(" Stemp.mdb"));
+    const QString own = identity.InAppFolder(identity.UserInitials + QStringLiteral(" Stemp.mdb"));
+    if (identity.OnNetworkDrive || !identity.NeedsInitials())
+        return own;
+    // Found again by the login. Earlier versions named it by the initials, and asked for these at every start.
+    const QString path = identity.InAppFolder(LoginFileName(identity.WinUserName.toUpper()));
+    if (dao::Database::OpenHeld(own, PersonalFile::OwnTables()).failure == dao::HeldFailure::None)
+        DataFiles::CopyTemplate(own, path);
+    return path;
 }
 
 TimeDbChoice PrepareTimeDb(const Identity &identity, const QDateTime &now)

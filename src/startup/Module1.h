@@ -31,14 +31,14 @@ void TakeLogin(const System &system, Identity &identity);
 struct LocalDBChoice
 {
     QString path;    // empty: the person must be asked for initials
-    QString refusal; // why the identity that was found can't serve; the person must be asked then too
+    QString refusal; // why the login, or the identity that was found, can't serve
 };
 
-// Chooses the per-login database by the login. On a network drive the company database there may replace the identity by that
-// of the matching user.
+// Chooses the identity and the per-login database by the login. On a network drive the company database there may give the identity
+// of the matching user. A login that can't be an identity leaves that empty where its file is there: the settings hold it.
 LocalDBChoice ChooseLocalDBPath(Identity &identity, const QString &login, JobDatabase &jobDatabase);
 
-// The per-login database of the identity itself, once initials were asked for.
+// The per-login database once initials were asked for: that of the identity, or of a login that can't be one on a local drive.
 QString LocalDBPathOf(const Identity &identity);
 
 struct OpenedLocalDB

@@ -73,12 +73,12 @@ QString PersonalFile::Salvage(const QString &damaged, dao::Database &localDB)
     for (const dao::Salvaged &salvaged : dao::Salvage(damaged, localDB, OwnTables())) {
         const QString name = NameOf(salvaged.table);
         if (!name.isEmpty())
-            parts.append(u"%1 %2"_s.arg(salvaged.rows).arg(name));
+            parts.append(u"%1: %2"_s.arg(name).arg(salvaged.rows));
         else if (localDB.FieldNames(salvaged.table).contains(u"CapEnglish"_s, Qt::CaseInsensitive))
             ++windows;
     }
     if (windows > 0)
-        parts.append(u"the texts, places and settings of %1 windows"_s.arg(windows));
+        parts.append(u"windows with their texts, places and settings: %1"_s.arg(windows));
     if (parts.isEmpty())
         return u"Nothing in it could be read."_s;
     return u"What could still be read came along: "_s % parts.join(u", "_s) % u'.';

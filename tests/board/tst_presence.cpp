@@ -62,13 +62,14 @@ private slots:
     {
         Add(jobs_, {{u"Anna"_s, {}}, {u"\u00e5se"_s, u""_s}, {u"EVA"_s, u"Eva"_s}});
         for (int start = 0; start < 2; ++start) {
-            Presence::AddSelfToUsers(jobs_, u"ANNA"_s, u"Anna A"_s); // known, without a full name
+            Presence::AddSelfToUsers(jobs_, u"ANNA"_s, u"Anna A"_s, u"%1"_s.arg(start)); // known, without a full name
             Presence::AddSelfToUsers(jobs_, u"\u00c5SE"_s, u"\u00c5se B"_s);
             Presence::AddSelfToUsers(jobs_, u"EVA"_s, u"Eva Two"_s); // never another's
             Presence::AddSelfToUsers(jobs_, u"BO"_s, u"Bo Bo"_s);
         }
-        QCOMPARE(folder_.Rows(jobsFile, u"SELECT User, FullName FROM Users ORDER BY Id"_s),
-                 u"Anna Anna A, \u00e5se \u00c5se B, EVA Eva, BO Bo Bo"_s);
+        QCOMPARE(folder_.Rows(jobsFile, u"SELECT User, FullName, Login FROM Users ORDER BY Id"_s),
+                 u"Anna Anna A 0, \u00e5se \u00c5se B , EVA Eva , BO Bo Bo "_s);
+        QCOMPARE(Presence::MatchLogin(jobs_, u"0"_s), u"ANNA"_s);
     }
 
     void WritesTheState()

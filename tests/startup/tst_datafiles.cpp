@@ -147,7 +147,7 @@ private slots:
         folder.Write(personalFile, content);
         folder.Write(u"blank Stemp.mdb"_s, "a damaged template"); // is done without
         const QString message = Module1::OpenLocalDB(Anna(folder), now).message;
-        QVERIFY2(message.contains(u"notes, the texts, places and settings of 1 windows"_s), qPrintable(message));
+        QVERIFY2(message.contains(u"windows with their texts, places and settings: 1."_s), qPrintable(message));
         QCOMPARE(folder.Rows(personalFile, u"SELECT Name, Visible FROM StempWin"_s), u"Me -1"_s);
         QVERIFY(folder.Rows(personalFile, u"SELECT count(*) FROM NotesList"_s).toInt() > 280);
         QCOMPARE(folder.Rows(personalFile, u"SELECT count(*) FROM NotesList WHERE Note LIKE 'note 299%'"_s), u"1"_s);

@@ -75,13 +75,14 @@ private slots:
     void AsksForInitialsOnANetworkDriveOnce()
     {
         const ProgramFolder folder;
-        for (const bool isKnown : {false, true}) { // the second time by the full name that was stored
+        for (const bool isKnown : {false, true}) { // the second time by the login that was stored
             RunningCopy copy(folder);
             copy.system.network = true;
             copy.system.login = u"anna.hansen"_s;
             WhenShown user(u"User"_s, [](QWidget &window) {
                 auto *initials = Child<QLineEdit>(window, "UserName");
                 initials->setText(u"åh"_s);
+                Child<QLineEdit>(window, "FullName")->setText(u"Åse Holm"_s);
                 QTest::keyClick(initials, Qt::Key_Return);
             });
             QVERIFY(copy.Start());
@@ -111,8 +112,14 @@ private slots:
             Click(window, "Command1");
         });
         QVERIFY(copy.Start());
-        QVERIFY(folder.Has(u"ÆN Stemp.mdb"_s) && folder.Has(u"ÆN.mdb"_s));
-        QCOMPARE(folder.Rows(jobsFile, u"SELECT User, FullName FROM Users"_s), u"ÆN con"_s);
+        copy.Close();
+        QVERIFY(folder.Has(u"%CON Stemp.mdb"_s) && folder.Has(u"ÆN.mdb"_s));
+        QCOMPARE(folder.Rows(jobsFile, u"SELECT User, FullName, Login FROM Users"_s), u"ÆN con "_s);
+        RunningCopy again(folder); // they are asked for once
+        again.system.login = u"con"_s;
+        QVERIFY(again.Start());
+        QCOMPARE(again.program.identity.UserInitials, u"ÆN"_s);
+        QVERIFY(again.prompts.messages.isEmpty());
     }
 
     void AsksUntilALockedTimeDbCanBeRead()
