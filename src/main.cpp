@@ -35,7 +35,7 @@ int main(int argc, char *argv[])
         &sessionEnd, &SessionEnd::Ending, &start,
         [&start] {
             start.EndSession();
-            QCoreApplication::exit(); // leaves every window that waits for an answer, too
+            QCoreApplication::exit(); // leaves a start that waits for an answer, too
         });
     QObject::connect(
         &start, &Main::Ended, &application, [] { QCoreApplication::exit(); }, Qt::QueuedConnection);

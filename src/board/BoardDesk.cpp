@@ -171,10 +171,7 @@ void BoardDesk::Polled(const Poll::News &news)
     messageBoard_->ShowNotice(notice_.Text());
     // The first poll of a file settles whether it can be written. What is refused later is said quietly.
     if (news.changed && !std::exchange(writingIsSettled_, true) && news.refusedWrite)
-        QTimer::singleShot(0, this,
-                           [this, text = RefusedWriteText(parts_.jobDatabase.CompanyPath, *news.refusedWrite)] {
-                               prompts_.MsgBox(messageBoard_.get(), text);
-                           });
+        prompts_.MsgBox(messageBoard_.get(), RefusedWriteText(parts_.jobDatabase.CompanyPath, *news.refusedWrite));
     PollAgain();
 }
 
@@ -307,14 +304,16 @@ void BoardDesk::DeleteUser(const QString &user)
     if (parts_.startingUp || dialogIsOpen_ || parts_.board.IsOwn(user) || !CanWriteUsers())
         return;
     BeforeDialog();
-    const bool yes = prompts_.AskYesNo(messageBoard_.get(), u"Are you sure you want to DELETE user :%1"_s.arg(user));
-    if (yes)
-        parts_.jobDatabase.DeleteUser(this, user, [this, user](bool written) {
-            TellUnlessWritten(written,
-                              u"%1 could not be deleted, because the company database is locked, write-protected or "
-                              "not there. Please try again."_s.arg(user));
-        });
-    AfterDialog();
+    prompts_.AskYesNo(messageBoard_.get(), u"Are you sure you want to DELETE user :%1"_s.arg(user),
+                      [this, user](bool yes) {
+                          if (yes && CanWriteUsers())
+                              parts_.jobDatabase.DeleteUser(this, user, [this, user](bool written) {
+                                  TellUnlessWritten(written, u"%1 could not be deleted, because the company database "
+                                                             "is locked, write-protected or not there. Please try "
+                                                             "again."_s.arg(user));
+                              });
+                          AfterDialog();
+                      });
 }
 
 // The file in use is the copy on this machine meanwhile, and nobody would come to know what is written there.

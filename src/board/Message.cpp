@@ -202,19 +202,14 @@ bool Message::Form_KeyDown(QKeyEvent &event)
     return true;
 }
 
-bool Message::QueryUnload()
+void Message::QueryUnload()
 {
     if (!EndEditing())
-        return false;
+        return;
     if (!IsUnsent())
-        return true;
-    const bool goBack = prompts_.AskChoice(this, u"The message is not sent yet."_s, u"&Back to the message"_s,
-                                           u"&Discard it"_s, [this] { return !IsLoaded(); });
-    if (goBack)
-        ui_->MessageText->setFocus();
-    else
-        ui_->MessageText->clear();
-    return !goBack;
+        return Unload();
+    prompts_.AskChoice(this, u"The message is not sent yet."_s, {{u"&Back to the message"_s, u"&Discard it"_s}},
+                       [this](int answer) { answer == 0 ? ui_->MessageText->setFocus() : CancelButton_Click(); });
 }
 
 void Message::SendButton_Click()

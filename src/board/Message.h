@@ -43,7 +43,7 @@ protected:
     void Form_Load() override;
     void Form_Unload() override;
     bool Form_KeyDown(QKeyEvent &event) override;
-    bool QueryUnload() override;
+    void QueryUnload() override;
     void showEvent(QShowEvent *event) override;
 
 private:

@@ -206,8 +206,7 @@ bool MessageBoard::Form_KeyDown(QKeyEvent &event)
     }
 }
 
-bool MessageBoard::QueryUnload()
+void MessageBoard::QueryUnload()
 {
     showMinimized();
-    return false;
 }

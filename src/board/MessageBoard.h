@@ -40,7 +40,7 @@ protected:
     void Form_Unload() override;
     void Form_Resize() override;
     bool Form_KeyDown(QKeyEvent &event) override;
-    bool QueryUnload() override;
+    void QueryUnload() override;
     void resizeEvent(QResizeEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 

@@ -135,8 +135,8 @@ void CreateJob::ShowNewest()
 
 void CreateJob::Refuse(const QString &message)
 {
-    prompts_.MsgBox(this, message);
-    FocusJobID();
+    prompts_.MsgBox(
+        this, message, [this] { FocusJobID(); });
 }
 
 void CreateJob::SetWaiting(bool waiting)

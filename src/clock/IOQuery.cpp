@@ -34,8 +34,7 @@ IOQuery::~IOQuery() = default;
 void IOQuery::Abandon()
 {
     abandoned_ = true;
-    if (!carryingOut_)
-        Unload();
+    Unload();
 }
 
 void IOQuery::Form_Load()
@@ -49,19 +48,14 @@ void IOQuery::Form_Load()
 
 void IOQuery::Form_Unload()
 {
-    if (!abandoned_) {
-        carryingOut_ = true;
+    if (!abandoned_)
         CarryOut();
-        carryingOut_ = false;
-        if (abandoned_) // the session ended under a warning, and the databases are closed
-            return;
-    }
     SaveTexts();
 }
 
-bool IOQuery::QueryUnload()
+void IOQuery::QueryUnload()
 {
-    return CanCarryOut();
+    Leave();
 }
 
 void IOQuery::Options_Click(int index)
@@ -75,8 +69,8 @@ void IOQuery::Commands_Click()
 {
     if (!ui_->Options_2->isChecked())
         ui_->Options_2->setChecked(true);
-    else if (CanCarryOut())
-        Unload();
+    else
+        Leave();
 }
 
 void IOQuery::Texts_Change()
@@ -148,10 +142,29 @@ bool IOQuery::CanCarryOut()
         return true;
     prompts_.MsgBox(this,
                     QStringLiteral("\"%1\" is no date and time.\n\nType it like %2, or only a time of today like 8:30.")
-                        .arg(ui_->Texts_0->text(), DateTimeText(time_.Now(), QLocale())));
-    ui_->Texts_0->setFocus();
-    ui_->Texts_0->selectAll();
+                        .arg(ui_->Texts_0->text(), DateTimeText(time_.Now(), QLocale())),
+                    [this] {
+                        ui_->Texts_0->setFocus();
+                        ui_->Texts_0->selectAll();
+                    });
     return false;
+}
+
+void IOQuery::Leave()
+{
+    if (!CanCarryOut())
+        return;
+    out_ = ui_->Options_2->isChecked() ? TypedTime() : std::nullopt;
+    Warn(out_ ? OutWarnings(*out_, time_.Now(), clock_.LastInTime) : QStringList());
+}
+
+// One box after the other.
+void IOQuery::Warn(QStringList warnings)
+{
+    if (warnings.isEmpty() || abandoned_)
+        return Unload();
+    const QString first = warnings.takeFirst();
+    prompts_.MsgBox(this, first, [this, warnings] { Warn(warnings); });
 }
 
 void IOQuery::CarryOut()
@@ -160,15 +173,8 @@ void IOQuery::CarryOut()
         emit StempOutAt(time_.Now());
         return;
     }
-    const std::optional<QDateTime> out = ui_->Options_2->isChecked() ? TypedTime() : std::nullopt;
-    if (!out) {
+    if (out_)
+        emit StempOutAt(*out_);
+    else
         emit StempInLook();
-        return;
-    }
-    for (const QString &warning : OutWarnings(*out, time_.Now(), clock_.LastInTime)) {
-        prompts_.MsgBox(this, warning);
-        if (abandoned_)
-            return;
-    }
-    emit StempOutAt(*out);
 }

@@ -3,6 +3,7 @@
 #include "platform/forms/Form.h"
 
 #include <QDateTime>
+#include <QStringList>
 
 #include <memory>
 #include <optional>
@@ -27,7 +28,7 @@ public:
     IOQuery(FormServices &services, Prompts &prompts, const TimeSource &time, const ClockState &clock);
     ~IOQuery() override;
 
-    void Abandon(); // closes it, also in the middle of a warning, and carries nothing out: the row stays open
+    void Abandon(); // closes it, also under a warning, and carries nothing out: the row stays open
 
 signals:
     void StempInLook();
@@ -37,7 +38,7 @@ protected:
     void Form_Load() override;
     void Form_Unload() override;
     bool Form_KeyDown(QKeyEvent &event) override;
-    bool QueryUnload() override;
+    void QueryUnload() override;
 
 private:
     void Options_Click(int index);
@@ -48,6 +49,8 @@ private:
     bool Confirm();              // by Enter
     QRadioButton *FocusedOption() const;
     std::optional<QDateTime> TypedTime() const;
+    void Leave(); // unloads once the choice can be carried out and the warnings were read
+    void Warn(QStringList warnings);
     bool CanCarryOut(); // false after a message, with the text selected
     void CarryOut();
 
@@ -55,6 +58,6 @@ private:
     Prompts &prompts_;
     const TimeSource &time_;
     const ClockState &clock_;
-    bool carryingOut_ = false;
+    std::optional<QDateTime> out_; // the typed time that the warnings are about
     bool abandoned_ = false;
 };

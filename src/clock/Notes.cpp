@@ -150,17 +150,19 @@ void Notes::Activate()
         ui_->StatusLabel->setText(u"Your notes could not be read."_s);
 }
 
-bool Notes::QueryUnload()
+void Notes::QueryUnload()
 {
     if (NewNote().isEmpty())
-        return true;
-    const bool goBack = prompts_.AskChoice(this, u"The new note is not saved yet."_s, u"&Back to the note"_s,
-                                           u"&Discard it"_s, [this] { return !IsLoaded(); });
-    if (goBack)
-        ui_->NoteText->setFocus();
-    else
-        ui_->NoteText->clear();
-    return !goBack;
+        return Unload();
+    prompts_.AskChoice(this, u"The new note is not saved yet."_s, {{u"&Back to the note"_s, u"&Discard it"_s}},
+                       [this](int answer) {
+                           if (answer == 0) {
+                               ui_->NoteText->setFocus();
+                           } else {
+                               ui_->NoteText->clear();
+                               Unload();
+                           }
+                       });
 }
 
 bool Notes::Form_KeyDown(QKeyEvent &event)

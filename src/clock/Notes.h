@@ -36,7 +36,7 @@ protected:
     void Form_Load() override;
     void Form_Unload() override;
     bool Form_KeyDown(QKeyEvent &event) override;
-    bool QueryUnload() override;
+    void QueryUnload() override;
     void showEvent(QShowEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
 

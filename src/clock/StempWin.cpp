@@ -156,13 +156,15 @@ void StempWin::Form_Load()
     pickList_->SearchText.clear();
 }
 
-bool StempWin::QueryUnload()
+void StempWin::QueryUnload()
 {
+    if (outQuery_) // asks already
+        return;
     emit Leaving();
     if (parts_.clock.state.IsStempedIn)
-        ShowOutQuery();
-    SaveBeforeLeaving();
-    return true;
+        ShowOutQuery([this] { SaveAndUnload(); });
+    else
+        SaveAndUnload();
 }
 
 void StempWin::Form_Unload()
@@ -177,7 +179,6 @@ void StempWin::Form_Unload()
 
 void StempWin::EndSession()
 {
-    sessionEnds_ = true;
     if (outQuery_)
         outQuery_->Abandon();
     if (createJob_)
@@ -188,26 +189,36 @@ void StempWin::EndSession()
 }
 
 // Rows that can't be written would be lost: the person may wait until they can, or leave all the same.
-void StempWin::SaveBeforeLeaving()
+void StempWin::SaveAndUnload()
 {
-    while (!parts_.timeTable.Flush() && !sessionEnds_) {
-        const bool tryAgain = prompts_.AskChoice(
-            this,
-            QStringLiteral(
-                "Your last stemps could not be saved in\n%1\n\nThe file is locked, read-only, damaged or not there, or "
-                "the disk is full. If you close the program now, they are lost.")
-                .arg(parts_.timeTable.Path()),
-            QStringLiteral("&Try again"), QStringLiteral("&Close without saving"),
-            [this] { return parts_.timeTable.UnsavedCount() == 0; }); // the timer goes on trying
-        if (!tryAgain || sessionEnds_)
-            return;
-        if (!DataFiles::FileExists(parts_.timeTable.Path()) || parts_.timeTable.IsDamaged()) {
-            const QString message = Module1::PrepareTimeDb(parts_.identity, parts_.time.Now()).message;
-            if (!message.isEmpty())
-                prompts_.MsgBox(this, message);
-        }
-    }
-    ShowUnsaved();
+    if (!IsLoaded()) // the session has ended
+        return;
+    if (parts_.timeTable.Flush())
+        return Unload();
+    prompts_.AskChoice(
+        this,
+        QStringLiteral(
+            "Your last stemps could not be saved in\n%1\n\nThe file is locked, read-only, damaged or not there, or "
+            "the disk is full. If you close the program now, they are lost.")
+            .arg(parts_.timeTable.Path()),
+        {.answers = {QStringLiteral("&Try again"), QStringLiteral("&Close without saving")},
+         .settled = [this] { return parts_.timeTable.UnsavedCount() == 0; }}, // the timer goes on trying
+        [this](int answer) {
+            if (answer != 0)
+                return Unload();
+            MakeTimeDb();
+            SaveAndUnload();
+        });
+}
+
+// Unless it is there and sound.
+void StempWin::MakeTimeDb()
+{
+    if (DataFiles::FileExists(parts_.timeTable.Path()) && !parts_.timeTable.IsDamaged())
+        return;
+    const QString message = Module1::PrepareTimeDb(parts_.identity, parts_.time.Now()).message;
+    if (!message.isEmpty())
+        prompts_.MsgBox(this, message);
 }
 
 void StempWin::StempInLook()
@@ -307,14 +318,17 @@ void StempWin::InOutButton_Click()
     }
 }
 
-void StempWin::ShowOutQuery()
+void StempWin::ShowOutQuery(std::function<void()> then)
 {
     outQuery_ = std::make_unique<IOQuery>(services_, prompts_, parts_.time, parts_.clock.state);
     outQuery_->setWindowIcon(windowIcon());
     connect(outQuery_.get(), &IOQuery::StempInLook, this, &StempWin::StempInLook);
     connect(outQuery_.get(), &IOQuery::StempOutAt, this, &StempWin::StempOutAt);
-    outQuery_->ShowModal(this);
-    outQuery_.reset();
+    connect(outQuery_.get(), &Form::Closed, this, [this, then = std::move(then)] {
+        outQuery_.reset();
+        then();
+    });
+    outQuery_->OpenModal(this);
 }
 
 void StempWin::mnuNotes_Click()
@@ -361,14 +375,16 @@ void StempWin::DeleteJob(const QString &item)
 {
     if (parts_.lists.Mode != ListMode::Company || !parts_.options.AdminMode)
         return;
-    if (prompts_.AskYesNo(this, QStringLiteral("Do you want to DELETE %1 ?").arg(item)))
-        parts_.jobDatabase.DeleteJob(this, item, [this, item](bool written) {
-            if (!written)
-                prompts_.MsgBox(this,
-                                QStringLiteral("The job\n%1\ncould not be deleted, because the job list is locked, "
-                                               "write-protected or not there. Please try again.")
-                                    .arg(item));
-        });
+    const auto tell = [this, item](bool written) {
+        if (!written)
+            prompts_.MsgBox(this, QStringLiteral("The job\n%1\ncould not be deleted, because the job list is locked, "
+                                                 "write-protected or not there. Please try again.")
+                                      .arg(item));
+    };
+    prompts_.AskYesNo(this, QStringLiteral("Do you want to DELETE %1 ?").arg(item), [this, item, tell](bool yes) {
+        if (yes)
+            parts_.jobDatabase.DeleteJob(this, item, tell);
+    });
 }
 
 void StempWin::ShowCurrentJob()

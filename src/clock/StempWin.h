@@ -7,6 +7,7 @@
 #include <QIcon>
 #include <QTimer>
 
+#include <functional>
 #include <memory>
 
 class Clock;
@@ -63,9 +64,9 @@ public:
     void FillRecentList(); // and offers it and the personal list unless they are empty
     void FillJobList();    // the list is there when the job database has answered
 
-    void ShowOutQuery();    // modal; carries out the person's choice
-    void ShowCurrentJob();  // in the search box
-    void ShowNewestRow();   // at the end of the grid
+    void ShowOutQuery(std::function<void()> then); // modal; carries out the person's choice before `then`
+    void ShowCurrentJob();                         // in the search box
+    void ShowNewestRow();                          // at the end of the grid
     void Enterprise_Init(); // brings the window in line with the job database in use; EnterpriseReady() follows
     void EndSession();      // a logoff: closes without asking, and leaves an open row open
 
@@ -81,7 +82,7 @@ protected:
     void Form_Load() override;
     void Form_Unload() override;
     void Form_Resize() override;
-    bool QueryUnload() override;
+    void QueryUnload() override;
     bool Form_KeyDown(QKeyEvent &event) override;
     void ShowRunTimeTexts() override;
     void showEvent(QShowEvent *event) override;
@@ -100,7 +101,8 @@ private:
     void RefreshGrid();
     void SaveTimer_Timer();
     void ShowUnsaved();
-    void SaveBeforeLeaving();
+    void SaveAndUnload();
+    void MakeTimeDb();
 
     FormServices &services_;
     Prompts &prompts_;
@@ -116,5 +118,4 @@ private:
     std::unique_ptr<CreateJob> createJob_; // while it is shown
     std::unique_ptr<Notes> notes_;         // while it is shown
     QTimer saveTimer_;                     // runs while rows are unsaved
-    bool sessionEnds_ = false;
 };

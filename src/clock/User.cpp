@@ -65,10 +65,9 @@ void User::Form_Load()
     ui_->UserName->selectAll();
 }
 
-bool User::QueryUnload()
+void User::QueryUnload()
 {
     Command1_Click();
-    return false;
 }
 
 void User::Command1_Click()
@@ -91,7 +90,10 @@ bool AskInitials(QString &initials, QString &fullName, const InitialsRefusal &re
     User user(refusal, prompts);
     user.Suggest(initials, fullName);
     user.Load();
-    user.ShowModal(nullptr);
+    WaitFor([&user](const std::function<void()> &done) {
+        QObject::connect(&user, &Form::Closed, &user, done);
+        user.OpenModal(nullptr);
+    });
     if (!user.HasInitials())
         return false;
     initials = user.Initials();

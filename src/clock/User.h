@@ -34,7 +34,7 @@ public:
 protected:
     void Form_Load() override;
     void Form_Unload() override {}
-    bool QueryUnload() override;
+    void QueryUnload() override;
 
 private:
     void Command1_Click();

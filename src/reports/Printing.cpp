@@ -1,5 +1,6 @@
 #include "reports/Printing.h"
 
+#include "platform/forms/Form.h"
 #include "platform/forms/Prompts.h"
 #include "reports/SaveFile.h"
 #include "reports/TimesheetPages.h"
@@ -58,6 +59,24 @@ bool IsWholePdf(const QString &path)
            && file.read(16).trimmed().endsWith("%%EOF");
 }
 
+struct PrinterOfPreview
+{
+    explicit PrinterOfPreview(const QPrinterInfo &suggested) : used(suggested, QPrinter::HighResolution) {}
+
+    QPrinter used;
+    bool isPrinted = true;
+};
+
+// The dialog needs its printer until it is gone itself.
+class PreviewDialog : public PrinterOfPreview, public QPrintPreviewDialog
+{
+public:
+    PreviewDialog(const QPrinterInfo &suggested, QWidget *owner)
+        : PrinterOfPreview(suggested), QPrintPreviewDialog(&used, owner)
+    {
+    }
+};
+
 // For the preview, too.
 bool Print(const PrintedTimesheet &timesheet, QPrinter &printer)
 {
@@ -77,35 +96,38 @@ bool SystemPrinting::HasPrinter() const
 }
 
 void SystemPrinting::Preview(QWidget *owner, const PrintedTimesheet &timesheet, const QString &title,
-                             QString &printerName)
+                             const QString &printerName, const Printed &printed)
 {
     QPrinterInfo suggested = QPrinterInfo::printerInfo(printerName);
     if (suggested.isNull())
         suggested = QPrinterInfo::defaultPrinter();
-    QPrinter printer(suggested, QPrinter::HighResolution);
+    auto *preview = new PreviewDialog(suggested, owner);
+    QPrinter &printer = preview->used;
     printer.setDocName(title);
     printer.setCreator(QGuiApplication::applicationDisplayName());
     printer.setPageMargins(pageMargins, QPageLayout::Millimeter);
 
-    bool isPrinted = true;
-    QPrintPreviewDialog preview(&printer, owner);
-    preview.setWindowModality(Qt::WindowModal);
-    preview.resize(QSize(900, 1000).boundedTo(preview.screen()->availableSize() * 9 / 10));
-    AddPrintKey(preview);
-    QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview,
-                     [&](QPrinter *target) { isPrinted = Print(timesheet, *target); });
-    if (preview.exec() != QDialog::Accepted)
-        return;
+    preview->setAttribute(Qt::WA_DeleteOnClose);
+    preview->resize(QSize(900, 1000).boundedTo(preview->screen()->availableSize() * 9 / 10));
+    AddPrintKey(*preview);
+    QObject::connect(preview, &QPrintPreviewDialog::paintRequested, preview,
+                     [preview, timesheet](QPrinter *target) { preview->isPrinted = Print(timesheet, *target); });
     // The dialog is accepted by printing, be it on a printer or to a file.
-    const bool isOnPaper = printer.outputFormat() == QPrinter::NativeFormat;
-    const QString target = isOnPaper ? printer.printerName() : printer.outputFileName();
-    if (isOnPaper)
-        printerName = target;
-    if (!isPrinted || printer.printerState() == QPrinter::Error
-        || !(isOnPaper ? IsThere(target) : IsWholePdf(target))) {
-        qCWarning(log).noquote() << title << u"could not be printed on"_s << target;
-        prompts_.MsgBox(owner, u"The timesheet could not be printed on "_s + target + u"."_s);
-    }
+    QObject::connect(preview, &QDialog::accepted, preview, [this, preview, owner, title, printed] {
+        const QPrinter &used = preview->used;
+        const bool isOnPaper = used.outputFormat() == QPrinter::NativeFormat;
+        const QString target = isOnPaper ? used.printerName() : used.outputFileName();
+        if (isOnPaper)
+            printed(target);
+        if (!preview->isPrinted || used.printerState() == QPrinter::Error
+            || !(isOnPaper ? IsThere(target) : IsWholePdf(target))) {
+            qCWarning(log).noquote() << title << u"could not be printed on"_s << target;
+            prompts_.MsgBox(owner, u"The timesheet could not be printed on "_s + target + u"."_s);
+        }
+    });
+    if (const auto *form = qobject_cast<const Form *>(owner))
+        QObject::connect(form, &Form::QuestionsToEnd, preview, &QDialog::reject);
+    preview->open();
 }
 
 bool WriteTimesheetPdf(const QString &path, const PrintedTimesheet &timesheet, const QString &title)

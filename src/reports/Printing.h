@@ -4,6 +4,8 @@
 
 #include <QString>
 
+#include <functional>
+
 class Prompts;
 class QWidget;
 
@@ -15,10 +17,13 @@ public:
 
     virtual bool HasPrinter() const = 0;
 
-    // Shows the preview, from which the platform's print dialog is reached. `printerName` is the printer suggested, and becomes
-    // the one that was printed on; empty: the system's default. `title` names the document.
+    using Printed = std::function<void(const QString &printerName)>;
+
+    // Shows the preview, from which the platform's print dialog is reached, and returns at once. `printerName` is the printer
+    // suggested, empty: the system's default; `printed` is told the one that was printed on, while the owner lives. `title`
+    // names the document.
     virtual void Preview(QWidget *owner, const PrintedTimesheet &timesheet, const QString &title,
-                         QString &printerName) = 0;
+                         const QString &printerName, const Printed &printed) = 0;
 };
 
 // The printers of the system. Tells the person when a timesheet could not be printed.
@@ -28,8 +33,8 @@ public:
     explicit SystemPrinting(Prompts &prompts) : prompts_(prompts) {}
 
     bool HasPrinter() const override;
-    void Preview(QWidget *owner, const PrintedTimesheet &timesheet, const QString &title,
-                 QString &printerName) override;
+    void Preview(QWidget *owner, const PrintedTimesheet &timesheet, const QString &title, const QString &printerName,
+                 const Printed &printed) override;
 
 private:
     Prompts &prompts_;

@@ -194,11 +194,12 @@ void RepGen::Form_Unload()
     SaveTexts();
 }
 
-bool RepGen::QueryUnload()
+void RepGen::QueryUnload()
 {
     if (reading_.IsRunning())
         SetBusy(true); // which says why
-    return !reading_.IsRunning();
+    else
+        Unload();
 }
 
 bool RepGen::Form_KeyDown(QKeyEvent &event)
@@ -380,7 +381,9 @@ void RepGen::ShowNote(const QWidget *note)
 
 void RepGen::PrintCommand_Click()
 {
-    output_.Print(summary_, printerDialog_->printerName);
+    output_.Print(
+        summary_, printerDialog_->printerName,
+        [this](const QString &printer) { printerDialog_->printerName = printer; });
 }
 
 void RepGen::ClipCommand_Click()
@@ -407,9 +410,11 @@ void RepGen::mnuSaveRows_Click()
         from = fromDate_;
         to = toDate_;
     }
-    const QString path = output_.PickRowsFile(from, to);
-    if (path.isEmpty())
-        return;
+    output_.PickRowsFile(from, to, [this, from, to](const QString &path) { SaveRows(from, to, path); });
+}
+
+void RepGen::SaveRows(const QDate &from, const QDate &to, const QString &path)
+{
     ShowNote(nullptr);
     busyTimer_.start();
     const auto content = std::make_shared<QByteArray>();

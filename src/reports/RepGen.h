@@ -49,7 +49,7 @@ protected:
     void Form_Load() override;
     void Form_Unload() override;
     bool Form_KeyDown(QKeyEvent &event) override;
-    bool QueryUnload() override; // not while rows are read for a file that the person has named
+    void QueryUnload() override; // not while rows are read for a file that the person has named
 
 private:
     class PrinterDialog;
@@ -68,6 +68,7 @@ private:
     void mnuSavePdf_Click();
     void mnuSaveCsv_Click();
     void mnuSaveRows_Click();
+    void SaveRows(const QDate &from, const QDate &to, const QString &path);
 
     void BeginSum(SummaryKind kind);
     void TaskEnded(const std::optional<dao::Error> &error);

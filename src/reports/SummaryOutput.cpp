@@ -3,7 +3,6 @@
 #include "platform/forms/Form.h"
 #include "platform/forms/Prompts.h"
 #include "reports/Csv.h"
-#include "reports/Printing.h"
 #include "reports/SaveFile.h"
 #include "reports/Timesheet.h"
 
@@ -31,17 +30,22 @@ SummaryOutput::SummaryOutput(Form &window, Prompts &prompts, Printing &printing,
 {
 }
 
-void SummaryOutput::Print(const Summary &summary, QString &printerName)
+void SummaryOutput::Print(const Summary &summary, const QString &printerName, const Printing::Printed &printed)
 {
     if (summary.kind == SummaryKind::None)
         return;
     if (printing_.HasPrinter()) {
         printing_.Preview(&window_, TimesheetToPrint(summary, userInitials_, QLocale()),
-                          DocumentName(summary.from, summary.to), printerName);
-    } else if (prompts_.AskYesNo(&window_,
-                                 u"There is no printer on this computer.\n\nDo you want to save the timesheet "
-                                 "as a PDF file instead?"_s)) {
-        SavePdf(summary);
+                          DocumentName(summary.from, summary.to), printerName, printed);
+    } else {
+        prompts_.AskYesNo(
+            &window_,
+            u"There is no printer on this computer.\n\nDo you want to save the timesheet "
+            "as a PDF file instead?"_s,
+            [this, summary](bool yes) {
+                if (yes)
+                    SavePdf(summary);
+            });
     }
 }
 
@@ -58,9 +62,10 @@ void SummaryOutput::SavePdf(const Summary &summary)
         return;
     const QString title = DocumentName(summary.from, summary.to);
     const PrintedTimesheet timesheet = TimesheetToPrint(summary, userInitials_, QLocale());
-    const QString path = PickPath(u"Save the timesheet as PDF"_s, title, u"*.pdf"_s);
-    if (!path.isEmpty() && !WriteTimesheetPdf(path, timesheet, title))
-        TellNotSaved(path);
+    PickPath(u"Save the timesheet as PDF"_s, title, u"*.pdf"_s, [this, timesheet, title](const QString &path) {
+        if (!WriteTimesheetPdf(path, timesheet, title))
+            TellNotSaved(path);
+    });
 }
 
 void SummaryOutput::SaveCsv(const Summary &summary)
@@ -68,14 +73,13 @@ void SummaryOutput::SaveCsv(const Summary &summary)
     if (summary.kind == SummaryKind::None)
         return;
     const QByteArray content = SummaryCsv(summary);
-    const QString path = PickPath(u"Save the sums as CSV"_s, DocumentName(summary.from, summary.to), u"*.csv"_s);
-    if (!path.isEmpty() && !SaveFile(path, content))
-        TellNotSaved(path);
+    PickPath(u"Save the sums as CSV"_s, DocumentName(summary.from, summary.to), u"*.csv"_s,
+             [this, content](const QString &path) { SaveRows(path, content); });
 }
 
-QString SummaryOutput::PickRowsFile(const QDate &from, const QDate &to)
+void SummaryOutput::PickRowsFile(const QDate &from, const QDate &to, std::function<void(const QString &path)> then)
 {
-    return PickPath(u"Save the time rows as CSV"_s, DocumentName(from, to) + u" rows"_s, u"*.csv"_s);
+    PickPath(u"Save the time rows as CSV"_s, DocumentName(from, to) + u" rows"_s, u"*.csv"_s, std::move(then));
 }
 
 void SummaryOutput::SaveRows(const QString &path, const QByteArray &content)
@@ -89,11 +93,15 @@ QString SummaryOutput::DocumentName(const QDate &from, const QDate &to) const
     return u"%1 %2 to %3"_s.arg(userInitials_, from.toString(Qt::ISODate), to.toString(Qt::ISODate));
 }
 
-QString SummaryOutput::PickPath(const QString &title, const QString &name, const QString &filter)
+void SummaryOutput::PickPath(const QString &title, const QString &name, const QString &filter,
+                             std::function<void(const QString &path)> then)
 {
-    const QString path =
-        prompts_.PickSaveFile(&window_, title, QDir(FolderToSaveIn()).filePath(name + filter.mid(1)), filter);
-    return window_.IsLoaded() ? path : QString(); // the session may have ended meanwhile
+    prompts_.PickSaveFile(
+        &window_, title, QDir(FolderToSaveIn()).filePath(name + filter.mid(1)), filter,
+        [then = std::move(then)](const QString &path) {
+            if (!path.isEmpty())
+                then(path);
+        });
 }
 
 void SummaryOutput::TellNotSaved(const QString &path)

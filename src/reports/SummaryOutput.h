@@ -1,12 +1,14 @@
 #pragma once
 
+#include "reports/Printing.h"
 #include "reports/Summary.h"
 
 #include <QByteArray>
 #include <QString>
 
+#include <functional>
+
 class Form;
-class Printing;
 class Prompts;
 
 // Puts a summary on paper, on the clipboard and into files for the summary window. A file that can't be written is told of.
@@ -17,19 +19,21 @@ public:
     // All but the name outlive this.
     SummaryOutput(Form &window, Prompts &prompts, Printing &printing, QString userInitials);
 
-    void Print(const Summary &summary,
-               QString &printerName); // as Printing::Preview; without a printer offers a PDF file
+    // As Printing::Preview; without a printer offers a PDF file.
+    void Print(const Summary &summary, const QString &printerName, const Printing::Printed &printed);
     void Copy(const Summary &summary) const;
     void SavePdf(const Summary &summary);
     void SaveCsv(const Summary &summary);
 
-    QString PickRowsFile(const QDate &from, const QDate &to); // for SaveRows; empty when the person cancelled
+    // For SaveRows. `then` is not called when the person cancelled.
+    void PickRowsFile(const QDate &from, const QDate &to, std::function<void(const QString &path)> then);
     void SaveRows(const QString &path, const QByteArray &content);
     void TellNotSaved(const QString &path); // also of rows that could not be read
 
 private:
     QString DocumentName(const QDate &from, const QDate &to) const;
-    QString PickPath(const QString &title, const QString &name, const QString &filter);
+    void PickPath(const QString &title, const QString &name, const QString &filter,
+                  std::function<void(const QString &path)> then);
 
     Form &window_;
     Prompts &prompts_;

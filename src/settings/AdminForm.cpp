@@ -117,11 +117,10 @@ void AdminForm::Form_Unload()
     SaveTexts();
 }
 
-bool AdminForm::QueryUnload()
+void AdminForm::QueryUnload()
 {
     Restore();
     hide(); // it stays loaded, and is written back when it unloads
-    return false;
 }
 
 void AdminForm::showEvent(QShowEvent *event)
@@ -179,13 +178,14 @@ void AdminForm::CommitPath()
 void AdminForm::EnterpriseMDBText_Click()
 {
     const QString shown = ShownPath();
-    const QString picked =
-        prompts_.PickFile(this, QStringLiteral("Locate Company Data Base"),
-                          shown.isEmpty() ? QStringLiteral("Jobs.mdb") : shown, QStringLiteral("*.mdb"));
-    if (!picked.isEmpty()) {
-        pickedPath_ = QDir::toNativeSeparators(picked);
-        ui_->EnterpriseMDBText->setText(pickedPath_);
-    }
+    prompts_.PickFile(this, QStringLiteral("Locate Company Data Base"),
+                      shown.isEmpty() ? QStringLiteral("Jobs.mdb") : shown, QStringLiteral("*.mdb"),
+                      [this](const QString &picked) {
+                          if (picked.isEmpty())
+                              return;
+                          pickedPath_ = QDir::toNativeSeparators(picked);
+                          ui_->EnterpriseMDBText->setText(pickedPath_);
+                      });
 }
 
 void AdminForm::EnterpriseMDBText_Change()

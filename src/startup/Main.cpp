@@ -53,7 +53,7 @@ bool Main::Run()
 void Main::Tell(const QString &message)
 {
     if (!message.isEmpty())
-        prompts_.MsgBox(nullptr, message);
+        WaitFor([&](const std::function<void()> &done) { prompts_.MsgBox(nullptr, message, done); });
 }
 
 bool Main::FindProgramFolder()
@@ -200,17 +200,22 @@ void Main::OpenTimeDb()
 // A row that was left open can be offered only when it can be read.
 void Main::AskUntilReadable(const QString &timeDbPath)
 {
-    while (!program_.timeTable.Open(timeDbPath) && !ended_) {
-        const bool tryAgain = prompts_.AskChoice(
-            nullptr,
-            QStringLiteral(
-                "Your time database\n%1\ncannot be read: another program has locked it, or it is missing.\n\nIf "
-                "you go on without it, your stemps are kept in memory until it can be written. A row that is still "
-                "open in it is then asked about at the next start only.")
-                .arg(timeDbPath),
-            QStringLiteral("&Try again"), QStringLiteral("&Go on"), [] { return false; });
-        if (!tryAgain)
-            return;
+    bool tryAgain = true;
+    while (tryAgain && !program_.timeTable.Open(timeDbPath) && !ended_) {
+        WaitFor([&](const std::function<void()> &done) {
+            prompts_.AskChoice(
+                nullptr,
+                QStringLiteral(
+                    "Your time database\n%1\ncannot be read: another program has locked it, or it is missing.\n\nIf "
+                    "you go on without it, your stemps are kept in memory until it can be written. A row that is still "
+                    "open in it is then asked about at the next start only.")
+                    .arg(timeDbPath),
+                {{QStringLiteral("&Try again"), QStringLiteral("&Go on")}},
+                [&tryAgain, done](int answer) {
+                    tryAgain = answer == 0;
+                    done();
+                });
+        });
     }
 }
 
@@ -221,7 +226,7 @@ void Main::SettleOpenRow()
     stempWin_->show();
     QTimer::singleShot(0, this, &Main::ShowBoard); // once the clock is painted
     if (open)
-        stempWin_->ShowOutQuery();
+        WaitFor([this](const std::function<void()> &done) { stempWin_->ShowOutQuery(done); });
 }
 
 void Main::FillLists()
@@ -332,6 +337,7 @@ void Main::MainWindowUnloaded()
 void Main::EndSession()
 {
     ended_ = true;
+    prompts_.EndAll();
     if (stempWin_ && stempWin_->IsLoaded())
         stempWin_->EndSession();
 }

@@ -59,7 +59,7 @@ private:
     void UnloadOthers();
     void MainWindowUnloaded();
     void AskUntilReadable(const QString &timeDbPath);
-    void Tell(const QString &message);
+    void Tell(const QString &message); // returns when it was read
 
     Program &program_;
     Prompts &prompts_;

@@ -4,35 +4,56 @@
 #include <QSessionManager>
 #include <QSocketNotifier>
 
+#include <chrono>
+#include <cstdlib>
 #ifdef Q_OS_UNIX
 #include <cerrno>
 #include <csignal>
 #include <sys/socket.h>
 #include <unistd.h>
+#else
+#include <thread>
 #endif
 
-#ifdef Q_OS_UNIX
 namespace {
 
+constexpr std::chrono::seconds longestEnd{4}; // from the news to the end of the process
+
+#ifdef Q_OS_UNIX
 constexpr int endingSignals[] = {SIGTERM, SIGINT, SIGHUP};
 int signalSockets[2] = {-1, -1};
 
-// All that a signal handler may do here: wake the event loop.
+void LimitTheEnd()
+{
+    ::alarm(static_cast<unsigned>(longestEnd.count()));
+}
+
+// Besides the alarm, all that a signal handler may do here: wake the event loop.
 void WakeLoop(int)
 {
     const int error = errno;
     const char byte = 1;
     [[maybe_unused]] const ssize_t written = ::write(signalSockets[0], &byte, 1);
+    LimitTheEnd();
     errno = error;
 }
+#else
+void LimitTheEnd()
+{
+    std::thread([] {
+        std::this_thread::sleep_for(longestEnd);
+        std::_Exit(EXIT_FAILURE);
+    }).detach();
+}
+#endif
 
 } // namespace
-#endif
 
 SessionEnd::SessionEnd()
 {
     connect(qGuiApp, &QGuiApplication::commitDataRequest, this, [this](QSessionManager &manager) {
         manager.setRestartHint(QSessionManager::RestartNever);
+        LimitTheEnd();
         emit Ending();
     });
 #ifdef Q_OS_UNIX
@@ -46,6 +67,7 @@ SessionEnd::SessionEnd()
     });
     for (const int number : endingSignals)
         std::signal(number, WakeLoop);
+    std::signal(SIGALRM, [](int) { ::_exit(EXIT_FAILURE); });
 #endif
 }
 

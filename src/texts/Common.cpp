@@ -1,6 +1,5 @@
 #include "texts/Common.h"
 
-#include "platform/dao/Error.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/Prompts.h"
 #include "texts/ControlIndex.h"
@@ -97,8 +96,17 @@ int Common::FindControlIndex(const Form &form, const QString &key)
     return ControlIndex(form).Find(key);
 }
 
-// Only the makers are asked.
+// Only the makers are asked. A window can neither go on loading nor be gone before they have answered.
 bool Common::Confirm(Form &form, QLatin1String question)
 {
-    return !state_.DevMode || prompts_.AskYesNo(&form, QString(question).arg(form.Name()));
+    if (!state_.DevMode)
+        return true;
+    const auto confirmed = std::make_shared<bool>(false);
+    WaitFor([&](const std::function<void()> &done) {
+        prompts_.AskYesNo(&form, QString(question).arg(form.Name()), [confirmed, done](bool yes) {
+            *confirmed = yes;
+            done();
+        });
+    });
+    return *confirmed;
 }

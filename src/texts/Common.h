@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/dao/Database.h"
+#include "platform/dao/Error.h"
 #include "platform/dao/Recordset.h"
 #include "platform/forms/FormServices.h"
 #include "texts/EditMode.h"
@@ -17,6 +18,7 @@
 class Form;
 class Help;
 class Prompts;
+struct TextRow;
 
 // The interface text store: applies each form's table when it loads, writes it back when it unloads, and makes and completes
 // the table from the form's design. And what all forms do alike with keys and the mouse: F1 shows help, Ctrl+E begins the
@@ -62,7 +64,9 @@ private:
     bool Confirm(Form &form, QLatin1String question);
     dao::Recordset *RowsOf(const Form &form); // nothing when its table could not be read
     QString HelpOf(const Form &form, const QString &key);
-    void PutShippedBack(Form &form);
+    void PutShippedBack(Form &form); // once the person has agreed
+    void PutBack(Form &form, const QList<TextRow> &shipped);
+    void TellNotPutBack(Form &form, const dao::Error &error);
 
     dao::Database &localDB_;
     TextState &state_;

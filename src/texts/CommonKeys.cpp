@@ -1,4 +1,3 @@
-#include "platform/dao/Error.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/Prompts.h"
 #include "platform/forms/WindowPlace.h"
@@ -161,15 +160,29 @@ void Common::PutShippedBack(Form &form)
     try {
         const QList<TextRow> shipped = ShippedTexts::Rows(form, state_.language);
         const QStringList changed = ShippedTexts::Changed(form, shipped, state_.language, RowsOf(form));
-        const QPointer<Form> asked = &form;
-        if (!prompts_.AskYesNo(&form, ResetQuestion(changed)) || !asked || !form.IsLoaded())
-            return;
+        prompts_.AskYesNo(&form, ResetQuestion(changed), [this, &form, shipped](bool yes) {
+            if (yes && form.IsLoaded())
+                PutBack(form, shipped);
+        });
+    } catch (const dao::Error &error) {
+        TellNotPutBack(form, error);
+    }
+}
+
+void Common::PutBack(Form &form, const QList<TextRow> &shipped)
+{
+    try {
         if (dao::Recordset *table = RowsOf(form))
             TextRows::Write(localDB_, *table, shipped, u"putting back the shipped texts of "_s + form.Name());
         ShippedTexts::Show(form, shipped, state_.language, state_.ShowToolTips.value_or(false));
     } catch (const dao::Error &error) {
-        qCWarning(log).noquote() << form.Name() << error.Text();
-        prompts_.MsgBox(&form, u"The shipped layout and texts could not be put back, because your database could not "
-                               "be read or written. Please try again."_s);
+        TellNotPutBack(form, error);
     }
+}
+
+void Common::TellNotPutBack(Form &form, const dao::Error &error)
+{
+    qCWarning(log).noquote() << form.Name() << error.Text();
+    prompts_.MsgBox(&form, u"The shipped layout and texts could not be put back, because your database could not be "
+                           "read or written. Please try again."_s);
 }

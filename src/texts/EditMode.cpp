@@ -36,9 +36,9 @@ void EditMode::Leave()
     if (!form_)
         return;
     Form &form = *form_;
-    GenEdit::CancelOn(form);
-    form_->UncoverBackColor();
     form_ = nullptr;
+    GenEdit::CancelOn(form);
+    form.UncoverBackColor();
     const std::size_t recorded = std::min(form.Controls().size(), SavedVisible.size());
     for (std::size_t position = 0; position < recorded; ++position) {
         Control &control = *form.Controls()[position];
@@ -98,7 +98,7 @@ bool EditMode::eventFilter(QObject *watched, QEvent *event)
     return true;
 }
 
-// The editor has an event loop of its own, which is not to begin in the middle of a press.
+// The editor is not to take the focus in the middle of a press.
 void EditMode::MeetPress(QEvent &event)
 {
     const auto &mouse = static_cast<const QMouseEvent &>(event);
@@ -113,10 +113,11 @@ void EditMode::OpenEditor(QPoint surfacePoint)
 {
     if (!form_)
         return;
-    const QPointer<Form> form = form_;
-    const GenEdit::Outcome outcome = GenEdit::Run(*form, surfacePoint);
-    if (outcome == GenEdit::Outcome::Cancelled && form == form_)
-        Leave();
+    if (GenEdit *editor = GenEdit::Open(*form_, surfacePoint))
+        connect(editor, &GenEdit::Ended, this, [this, form = form_](GenEdit::Outcome outcome) {
+            if (outcome == GenEdit::Outcome::Cancelled && form && form == form_)
+                Leave();
+        });
 }
 
 // Its surface, controls, menus and drop-downs; not the editor, nor a window that the form merely owns.

@@ -4,7 +4,6 @@
 #include "texts/ControlPicker.h"
 
 #include <QApplication>
-#include <QEventLoop>
 #include <QKeyEvent>
 #include <QMouseEvent>
 
@@ -47,30 +46,18 @@ QPoint StepOf(int arrow)
 
 } // namespace
 
-GenEdit::Outcome GenEdit::Run(Form &form, QPoint surfacePoint)
+GenEdit *GenEdit::Open(Form &form, QPoint surfacePoint)
 {
     Control *control = EditorOn(form) || !form.isVisible() ? nullptr : ControlUnder(form, surfacePoint);
-    if (!control)
-        return Outcome::NothingPicked;
-    QEventLoop loop;
-    const QPointer<GenEdit> editor(new GenEdit(form, *control));
-    editor->loop_ = &loop;
-    if (!editor->outcome_)
-        loop.exec();
-    if (!editor) // it went with the form
-        return Outcome::Cancelled;
-    editor->End(Outcome::Cancelled); // when it was not the editor that ended the loop
-    const Outcome outcome = *editor->outcome_;
-    delete editor;
-    return outcome;
+    return control ? new GenEdit(form, *control) : nullptr;
 }
 
-// One that has ended may still wait for a window that was opened meanwhile.
+// One that has ended is still to be deleted.
 GenEdit *GenEdit::EditorOn(const Form &form)
 {
     if (const QWidget *surface = form.Surface()) // gone already while the form is destroyed
         for (auto *editor : surface->findChildren<GenEdit *>(QString(), Qt::FindDirectChildrenOnly))
-            if (!editor->outcome_)
+            if (!editor->ended_)
                 return editor;
     return nullptr;
 }
@@ -112,12 +99,6 @@ GenEdit::GenEdit(Form &form, Control &control)
     Arrange(); // now that text in it wraps
     focus.setFocus(Qt::OtherFocusReason);
     hidden_->hide(); // now that the focus is not in it
-}
-
-GenEdit::~GenEdit()
-{
-    if (loop_)
-        loop_->quit();
 }
 
 bool GenEdit::eventFilter(QObject *watched, QEvent *event)
@@ -253,9 +234,9 @@ void GenEdit::hideEvent(QHideEvent *event)
 
 void GenEdit::End(Outcome outcome)
 {
-    if (outcome_)
+    if (ended_)
         return;
-    outcome_ = outcome;
+    ended_ = true;
     qApp->removeEventFilter(this);
     if (hidden_)
         hidden_->show();
@@ -267,6 +248,6 @@ void GenEdit::End(Outcome outcome)
     if (isVisible() && focusBefore_)
         focusBefore_->setFocus(Qt::OtherFocusReason);
     hide();
-    if (loop_)
-        loop_->quit();
+    deleteLater();
+    emit Ended(outcome);
 }

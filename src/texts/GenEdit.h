@@ -10,7 +10,6 @@
 
 class Control;
 class Form;
-class QEventLoop;
 class QKeyEvent;
 class QMouseEvent;
 
@@ -22,19 +21,20 @@ class GenEdit : public QWidget
     Q_OBJECT
 
 public:
-    enum class Outcome { Accepted, Cancelled, NothingPicked };
+    enum class Outcome { Accepted, Cancelled };
 
-    // Picks the control under the point (ControlPicker.h) and returns when its editing has ended. The form may be
-    // hidden, unloaded or destroyed meanwhile: that cancels. Other windows may be used. One editor at a time on a
-    // form: while one is open, nothing is picked.
-    static Outcome Run(Form &form, QPoint surfacePoint);
+    // Picks the control under the point (ControlPicker.h) and opens an editor over it, which ends with Ended and then
+    // deletes itself; nothing when none was picked. The form may be hidden or unloaded meanwhile: that cancels. It may be
+    // destroyed, too, without a word. One editor at a time on a form: while one is open, nothing is picked.
+    static GenEdit *Open(Form &form, QPoint surfacePoint);
     static bool IsOn(const Form &form); // one is open on it
 
     // Cancels the editing on a form, if there is any; the control is visible again at once, before its visibility is
     // read.
     static void CancelOn(const Form &form);
 
-    ~GenEdit() override;
+signals:
+    void Ended(GenEdit::Outcome outcome); // the control is visible again, and changed if that was accepted
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -67,6 +67,5 @@ private:
     QPointer<QWidget> hidden_; // the edited control's widget
     QPointer<QWidget> focusBefore_;
     std::optional<Drag> drag_;
-    std::optional<Outcome> outcome_;
-    QEventLoop *loop_ = nullptr;
+    bool ended_ = false;
 };

@@ -162,7 +162,7 @@ private slots:
     {
         Notebook book;
         book.NewNote()->setPlainText(u"nonsense"_s);
-        book.prompts.firstChoice = false;
+        book.prompts.choice = 1;
         book.Press("OKButton");
         QVERIFY(!book.form.IsLoaded() && book.Stored().isEmpty());
     }

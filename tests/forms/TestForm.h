@@ -50,7 +50,11 @@ protected:
     void Form_Load() override;
     void Form_Unload() override;
     void Form_Resize() override { happened.append(QStringLiteral("resize")); }
-    bool QueryUnload() override { return mayUnload; }
+    void QueryUnload() override
+    {
+        if (mayUnload)
+            Unload();
+    }
     bool Form_KeyDown(QKeyEvent &event) override;
     void MemberCreated(Control &control) override { happened.append(QStringLiteral("made ") + control.Key()); }
 

@@ -76,16 +76,16 @@ private slots:
         owner.show();
         for (const QByteArray end : {"unload", "hide", "close by the frame"}) {
             TestForm dialog(services);
-            QTimer::singleShot(0, &dialog, [&] {
-                QVERIFY(dialog.isVisible());
-                const auto *button = owner.WidgetAt<QPushButton>(u"OtherButton"_s);
-                QTest::mouseClick(owner.windowHandle(), Qt::LeftButton, {}, button->mapTo(&owner, QPoint(5, 5)));
-                QVERIFY(!owner.happened.contains(u"other"_s));
-                QCOMPARE(QApplication::activeModalWidget(), &dialog);
-                end == "unload" ? dialog.Unload() : end == "hide" ? dialog.hide() : void(dialog.close());
-            });
-            dialog.ShowModal(&owner);
+            const QSignalSpy closed(&dialog, &Form::Closed);
+            dialog.OpenModal(&owner);
+            QVERIFY(dialog.isVisible());
+            const auto *button = owner.WidgetAt<QPushButton>(u"OtherButton"_s);
+            QTest::mouseClick(owner.windowHandle(), Qt::LeftButton, {}, button->mapTo(&owner, QPoint(5, 5)));
+            QVERIFY(!owner.happened.contains(u"other"_s));
+            QCOMPARE(QApplication::activeModalWidget(), &dialog);
+            end == "unload" ? dialog.Unload() : end == "hide" ? dialog.hide() : void(dialog.close());
             QVERIFY(!dialog.isVisible());
+            QTRY_COMPARE(closed.size(), 1);
             QCOMPARE(dialog.IsLoaded(), end == "hide");
             QVERIFY(!QApplication::activeModalWidget());
         }

@@ -22,10 +22,12 @@ public:
     QString suggested;
 
     bool HasPrinter() const override { return hasPrinter; }
-    void Preview(QWidget *, const PrintedTimesheet &timesheet, const QString &, QString &printerName) override
+    void Preview(QWidget *, const PrintedTimesheet &timesheet, const QString &, const QString &printerName,
+                 const Printed &printed) override
     {
         header = timesheet.header;
-        suggested = std::exchange(printerName, u"Laser"_s);
+        suggested = printerName;
+        printed(u"Laser"_s);
     }
 };
 

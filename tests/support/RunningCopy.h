@@ -63,6 +63,7 @@ struct RunningCopy
     {
         WhenShown query(QStringLiteral("IOQuery"), [](QWidget &window) { window.close(); });
         main.Window()->close();
+        QTRY_VERIFY(!main.Window()->IsLoaded());
     }
     // Opens the settings, changes them and presses OK.
     void Accept(const std::function<void(QWidget &)> &change)

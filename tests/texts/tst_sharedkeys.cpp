@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -155,24 +156,22 @@ private slots:
     void TheHelpWindowTakesInputBesideAModalWindowAndKeepsItsSize()
     {
         TestForm dialog(*common_);
-        QTimer::singleShot(0, &dialog, [&] {
-            const auto end = qScopeGuard([&dialog] { dialog.Unload(); });
-            QTest::keyClick(dialog.windowHandle(), Qt::Key_F1);
-            Form *help = HelpWindow();
-            QVERIFY(help);
-            QTRY_VERIFY(help->IsSettled());
-            help->resize(500, 300);
-            const auto isKept = [help] {
-                help->activateWindow();
-                return help->isActiveWindow();
-            };
-            QTRY_VERIFY(isKept()); // a moment after it came up, as a person does
-            QTest::keyClick(help->windowHandle(), Qt::Key_F1);
-            QVERIFY(ShownHelp().startsWith(u"The help of the control"_s));
-            dialog.activateWindow();
-            QTRY_VERIFY(dialog.isActiveWindow());
-        });
-        dialog.ShowModal(form_.get());
+        dialog.OpenModal(form_.get());
+        QTest::keyClick(dialog.windowHandle(), Qt::Key_F1);
+        Form *help = HelpWindow();
+        QVERIFY(help);
+        QTRY_VERIFY(help->IsSettled());
+        help->resize(500, 300);
+        const auto isKept = [help] {
+            help->activateWindow();
+            return help->isActiveWindow();
+        };
+        QTRY_VERIFY(isKept()); // a moment after it came up, as a person does
+        QTest::keyClick(help->windowHandle(), Qt::Key_F1);
+        QVERIFY(ShownHelp().startsWith(u"The help of the control"_s));
+        dialog.activateWindow();
+        QTRY_VERIFY(dialog.isActiveWindow());
+        dialog.Unload();
         QVERIFY(HelpWindow());
         HelpWindow()->activateWindow(); // as some systems do when a window goes
         QTRY_VERIFY(form_->isActiveWindow());
@@ -265,6 +264,50 @@ private slots:
         form_.reset(); // destroyed while it is shown
         Open();
         QVERIFY(!InEditMode());
+    }
+
+    void QuestionsEndInAnyOrderAndWithTheirWindow()
+    {
+        ScreenPrompts prompts;
+        TestForm board(*common_);
+        auto message = std::make_unique<TestForm>(*common_);
+        board.Load();
+        board.show();
+        message->Load();
+        message->show();
+        connect(message.get(), &Form::Unloaded, this, [&message] { message.release()->deleteLater(); });
+        QStringList answers;
+        const auto ask = [&](Form *form, const QString &name) {
+            prompts.AskYesNo(
+                form, name, [&answers, name](bool yes) { answers += name + (yes ? u"+"_s : u"-"_s); });
+        };
+        const auto boxOf = [](const Form &form) { return form.findChild<QMessageBox *>(); };
+        for (const bool olderFirst : {true, false}) {
+            answers.clear();
+            ask(&board, u"board"_s);
+            ask(form_.get(), u"clock"_s);
+            ask(form_.get(), u"clock"_s); // once more: not asked twice
+            QCOMPARE(form_->findChildren<QMessageBox *>().size(), 1);
+            QMessageBox *boxes[] = {boxOf(board), boxOf(*form_)};
+            QTest::mouseClick(boxes[olderFirst ? 0 : 1]->button(QMessageBox::Yes), Qt::LeftButton);
+            QTest::keyClick(boxes[olderFirst ? 1 : 0], Qt::Key_Escape);
+            QCOMPARE(answers,
+                     olderFirst ? QStringList({u"board+"_s, u"clock-"_s}) : QStringList({u"clock+"_s, u"board-"_s}));
+            QTRY_VERIFY(!boxOf(board) && !boxOf(*form_));
+        }
+        // The window is closed beneath its question and a picker, while an editor is open on it.
+        answers.clear();
+        QTest::keyClick(message->windowHandle(), Qt::Key_E, Qt::ControlModifier);
+        QVERIFY(GenEdit::Open(*message, message->At(u"OKButton"_s)->Widget()->geometry().center()));
+        ask(&board, u"board"_s);
+        ask(message.get(), u"message"_s);
+        prompts.PickSaveFile(message.get(), u"Save"_s, folder_->File(u"a.csv"_s), u"*.csv"_s,
+                             [&answers](const QString &path) { answers += path; });
+        message->Unload();
+        QCOMPARE(answers, QStringList({u"message-"_s, QString()}));
+        QTRY_VERIFY(QApplication::activeModalWidget() == boxOf(board));
+        prompts.EndAll(); // with the session
+        QVERIFY(!QApplication::activeModalWidget() && answers.size() == 2);
     }
 
     void TheSurfaceDragsTheWindow()

@@ -9,7 +9,6 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
-#include <QEventLoop>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QLayout>
@@ -58,9 +57,8 @@ Form::Form(QString name, FormServices &services, QWidget *parent)
 
 Form::~Form()
 {
-    hide(); // while it is still a form to those who watch it
-    if (modalLoop_)
-        modalLoop_->quit();
+    disconnect(this, &Form::QuestionsToEnd, nullptr, nullptr); // nobody is left who could take an answer
+    hide();                                                    // while it is still a form to those who watch it
 }
 
 void Form::Load()
@@ -76,6 +74,7 @@ void Form::Unload()
     if (!loaded_ || unloading_)
         return;
     unloading_ = true;
+    emit QuestionsToEnd();
     ShowNotice({});
     Form_Unload();
     unloading_ = false;
@@ -108,29 +107,12 @@ void Form::OpenModal(QWidget *owner)
         });
 }
 
-void Form::ShowModal(QWidget *owner)
-{
-    if (isModal_)
-        return;
-    OpenModal(owner);
-    if (!isModal_)
-        return;
-    const QPointer<Form> self(this);
-    QEventLoop loop;
-    modalLoop_ = &loop;
-    loop.exec();
-    if (self)
-        modalLoop_ = nullptr;
-}
-
 void Form::EndModal()
 {
     if (!isModal_)
         return;
     isModal_ = false;
     setWindowModality(Qt::NonModal);
-    if (modalLoop_)
-        modalLoop_->quit();
     QMetaObject::invokeMethod(this, &Form::Closed, Qt::QueuedConnection);
 }
 
@@ -484,9 +466,10 @@ void Form::ShowMenuTip(QMenuBar &bar, const QHelpEvent &help)
 bool Form::event(QEvent *event)
 {
     const bool handled = QMainWindow::event(event);
-    if (event->type() == QEvent::Hide && !event->spontaneous())
+    if (event->type() == QEvent::Hide && !event->spontaneous()) {
+        emit QuestionsToEnd();
         EndModal();
-    else if (event->type() == QEvent::WindowStateChange && loaded_ && IsNormal()) {
+    } else if (event->type() == QEvent::WindowStateChange && loaded_ && IsNormal()) {
         if (notice_)
             LendHeightToNotice();
         Form_Resize();
@@ -498,11 +481,9 @@ void Form::closeEvent(QCloseEvent *event)
 {
     if (!loaded_)
         return;
-    if (unloading_ || !QueryUnload()) {
-        event->ignore();
-        return;
-    }
-    Unload();
+    if (!unloading_)
+        QueryUnload();
+    event->setAccepted(!loaded_);
 }
 
 void Form::resizeEvent(QResizeEvent *event)

@@ -14,7 +14,6 @@
 class FormServices;
 class NoticeLine;
 class QAction;
-class QEventLoop;
 class QHelpEvent;
 class QMenuBar;
 class QPushButton;
@@ -22,9 +21,10 @@ class WindowPlace;
 
 // The base of every window. Its central widget is the surface: control coordinates and mouse points refer to it.
 //
-// The life of a form: constructed (setupUi, then RegisterControls) → Load() → Show or ShowModal, any number of times →
+// The life of a form: constructed (setupUi, then RegisterControls) → Load() → show or OpenModal, any number of times →
 // Unload(), and so on again. Load runs Form_Load, Unload runs Form_Unload, once each; a subclass calls LoadTexts() first in the
-// one and SaveTexts() in the other. A form that is closed by its frame is asked through QueryUnload() and then unloads.
+// one and SaveTexts() in the other. A form that is closed by its frame gets QueryUnload(), which unloads it, at once or once a
+// person has answered.
 class Form : public QMainWindow
 {
     Q_OBJECT
@@ -36,13 +36,12 @@ public:
     const QString &Name() const { return name_; } // the name of its class and of its text table
     QWidget *Surface() const { return centralWidget(); }
 
-    void Load();   // once; further calls do nothing
-    void Unload(); // ends a modal display, runs Form_Unload before the window goes away, hides it
+    void Load(); // once; further calls do nothing
+    void
+    Unload(); // takes back what is asked over it, ends a modal display, runs Form_Unload before the window goes away, hides it
     bool IsLoaded() const { return loaded_; }
 
     void OpenModal(QWidget *owner); // shows it window-modal; Closed follows
-    // Shows it window-modal and returns when it was hidden or unloaded, and all others that were shown so meanwhile as well.
-    void ShowModal(QWidget *owner);
 
     // Controls, in the order of the design; members made at run time are appended.
     const std::vector<std::unique_ptr<Control>> &Controls() const { return controls_; }
@@ -97,6 +96,7 @@ public:
     void SetCancelButton(QPushButton *button) { dialogKeys_.SetCancelButton(button); }
 
 signals:
+    void QuestionsToEnd(); // it is about to be unloaded, or was hidden: what is asked over it goes unanswered
     void Unloaded();
     void Closed(); // hidden or unloaded after it was modal, and no longer amid an event, so that it may be deleted
 
@@ -119,8 +119,9 @@ protected:
     virtual void Form_Load() = 0;
     virtual void Form_Unload() = 0;
     virtual void Form_Resize() {}
-    // Asked when a person closes the window by its frame; false: the form stays loaded (and hides itself, if it wants to).
-    virtual bool QueryUnload() { return true; }
+    // A person closes the window by its frame, perhaps while a question of an earlier try still stands. Calls Unload, now or
+    // later, or leaves the form loaded (and hides it, if it wants to).
+    virtual void QueryUnload() { Unload(); }
     // Key preview: sees a key before the focused control does. True: consumed. Tab, access keys, and Space and Enter on a button
     // pass it by.
     virtual bool Form_KeyDown(QKeyEvent &) { return false; }
@@ -160,5 +161,4 @@ private:
     NoticeLine *notice_ = nullptr; // from the first one on
     Anchors anchors_{*this};
     bool isModal_ = false; // is shown by OpenModal
-    QEventLoop *modalLoop_ = nullptr;
 };
