@@ -393,8 +393,8 @@ Ctrl+E lader dig ændre ethvert vindue undtagen det, der spørger om initialer: 
         <translation>Du er stemplet IND!</translation>
     </message>
     <message>
-        <source>You are still stemped in on a job. Say here what is to happen with the open row: it stays open, it ends at a time that you type, or it ends now. Closing the window by its frame or with Escape carries out what is selected.</source>
-        <translation>Du er stadig stemplet ind på et job. Sig her, hvad der skal ske med den åbne række: Den forbliver åben, den slutter på et tidspunkt, du skriver, eller den slutter nu. Lukker du vinduet i rammen eller med Escape, udføres det, der er valgt.</translation>
+        <source>You are still stemped in on a job. Say here what is to happen with the open row: it stays open, it ends at a time that you type, or it ends now. Closing this window by its frame carries out what is selected, and so does Escape at the start; when you close the program, Escape keeps it open.</source>
+        <translation>Du er stadig stemplet ind på et job. Sig her, hvad der skal ske med den åbne række: Den forbliver åben, den slutter på et tidspunkt, du skriver, eller den slutter nu. Lukker du dette vindue i rammen, udføres det, der er valgt, og det samme gør Escape ved starten; når du lukker programmet, holder Escape det åbent.</translation>
     </message>
     <message>
         <source>The job you are stemped in on</source>
@@ -407,6 +407,18 @@ Ctrl+E lader dig ændre ethvert vindue undtagen det, der spørger om initialer: 
     <message>
         <source>Open job</source>
         <translation>Åbent job</translation>
+    </message>
+    <message>
+        <source>When you stemped in, and how long ago that is</source>
+        <translation>Hvornår du stemplede ind, og hvor længe det er siden</translation>
+    </message>
+    <message>
+        <source>Tells when you stemped in on the job above, and how long the row has been open since. A row of yesterday or of a holiday is one that you forgot to end. Nothing can be changed here.</source>
+        <translation>Fortæller, hvornår du stemplede ind på jobbet ovenfor, og hvor længe rækken har været åben siden. En række fra i går eller fra en feriedag er en, du har glemt at afslutte. Der kan ikke ændres noget her.</translation>
+    </message>
+    <message>
+        <source>Since when you are stemped in</source>
+        <translation>Hvor længe du har været stemplet ind</translation>
     </message>
     <message>
         <source>Keep the row open and go on</source>
@@ -463,6 +475,18 @@ Ctrl+E lader dig ændre ethvert vindue undtagen det, der spørger om initialer: 
     <message>
         <source>Stemp out now</source>
         <translation>Stempl ud nu</translation>
+    </message>
+    <message>
+        <source>Keep the program open and change nothing</source>
+        <translation>Hold programmet åbent, og ændr intet</translation>
+    </message>
+    <message>
+        <source>Takes the closing of the program back: you stay stemped in, no choice is carried out and nothing is written. Press it, or Escape, when you closed the program by mistake. It is there only when you close the program.</source>
+        <translation>Fortryder lukningen af programmet: Du forbliver stemplet ind, intet valg udføres, og intet skrives. Tryk på den, eller på Escape, når du har lukket programmet ved en fejl. Den er der kun, når du lukker programmet.</translation>
+    </message>
+    <message>
+        <source>&amp;Don&apos;t close</source>
+        <translation>&amp;Luk ikke</translation>
     </message>
 </context>
 <context>
@@ -614,6 +638,33 @@ Ctrl+E lader dig ændre ethvert vindue undtagen det, der spørger om initialer: 
     <message>
         <source>Name</source>
         <translation>Navn</translation>
+    </message>
+</context>
+<context>
+    <name>Messages</name>
+    <message>
+        <source>since %1</source>
+        <translation>siden %1</translation>
+    </message>
+    <message>
+        <source>less than a minute</source>
+        <translation>under et minut</translation>
+    </message>
+    <message>
+        <source>%1 min</source>
+        <translation>%1 min</translation>
+    </message>
+    <message>
+        <source>%1 h %2 min</source>
+        <translation>%1 t %2 min</translation>
+    </message>
+    <message>
+        <source>1 day</source>
+        <translation>1 dag</translation>
+    </message>
+    <message>
+        <source>%1 days</source>
+        <translation>%1 dage</translation>
     </message>
 </context>
 <context>

@@ -17,6 +17,7 @@ bool Clock::TakeUpLastRow()
     if (row) {
         SetCurrentJob(JobItemText(row->jobID, row->jobName), {row->jobID, row->jobName});
         state.LastInTime = row->stempInTime;
+        state.OpenSince = openRow_ ? row->stempInTime : std::nullopt;
     }
     return openRow_ != nullptr;
 }
@@ -48,6 +49,7 @@ bool Clock::StempIn(const QString &item, const QString &searchText)
     SetCurrentJob(item, SplitJobItem(item));
     openRow_ = table_.Add(state.CurrentJobID, state.CurrentJobName, now);
     table_.Flush(); // what it could not write stays with the table
+    state.OpenSince = now;
     state.IsStempedIn = true;
     KeepLists();
     return true;
@@ -89,6 +91,7 @@ void Clock::CompleteOpenRow(const QDateTime &time)
     if (openRow_) {
         table_.Complete(openRow_, time);
         openRow_.reset();
+        state.OpenSince.reset();
     }
 }
 

@@ -15,6 +15,7 @@ struct ClockState
     QString CurrentJob; // the job item last worked on; CurrentJobID and CurrentJobName are its halves
     QString CurrentJobID;
     QString CurrentJobName;
+    std::optional<QDateTime> OpenSince; // the in-time of the open row; nothing without one
     // The in-time of the row found at start. Later stemp-ins leave it as it is: the out-query's "earlier than in" compares
     // against the start.
     std::optional<QDateTime> LastInTime;

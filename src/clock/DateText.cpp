@@ -30,7 +30,7 @@ QString DateFormat(const QLocale &locale)
 
 // Put together anew from what is the locale's own in its short format: the hour, the mark between the numbers, and the
 // halves of the day with their place. What else a locale writes around them ("kl.", "Uhr") has no place in a column.
-QString TimeFormat(const QLocale &locale)
+QString TimeFormat(const QLocale &locale, bool withSeconds = true)
 {
     const QString format = locale.timeFormat(QLocale::ShortFormat);
     const bool leadingZero = format.contains(u"hh"_s, Qt::CaseInsensitive);
@@ -40,7 +40,7 @@ QString TimeFormat(const QLocale &locale)
     QString hour = half < 0 ? u"H"_s : u"h"_s;
     if (leadingZero)
         hour += hour;
-    const QString clock = hour + separator + u"mm"_s + separator + u"ss"_s;
+    const QString clock = hour + separator + u"mm"_s + (withSeconds ? separator + u"ss"_s : QString());
     if (half < 0)
         return clock;
     return half < format.indexOf(u'h') ? u"AP "_s + clock : clock + u" AP"_s;
@@ -129,6 +129,18 @@ std::optional<QDate> ReadDate(const QString &text, const QLocale &locale)
 QString DateTimeText(const QDateTime &time, const QLocale &locale)
 {
     return locale.toString(time.date(), DateFormat(locale)) + u' ' + locale.toString(time.time(), TimeFormat(locale));
+}
+
+QString BriefTimeText(const QDateTime &time, const QDate &today, const QLocale &locale)
+{
+    const QString clock = locale.toString(time.time(), TimeFormat(locale, false));
+    if (time.date() == today)
+        return clock;
+    const bool monthFirst = locale.dateFormat(QLocale::ShortFormat).startsWith(u'M');
+    QString format = monthFirst ? u"MMM d"_s : u"d MMM"_s;
+    if (time.date().year() != today.year())
+        format += u" yyyy"_s;
+    return locale.toString(time.date(), format) + u' ' + clock;
 }
 
 std::optional<QDateTime> ReadDateTime(const QString &text, const QLocale &locale, const QDateTime &now)

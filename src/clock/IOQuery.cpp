@@ -2,7 +2,6 @@
 
 #include "clock/Clock.h"
 #include "clock/DateText.h"
-#include "clock/OutQuery.h"
 #include "platform/forms/Prompts.h"
 #include "platform/system/TimeSource.h"
 #include "ui_IOQuery.h"
@@ -12,12 +11,14 @@
 #include <algorithm>
 #include <array>
 
-IOQuery::IOQuery(FormServices &services, Prompts &prompts, const TimeSource &time, const ClockState &clock)
+IOQuery::IOQuery(FormServices &services, Prompts &prompts, const TimeSource &time, const ClockState &clock,
+                 OutQueryAt at)
     : Form(QStringLiteral("IOQuery"), services),
       ui_(std::make_unique<Ui::IOQuery>()),
       prompts_(prompts),
       time_(time),
-      clock_(clock)
+      clock_(clock),
+      at_(at)
 {
     ui_->setupUi(this);
     RegisterControls();
@@ -26,6 +27,7 @@ IOQuery::IOQuery(FormServices &services, Prompts &prompts, const TimeSource &tim
         ui_->Options_1, &QRadioButton::clicked, this, [this] { Options_Click(1); });
     connect(ui_->Options_3, &QRadioButton::clicked, this, [this] { Options_Click(3); });
     connect(ui_->Commands_0, &QPushButton::clicked, this, &IOQuery::Commands_Click);
+    connect(ui_->StayButton, &QPushButton::clicked, this, &IOQuery::StayButton_Click);
     connect(ui_->Texts_0, &QLineEdit::textEdited, this, &IOQuery::Texts_Change);
 }
 
@@ -41,16 +43,23 @@ void IOQuery::Form_Load()
 {
     LoadTexts();
     ui_->Texts_0->setText(DateTimeText(time_.Now(), QLocale()));
-    ui_->Labels_0->setText(clock_.CurrentJob);
+    ui_->StayButton->setVisible(at_ == OutQueryAt::Closing);
+    ShowRunTimeTexts();
     ui_->Options_1->setChecked(true); // the stored choice is that of another day
     ui_->Options_1->setFocus();
 }
 
 void IOQuery::Form_Unload()
 {
-    if (!abandoned_)
+    if (!abandoned_ && !staysOpen_)
         CarryOut();
     SaveTexts();
+}
+
+void IOQuery::ShowRunTimeTexts()
+{
+    ui_->Labels_0->setText(clock_.CurrentJob);
+    ui_->SinceLabel->setText(clock_.OpenSince ? SinceText(*clock_.OpenSince, time_.Now(), QLocale()) : QString());
 }
 
 void IOQuery::QueryUnload()
@@ -78,11 +87,17 @@ void IOQuery::Texts_Change()
     ui_->Options_2->setChecked(true);
 }
 
+void IOQuery::StayButton_Click()
+{
+    staysOpen_ = true;
+    Unload();
+}
+
 bool IOQuery::Form_KeyDown(QKeyEvent &event)
 {
     switch (event.key()) {
     case Qt::Key_Escape:
-        close();
+        at_ == OutQueryAt::Closing ? StayButton_Click() : static_cast<void>(close());
         return true;
     case Qt::Key_Up:
     case Qt::Key_Left:

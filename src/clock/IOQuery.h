@@ -1,5 +1,6 @@
 #pragma once
 
+#include "clock/OutQuery.h"
 #include "platform/forms/Form.h"
 
 #include <QDateTime>
@@ -18,15 +19,18 @@ class IOQuery;
 }
 
 // Asks a person who is still stemped in what becomes of the open row. The choice is carried out, by one of the two signals,
-// when the window unloads; closing it by the frame or with Escape carries out what is selected.
+// when the window unloads; closing it by the frame carries out what is selected. A person who closes the program may also take
+// that back, with a button or Escape: nothing is carried out then.
 class IOQuery : public Form
 {
     Q_OBJECT
 
 public:
     // `time` and `clock` must outlive this. The icon is the caller's to set.
-    IOQuery(FormServices &services, Prompts &prompts, const TimeSource &time, const ClockState &clock);
+    IOQuery(FormServices &services, Prompts &prompts, const TimeSource &time, const ClockState &clock, OutQueryAt at);
     ~IOQuery() override;
+
+    bool StaysOpen() const { return staysOpen_; } // the program is not to close after all
 
     void Abandon(); // closes it, also under a warning, and carries nothing out: the row stays open
 
@@ -39,11 +43,13 @@ protected:
     void Form_Unload() override;
     bool Form_KeyDown(QKeyEvent &event) override;
     void QueryUnload() override;
+    void ShowRunTimeTexts() override;
 
 private:
     void Options_Click(int index);
     void Commands_Click();
     void Texts_Change();
+    void StayButton_Click();
 
     bool MoveSelection(int key); // by an arrow key
     bool Confirm();              // by Enter
@@ -59,5 +65,7 @@ private:
     const TimeSource &time_;
     const ClockState &clock_;
     std::optional<QDateTime> out_; // the typed time that the warnings are about
+    const OutQueryAt at_;
     bool abandoned_ = false;
+    bool staysOpen_ = false;
 };

@@ -162,7 +162,7 @@ void StempWin::QueryUnload()
         return;
     emit Leaving();
     if (parts_.clock.state.IsStempedIn)
-        ShowOutQuery([this] { SaveAndUnload(); });
+        ShowOutQuery(OutQueryAt::Closing, [this] { SaveAndUnload(); });
     else
         SaveAndUnload();
 }
@@ -318,15 +318,19 @@ void StempWin::InOutButton_Click()
     }
 }
 
-void StempWin::ShowOutQuery(std::function<void()> then)
+void StempWin::ShowOutQuery(OutQueryAt at, std::function<void()> then)
 {
-    outQuery_ = std::make_unique<IOQuery>(services_, prompts_, parts_.time, parts_.clock.state);
+    outQuery_ = std::make_unique<IOQuery>(services_, prompts_, parts_.time, parts_.clock.state, at);
     outQuery_->setWindowIcon(windowIcon());
     connect(outQuery_.get(), &IOQuery::StempInLook, this, &StempWin::StempInLook);
     connect(outQuery_.get(), &IOQuery::StempOutAt, this, &StempWin::StempOutAt);
     connect(outQuery_.get(), &Form::Closed, this, [this, then = std::move(then)] {
+        const bool stays = outQuery_->StaysOpen();
         outQuery_.reset();
-        then();
+        if (stays)
+            emit Staying();
+        else
+            then();
     });
     outQuery_->OpenModal(this);
 }

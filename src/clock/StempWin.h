@@ -1,5 +1,6 @@
 #pragma once
 
+#include "clock/OutQuery.h"
 #include "clock/PickList.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/RowsModel.h"
@@ -64,9 +65,10 @@ public:
     void FillRecentList(); // and offers it and the personal list unless they are empty
     void FillJobList();    // the list is there when the job database has answered
 
-    void ShowOutQuery(std::function<void()> then); // modal; carries out the person's choice before `then`
-    void ShowCurrentJob();                         // in the search box
-    void ShowNewestRow();                          // at the end of the grid
+    // Modal; carries out the person's choice before `then`. `then` never comes when the person takes the closing back.
+    void ShowOutQuery(OutQueryAt at, std::function<void()> then);
+    void ShowCurrentJob();  // in the search box
+    void ShowNewestRow();   // at the end of the grid
     void Enterprise_Init(); // brings the window in line with the job database in use; EnterpriseReady() follows
     void EndSession();      // a logoff: closes without asking, and leaves an open row open
 
@@ -76,6 +78,7 @@ signals:
     void Stemped();         // in or out
     void EnterpriseReady(); // what looks at the job database is to be set up, too
     void Leaving();         // the window is about to unload
+    void Staying();         // it is not after all
     void UnloadOthers();    // the other windows are to be unloaded now
 
 protected:

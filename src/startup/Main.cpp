@@ -147,6 +147,7 @@ void Main::LoadWindows()
     connect(stempWin_.get(), &StempWin::Stemped, boardDesk_.get(), &BoardDesk::Refresh_Enterprise);
     connect(stempWin_.get(), &StempWin::EnterpriseReady, boardDesk_.get(), &BoardDesk::Enterprise_Init);
     connect(stempWin_.get(), &StempWin::Leaving, boardDesk_.get(), [this] { boardDesk_->EnableTimer(false); });
+    connect(stempWin_.get(), &StempWin::Staying, boardDesk_.get(), &BoardDesk::Refresh_Enterprise);
     connect(boardDesk_.get(), &BoardDesk::MainIconAlerted, stempWin_.get(), &StempWin::ShowAlertIcon);
     connect(&program_.jobDatabase, &JobDatabase::CameBack, this, &Main::TakeUpJobDatabase);
     connect(&program_.jobDatabase, &JobDatabase::Looked, this, &Main::SwitchOver);
@@ -226,7 +227,7 @@ void Main::SettleOpenRow()
     stempWin_->show();
     QTimer::singleShot(0, this, &Main::ShowBoard); // once the clock is painted
     if (open)
-        WaitFor([this](const std::function<void()> &done) { stempWin_->ShowOutQuery(done); });
+        WaitFor([this](const std::function<void()> &done) { stempWin_->ShowOutQuery(OutQueryAt::Start, done); });
 }
 
 void Main::FillLists()

@@ -1,6 +1,7 @@
 #include "clock/Clock.h"
 #include "clock/DateText.h"
 #include "clock/IOQuery.h"
+#include "clock/OutQuery.h"
 #include "platform/dao/DateValue.h"
 #include "support/AtWindow.h"
 
@@ -19,14 +20,14 @@ const QDateTime now = dao::WallTime(QDate(2026, 3, 1), QTime(12, 0));
 struct Query : AtWindow
 {
     ClockState clock;
-    IOQuery form{texts, prompts, time, clock};
+    IOQuery form;
     QSignalSpy remained{&form, &IOQuery::StempInLook};
     QSignalSpy out{&form, &IOQuery::StempOutAt};
 
-    Query()
+    explicit Query(OutQueryAt at = OutQueryAt::Start) : form(texts, prompts, time, clock, at)
     {
         clock.CurrentJob = u"17 : <b>Warehouse</b>"_s;
-        clock.LastInTime = At(8, 0);
+        clock.LastInTime = clock.OpenSince = At(8, 0);
     }
     void Show() { Open(form); }
 
@@ -108,6 +109,19 @@ private slots:
                 QVERIFY2(!ReadDateTime(text, QLocale(locale), now), qPrintable(text + u" in "_s + locale));
     }
 
+    void SaysSinceWhenAndHowLong()
+    {
+        const std::pair<QDateTime, QString> cases[] = {
+            {now.addSecs(-30), u"since 11:59, less than a minute"_s},
+            {now.addSecs(-192 * 60), u"since 08:48, 3 h 12 min"_s},
+            {now.addDays(-1), u"since 28 Feb 12:00, 1 day"_s},
+            {dao::WallTime({2025, 10, 12}, {8, 2}), u"since 12 Oct 2025 08:02, 140 days"_s},
+            {now.addSecs(300), u"since 12:05"_s}, // the clock was set back
+        };
+        for (const auto &[in, text] : cases)
+            QCOMPARE(SinceText(in, now, QLocale(u"en_GB"_s)), text);
+    }
+
     void initTestCase() { QLocale::setDefault(QLocale(QLocale::Danish, QLocale::Denmark)); }
     void OpensUndecided()
     {
@@ -120,6 +134,8 @@ private slots:
         QVERIFY(query.Option(1)->isChecked());
         QCOMPARE(ReadDateTime(query.Box()->text(), QLocale(), query.At(0, 0)), query.time.now);
         QCOMPARE(query.Text("Labels_0"), query.clock.CurrentJob);
+        QCOMPARE(query.Text("SinceLabel"), u"since 08.00, 1 h 0 min"_s);
+        QVERIFY(!query.Shows("StayButton"));
         QVERIFY(query.Undecided());
     }
 
@@ -154,6 +170,18 @@ private slots:
                     QTest::keyClick(query.Option(option), keys[way]);
                 QVERIFY2(option == 1 ? query.Remained() : query.OutAt(query.time.now), way.constData());
             }
+    }
+
+    void ClosingCanBeTakenBack()
+    {
+        for (const bool byKey : {false, true}) {
+            Query query(OutQueryAt::Closing);
+            query.Show();
+            query.MoveTo(3);
+            byKey ? QTest::keyClick(query.form.focusWidget(), Qt::Key_Escape) : query.Press("StayButton");
+            QVERIFY(!query.form.IsLoaded() && query.form.StaysOpen());
+            QVERIFY(query.out.isEmpty() && query.remained.isEmpty());
+        }
     }
 
     void TypedTime()

@@ -242,6 +242,25 @@ private slots:
         QCOMPARE(folder.Rows(jobsFile, allUsers), u"ANNA 1"_s); // "off" came first
     }
 
+    void ClosingThatIsTakenBackChangesNothing()
+    {
+        const ProgramFolder folder;
+        folder.MakeJobs(companyFile);
+        RunningCopy copy(folder);
+        QVERIFY(copy.Start());
+        copy.Accept(RunningCopy::TypePath(folder.File(companyFile)));
+        copy.main.Window()->StempIn(u"A : a"_s);
+        WhenShown query(u"IOQuery"_s, [&](QWidget &window) {
+            folder.Sql(companyFile, u"INSERT INTO Users (User, State) VALUES ('BO', 0)"_s);
+            Click(window, "StayButton");
+        });
+        copy.main.Window()->close();
+        QTRY_VERIFY(copy.program.board.UserNames.contains(u"BO"_s)); // the polls go on
+        QVERIFY(copy.main.Window()->isVisible() && copy.main.Window()->IsLoaded());
+        QCOMPARE(folder.Rows(companyFile, allUsers), u"ANNA -1, BO 0"_s);
+        QCOMPARE(folder.Rows(timeFile, allRows), u"A a 1"_s);
+    }
+
     void LeavesTheRowOpenWhenTheSessionEnds()
     {
         const ProgramFolder folder;

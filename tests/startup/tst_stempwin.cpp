@@ -197,6 +197,10 @@ private slots:
         clocked.window->StempOut();
         QCOMPARE(clocked.copy->Clock().CurrentJob, u"X : Typed job"_s);
         QCOMPARE(clocked.text->text(), u"X : Typed job"_s);
+        clocked.folder.Sql(timeFile, u"INSERT INTO Stemp (JobID, JobName, StempInTime, StempOutTime) "
+                                     "VALUES ('Y', 'Later', 46083.4, 46083.5)"_s);
+        clocked.window->FillRecentList(); // as at the start: the row that was open is not the last
+        QCOMPARE(clocked.text->text(), u"Y : Later"_s);
     }
 
     void DeletesCompanyJobsOnlyForAdministrators()
