@@ -149,7 +149,9 @@ CompanyLink::Result CompanyLink::Run(CompanyFile &file, Job &job)
 {
     Result result;
     try {
-        result = job(file.Connection());
+        dao::Database &database = file.Connection();
+        const dao::TimeLimit limit(database); // of all its statements together
+        result = job(database);
     } catch (const dao::Error &error) {
         result.error = error;
     } catch (const std::exception &error) {

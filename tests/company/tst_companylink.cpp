@@ -127,6 +127,15 @@ private slots:
         QVERIFY(answer->error->Text().contains(u"no luck"_s));
         QVERIFY(link.AskWithin(plenty, AddUser(u"ANNA"_s))->value);
         QCOMPARE(link.AskWithin(plenty, AddUser(u"anna"_s))->error->Kind(), dao::ErrorKind::Constraint);
+        // A connection that has failed is not used again, unless it was only refused a row.
+        const auto number = [&link] {
+            return *link.AskWithin(plenty, [](dao::Database &database) { return database.Number(); })->value;
+        };
+        const quint64 kept = number();
+        link.AskWithin(plenty, AddUser(u"anna"_s));
+        QCOMPARE(number(), kept);
+        link.AskWithin(plenty, [](dao::Database &database) { database.Execute(u"no SQL"_s, {}, u"a test"_s); });
+        QVERIFY(number() != kept);
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"UNIQUE"_s));
         link.Tell(AddUser(u"ANNA"_s));
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"no disk"_s));

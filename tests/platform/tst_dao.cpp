@@ -153,6 +153,36 @@ private slots:
             QVERIFY2(Value(database_, fact).toBool(), qPrintable(fact));
     }
 
+    void TakesAFileForHostile()
+    {
+        for (const QString &statement :
+             {u"CREATE TABLE pragma_index_list (x)"_s, u"CREATE VIEW Seen AS SELECT * FROM Jobs"_s,
+              u"CREATE TRIGGER Endless AFTER INSERT ON Jobs BEGIN INSERT INTO pragma_index_list WITH RECURSIVE n(i) AS "
+              "(SELECT 1 UNION ALL SELECT i + 1 FROM n) SELECT count(*) FROM n; END"_s,
+              u"INSERT INTO Jobs (Name) VALUES ('Echo')"_s})
+            database_.Execute(statement, {}, u"a test"_s);
+        database_.OpenRecordset(u"Jobs"_s).Index(u"ByName"_s);
+        QCOMPARE(KindThrownBy([&] { Value(database_, u"count(*) FROM Seen"_s); }), ErrorKind::Other);
+
+        const QString insert = u"INSERT INTO Jobs (Name, Hours) VALUES (zeroblob(2000000), 7)"_s;
+        QCOMPARE(KindThrownBy([&] { database_.Execute(insert, {}, u"a test"_s); }), ErrorKind::TooLarge);
+        database_.ExecuteOnLarge(insert, {}, u"a test"_s);
+        const auto hours = [&] { return database_.SelectRows({u"Jobs"_s, {u"Name"_s, u"Hours"_s}, 0}, u"a test"_s); };
+        QVERIFY(hours().size() == 6 && IsTooLarge(hours()[0][0]) && hours()[0][1] == 7);
+        database_.ExecuteOnLarge(u"DELETE FROM Jobs WHERE Hours = 7"_s, {}, u"a test"_s);
+        QCOMPARE(hours().size(), 5);
+
+        const auto never = [&] {
+            Transaction transaction(database_, u"a test"_s);
+            const TimeLimit limit(database_, std::chrono::milliseconds(20));
+            database_.Execute(u"DELETE FROM Jobs"_s, {}, u"a test"_s);
+            Value(database_,
+                  u"(WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n) SELECT count(*) FROM n)"_s);
+        };
+        QCOMPARE(KindThrownBy(never), ErrorKind::Stopped);
+        QCOMPARE(hours().size(), 5);
+    }
+
     void WalksInOrderAndSeeks()
     {
         Recordset rows = Jobs(false);

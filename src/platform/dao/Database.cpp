@@ -1,5 +1,6 @@
 #include "platform/dao/Database.h"
 
+#include "platform/dao/Connection.h"
 #include "platform/dao/DateValue.h"
 #include "platform/dao/Error.h"
 #include "platform/dao/Functions.h"
@@ -19,9 +20,7 @@
 #include <sqlite3.h>
 
 #include <atomic>
-#include <map>
 #include <optional>
-#include <thread>
 #include <utility>
 
 using namespace Qt::Literals::StringLiterals;
@@ -31,28 +30,6 @@ namespace dao {
 namespace {
 
 void (*statementHook)() = nullptr;
-
-ErrorKind KindOf(int nativeCode)
-{
-    switch (nativeCode & 0xff) { // the rest is detail: "busy while recovering", "constraint of a unique index"
-    case SQLITE_BUSY:
-    case SQLITE_LOCKED:
-        return ErrorKind::Busy;
-    case SQLITE_CONSTRAINT:
-        return ErrorKind::Constraint;
-    case SQLITE_CORRUPT:
-    case SQLITE_NOTADB:
-        return ErrorKind::Corrupt;
-    case SQLITE_READONLY:
-        return ErrorKind::ReadOnly;
-    case SQLITE_CANTOPEN:
-        return ErrorKind::CannotOpen;
-    case SQLITE_FULL:
-        return ErrorKind::Full;
-    default:
-        return ErrorKind::Other;
-    }
-}
 
 Error MakeError(const QSqlError &error, const QString &purpose, const QString &file)
 {
@@ -87,6 +64,32 @@ QString Declared(const FieldDef &field)
 
 } // namespace
 
+ErrorKind KindOf(int nativeCode)
+{
+    switch (nativeCode & 0xff) { // the rest is detail: "busy while recovering", "constraint of a unique index"
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+        return ErrorKind::Busy;
+    case SQLITE_CONSTRAINT:
+        return ErrorKind::Constraint;
+    case SQLITE_CORRUPT:
+    case SQLITE_NOTADB:
+        return ErrorKind::Corrupt;
+    case SQLITE_READONLY:
+        return ErrorKind::ReadOnly;
+    case SQLITE_CANTOPEN:
+        return ErrorKind::CannotOpen;
+    case SQLITE_FULL:
+        return ErrorKind::Full;
+    case SQLITE_TOOBIG:
+        return ErrorKind::TooLarge;
+    case SQLITE_INTERRUPT:
+        return ErrorKind::Stopped;
+    default:
+        return ErrorKind::Other;
+    }
+}
+
 void SetStatementHook(void (*hook)())
 {
     statementHook = hook;
@@ -98,38 +101,6 @@ QString Quoted(const QString &identifier)
     doubled.replace(u'"', u"\"\""_s);
     return u'"' % doubled % u'"';
 }
-
-struct Database::Connection
-{
-    QString path;
-    quint64 number = 0;
-    QString name;
-    QSqlDatabase session;
-    sqlite3 *handle = nullptr;
-    std::map<QString, QSqlQuery> changes; // prepared
-    std::chrono::milliseconds busyWait{};
-    StopFlag stop; // none: the library waits for locks by itself
-    std::chrono::steady_clock::time_point waitBegun;
-
-    ~Connection()
-    {
-        changes.clear();
-        session = QSqlDatabase(); // the driver refuses to go while a copy is about
-        QSqlDatabase::removeDatabase(name);
-    }
-
-    bool WaitsOn(int waited) // how many times for the same lock
-    {
-        constexpr std::chrono::milliseconds step{5};
-        const auto now = std::chrono::steady_clock::now();
-        if (waited == 0)
-            waitBegun = now;
-        if (*stop || now - waitBegun >= busyWait)
-            return false;
-        std::this_thread::sleep_for(step);
-        return true;
-    }
-};
 
 Database::Database() = default;
 Database::~Database() = default;
@@ -164,8 +135,7 @@ Database Database::Connect(const QString &path, std::chrono::milliseconds busyWa
         || version.value(0).toString() != QLatin1String(sqlite3_sourceid()))
         throw Error(ErrorKind::Other, u"opening a database"_s, path,
                     u"program and Qt use different SQLite libraries"_s);
-    // A misspelt "name" is an error, not a text to compare with.
-    sqlite3_db_config(connection.handle, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+    database.Guard();
     return database;
 }
 
@@ -231,20 +201,6 @@ void Database::SetBusyWait(std::chrono::milliseconds wait)
         sqlite3_busy_timeout(connection.handle, static_cast<int>(wait.count()));
 }
 
-void Database::StopWhen(const StopFlag &stop)
-{
-    constexpr int stepsBetweenLooks = 1000; // some microseconds
-    Connection &connection = Connected(u"setting what stops a statement"_s);
-    connection.stop = stop;
-    sqlite3_progress_handler(
-        connection.handle, stepsBetweenLooks,
-        [](void *stopped) { return static_cast<const Connection *>(stopped)->stop->load() ? 1 : 0; }, &connection);
-    sqlite3_busy_handler(
-        connection.handle,
-        [](void *waiting, int waited) { return static_cast<Connection *>(waiting)->WaitsOn(waited) ? 1 : 0; },
-        &connection); // instead of the library's wait
-}
-
 Database::Connection &Database::Connected(const QString &purpose) const
 {
     if (!connection_)
@@ -268,6 +224,7 @@ Database::Change Database::RunChange(const QString &sql, const QVariantList &val
 {
     constexpr std::size_t most = 32;
     Connection &connection = Connected(purpose);
+    const TimeLimit limit(*this);
     if (connection.changes.size() == most)
         connection.changes.clear();
     const auto [change, isNew] = connection.changes.try_emplace(sql, connection.session);
@@ -296,6 +253,8 @@ void Database::RunPrepared(QSqlQuery &query, const QVariantList &values, const Q
 {
     if (statementHook)
         statementHook();
+    if (Connected(purpose).IsOverdue()) // short statements are never asked while they run
+        throw Error(ErrorKind::Stopped, purpose, Path(), u"it has taken too long"_s);
     for (const QVariant &value : values)
         query.addBindValue(Stored(value));
     if (!query.exec())
@@ -322,6 +281,7 @@ void Database::ForEach(const QString &sql, const QVariantList &values, const QSt
                        const std::function<void(const QSqlQuery &)> &row)
 {
     QSqlQuery query(Connected(purpose).session);
+    const TimeLimit limit(*this);
     Run(query, sql, values, purpose);
     while (query.next())
         row(query);
@@ -346,23 +306,42 @@ QList<QVariantList> Database::Select(const QString &sql, const QVariantList &val
 }
 
 // Past the driver, which keeps each row as a list of variants before it hands out its fields.
-QStringList Database::Texts(const QString &select, const QString &purpose)
+void Database::Step(const QString &select, const QString &purpose, const std::function<void(sqlite3_stmt *)> &row)
 {
     const Connection &connection = Connected(purpose);
+    const TimeLimit limit(*this);
     const QByteArray sql = select.toUtf8();
     sqlite3_stmt *prepared = nullptr;
     int code = sqlite3_prepare_v2(connection.handle, sql.constData(), -1, &prepared, nullptr);
     const std::unique_ptr<sqlite3_stmt, int (*)(sqlite3_stmt *)> statement(prepared, sqlite3_finalize);
-    QStringList texts;
-    if (code == SQLITE_OK) {
-        while ((code = sqlite3_step(prepared)) == SQLITE_ROW) {
-            const auto *text = reinterpret_cast<const char *>(sqlite3_column_text(prepared, 0));
-            texts.append(QString::fromUtf8(text, sqlite3_column_bytes(prepared, 0)));
-        }
-    }
+    if (code == SQLITE_OK)
+        while ((code = sqlite3_step(prepared)) == SQLITE_ROW)
+            row(prepared);
     if (code != SQLITE_DONE)
         throw Error(KindOf(code), purpose, Path(), QString::fromUtf8(sqlite3_errmsg(connection.handle)));
+}
+
+QStringList Database::Texts(const QString &select, const QString &purpose)
+{
+    QStringList texts;
+    Step(select, purpose, [&texts](sqlite3_stmt *row) {
+        const auto *text = reinterpret_cast<const char *>(sqlite3_column_text(row, 0));
+        texts.append(QString::fromUtf8(text, sqlite3_column_bytes(row, 0)));
+    });
     return texts;
+}
+
+quint64 Database::Checksum(const QString &select, const QString &purpose)
+{
+    std::size_t sum = 1;
+    Step(select, purpose, [&sum](sqlite3_stmt *row) {
+        for (int column = 0; column < sqlite3_column_count(row); ++column) {
+            const void *value = sqlite3_column_blob(row, column); // before its size is asked
+            const int size = sqlite3_column_bytes(row, column);
+            sum = qHashBits(value, static_cast<std::size_t>(size), qHash(size, sum));
+        }
+    });
+    return sum;
 }
 
 bool Database::HasTable(const QString &table)
@@ -374,9 +353,10 @@ bool Database::HasTable(const QString &table)
 
 QStringList Database::FieldNames(const QString &table)
 {
-    QStringList names;
-    ForEach(u"SELECT name FROM pragma_table_info(?) ORDER BY cid"_s, {table}, u"reading a table's fields"_s,
-            [&names](const QSqlQuery &query) { names.append(query.value(0).toString()); });
+    constexpr int nameColumn = 1;
+    QStringList names; // by a plain pragma: a table of the file may bear the name of SQLite's function for it
+    ForEach(u"PRAGMA table_info("_s % Quoted(table) % u')', {}, u"reading a table's fields"_s,
+            [&names](const QSqlQuery &query) { names.append(query.value(nameColumn).toString()); });
     return names;
 }
 

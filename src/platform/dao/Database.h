@@ -5,14 +5,17 @@
 #include <QDateTime>
 #include <QString>
 #include <QStringList>
+#include <QVariant>
 #include <QVariantList>
 
 #include <atomic>
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <optional>
 
 class QSqlQuery;
+struct sqlite3_stmt;
 
 namespace dao {
 
@@ -35,6 +38,31 @@ struct Held;
 // they count, throw an Error, or end the process there. To be set before the first connection is opened.
 void SetStatementHook(void (*hook)());
 
+// What a read gives in place of a value that is larger than `longestValue`.
+struct TooLarge
+{
+};
+bool IsTooLarge(const QVariant &value);
+
+// The rows of one table that SelectRows reads.
+struct RowsQuery
+{
+    QString table;
+    QStringList fields;                           // SQL expressions of a row's fields, "rowid" among them
+    std::optional<int> orderField = std::nullopt; // by which of them the rows are ordered; else as they were added
+    QString where = {};                           // a condition on small fields; empty: all rows
+    bool newestFirst = false;                     // without an orderField only
+    int limit = -1;                               // that many rows at most; below 0 all
+};
+
+// Tells whether a file was changed, by whichever connection, the own one included.
+struct FileVersion
+{
+    qint64 data = -1;       // of the others' commits
+    quint64 ownCommits = 0; // of this connection's
+    bool operator==(const FileVersion &) const = default;
+};
+
 // A name as an SQL identifier: in double quotes, inner ones doubled. The only way in which a name that comes from people
 // (a user's table, a form's table) enters a statement.
 QString Quoted(const QString &identifier);
@@ -42,18 +70,25 @@ QString Quoted(const QString &identifier);
 // One connection to one SQLite file. Every operation throws dao::Error. Values are bound, never pasted into the text; a bool
 // is stored as -1 or 0, a QDateTime in days, an invalid QVariant as null. A connection belongs to the thread that opened it.
 //
+// Others may write what they like into a file, so each connection takes it for hostile: no trigger fires, no view is read, no
+// function of the schema's own is trusted, and what is longer than the program ever writes is refused with
+// ErrorKind::TooLarge. A statement, a transaction or the scope of a TimeLimit that lasts longer than `longestRequest` ends with
+// ErrorKind::Stopped.
+//
 // While a file is open here, nothing else in this process may open it, a QFile as little as a second library: the system
 // drops SQLite's locks as soon as any other handle to the file is closed.
 class Database
 {
 public:
     static constexpr std::chrono::milliseconds defaultBusyWait{2000};
+    static constexpr std::chrono::milliseconds longestRequest{10000};
+    static constexpr int longestValue = 1 << 20; // bytes, of a value as of a row
     using StopFlag = std::shared_ptr<const std::atomic<bool>>;
 
     // Opens an existing file, with rollback journal DELETE and synchronous FULL: fit for a file that several machines share.
     // Never creates a file. One that is no database gives ErrorKind::Corrupt; one that keeps a write-ahead log, as other
     // programs' files may, ErrorKind::Other, and stays as it is. Opening and every statement fail soon after another thread has
-    // set `stop`: while they wait for a lock, with ErrorKind::Busy, else with Other. What waits for the file system can't be
+    // set `stop`: while they wait for a lock, with ErrorKind::Busy, else with Stopped. What waits for the file system can't be
     // stopped.
     static Database OpenDatabase(const QString &path, std::chrono::milliseconds busyWait = defaultBusyWait,
                                  const StopFlag &stop = {});
@@ -77,15 +112,27 @@ public:
     // Runs a statement without a result; the number of rows it changed. Placeholders are "?". `purpose` says for the log
     // what the statement is for.
     int Execute(const QString &sql, const QVariantList &values, const QString &purpose);
+    // The same where a row may hold a value that is too large: it can be changed, and deleted. `values` are of the usual size.
+    int ExecuteOnLarge(const QString &sql, const QVariantList &values, const QString &purpose);
     // Runs an INSERT; the new row's Id, 0 when the statement inserted none.
     qint64 Insert(const QString &sql, const QVariantList &values, const QString &purpose);
     // All rows of a query, read to the end before it returns (an unfinished read would stop every writer).
     QList<QVariantList> Select(const QString &sql, const QVariantList &values, const QString &purpose);
-    // The same without keeping the rows: `row` sees each in turn through the positioned query.
+    // Rows of a table, one by one where a value is too large: it comes as TooLarge, all others as they are.
+    QList<QVariantList> SelectRows(const RowsQuery &rows, const QString &purpose);
+    // One of them; empty when it is gone.
+    QVariantList SelectRow(const QString &table, const QStringList &fields, qint64 rowid, const QString &purpose);
+    // The same as Select without keeping the rows: `row` sees each in turn through the positioned query.
     void ForEach(const QString &sql, const QVariantList &values, const QString &purpose,
                  const std::function<void(const QSqlQuery &)> &row);
     // The first column of a query as texts: for lists of many thousand rows, which Select reads several times slower.
     QStringList Texts(const QString &select, const QString &purpose);
+    // A number that stands for all that a query gives, in this process: another one when a row came, went or was changed.
+    quint64 Checksum(const QString &select, const QString &purpose);
+
+    FileVersion Version(); // of what a read would see now
+    quint64 OwnCommits() const;
+    qint64 SchemaVersion(); // another one: tables came, went or were changed
 
     bool HasTable(const QString &table);          // without regard to case
     QStringList FieldNames(const QString &table); // empty when there is no such table
@@ -103,6 +150,7 @@ public:
 
 private:
     friend class Transaction;
+    friend class TimeLimit;
     struct Connection;
     struct Change
     {
@@ -113,7 +161,10 @@ private:
     static Database Connect(const QString &path, std::chrono::milliseconds busyWait,
                             QLatin1String mode = QLatin1String("mode=rw"));
     void StopWhen(const StopFlag &stop);
+    void Guard();
+    void Rollback(const QString &purpose);
     void SetUp();
+    void Step(const QString &select, const QString &purpose, const std::function<void(sqlite3_stmt *)> &row);
     void Run(QSqlQuery &query, const QString &sql, const QVariantList &values, const QString &purpose);
     Change RunChange(const QString &sql, const QVariantList &values, const QString &purpose);
     void Prepare(QSqlQuery &query, const QString &sql, const QString &purpose);
@@ -121,6 +172,7 @@ private:
     [[noreturn]] void Throw(const QSqlQuery &query, const QString &purpose) const;
     Connection &Connected(const QString &purpose) const; // throws when closed
     HeldFailure Hold(const QStringList &ownTables, QString &detail);
+    QString QuickCheck(const QString &purpose);
     bool ReadableNow(const QString &purpose);
 
     std::unique_ptr<Connection> connection_;
@@ -134,11 +186,29 @@ struct Held
     QString detail;                    // for the log
 };
 
-// BEGIN IMMEDIATE … COMMIT; rolled back when it goes out of scope without Commit(). Not to be nested.
+// What a connection does in its scope ends `longestRequest` after its beginning, or with a scope around it if that ends sooner.
+class TimeLimit
+{
+public:
+    explicit TimeLimit(Database &database, std::chrono::milliseconds limit = Database::longestRequest);
+    ~TimeLimit();
+    TimeLimit(const TimeLimit &) = delete;
+    TimeLimit &operator=(const TimeLimit &) = delete;
+
+private:
+    const Database &database_;
+    const quint64 connection_; // which may be closed meanwhile
+    std::optional<std::chrono::steady_clock::time_point> outer_;
+};
+
+// BEGIN IMMEDIATE … COMMIT; rolled back when it goes out of scope without Commit(). Not to be nested. One that only reads sees
+// one state of the file throughout, takes one lock for all of it, and needs no Commit().
 class Transaction
 {
 public:
-    Transaction(Database &database, QString purpose);
+    enum class For { Writing, Reading };
+
+    Transaction(Database &database, QString purpose, For what = For::Writing);
     ~Transaction();
     Transaction(const Transaction &) = delete;
     Transaction &operator=(const Transaction &) = delete;
@@ -148,7 +218,10 @@ public:
 private:
     Database &database_;
     QString purpose_;
+    std::optional<TimeLimit> limit_; // from the moment on at which others have to wait
     bool open_ = true;
 };
 
 } // namespace dao
+
+Q_DECLARE_METATYPE(dao::TooLarge)

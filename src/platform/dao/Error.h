@@ -13,6 +13,8 @@ enum class ErrorKind {
     ReadOnly,   // the file or its folder can't be written
     CannotOpen, // the file is missing or can't be opened
     Full,       // the disk is full
+    TooLarge,   // a value, or a row, is larger than a connection reads or writes
+    Stopped,    // it took longer than it may, or another thread has stopped it; a transaction was rolled back
     Other
 };
 

@@ -71,18 +71,23 @@ void Recordset::Read()
 void Recordset::Index(const QString &name)
 {
     Database &database = Opened();
-    const QList<QVariantList> indexes = database.Select(
-        u"SELECT list.name, field.name FROM pragma_index_list(?) AS list, pragma_index_info(list.name) AS field "
-        "WHERE field.seqno = 0"_s,
-        {table_}, Purpose(u"looking for an index of"_s));
+    // Plain pragmas: a table of the file may bear the name of one of SQLite's functions for them.
+    const QList<QVariantList> indexes =
+        database.Select(u"PRAGMA index_list("_s % Quoted(table_) % u')', {}, Purpose(u"looking for an index of"_s));
     const QString longName = table_ % u'.' % name;
     const auto found = std::find_if(indexes.cbegin(), indexes.cend(), [&](const QVariantList &index) {
-        const QString candidate = index[0].toString();
+        const QString candidate = index.value(1).toString();
         return candidate.compare(name, Qt::CaseInsensitive) == 0
                || candidate.compare(longName, Qt::CaseInsensitive) == 0;
     });
     Require(found != indexes.cend(), u"no index "_s % name);
-    indexField_ = found->at(1).toString();
+    indexField_ = database
+                      .Select(u"PRAGMA index_info("_s % Quoted(found->value(1).toString()) % u')', {},
+                              Purpose(u"looking at an index of"_s))
+                      .value(0)
+                      .value(2)
+                      .toString();
+    Require(Column(indexField_) >= 0, u"the index is of no field: "_s % name);
     Requery();
 }
 
@@ -143,8 +148,8 @@ qsizetype Recordset::CountUpTo(const QVariantList &row)
     }
     return Opened()
         .Select(u"SELECT count(*) FROM "_s % Quoted(table_) % u" WHERE "_s % where, values, Purpose(u"counting"_s))
-        .constFirst()
-        .constFirst()
+        .value(0)
+        .value(0)
         .toLongLong();
 }
 

@@ -13,9 +13,11 @@ Q_LOGGING_CATEGORY(log, "stemp.dao")
 
 } // namespace
 
-Transaction::Transaction(Database &database, QString purpose) : database_(database), purpose_(std::move(purpose))
+Transaction::Transaction(Database &database, QString purpose, For what)
+    : database_(database), purpose_(std::move(purpose))
 {
-    database_.Execute(QStringLiteral("BEGIN IMMEDIATE"), {}, purpose_);
+    database_.Execute(what == For::Writing ? QStringLiteral("BEGIN IMMEDIATE") : QStringLiteral("BEGIN"), {}, purpose_);
+    limit_.emplace(database_);
 }
 
 Transaction::~Transaction()
@@ -24,7 +26,7 @@ Transaction::~Transaction()
         || !database_.InTransaction()) // the engine has rolled back by itself after some errors, a full disk for one
         return;
     try {
-        database_.Execute(QStringLiteral("ROLLBACK"), {}, purpose_);
+        database_.Rollback(purpose_);
     } catch (const Error &error) { // no destructor may throw; the connection's end rolls back too
         qCWarning(log).noquote() << error.Text();
     }
