@@ -19,6 +19,8 @@ CREATE TABLE MessageBuffer ( -- the outbox
   MessageId TEXT -- random; rows of earlier versions get theirs with the next poll
 );
 
+CREATE INDEX "MessageBuffer.MessageId" ON MessageBuffer (MessageId);
+
 CREATE TABLE MessageHistory ( -- what was received and sent
   Id        INTEGER PRIMARY KEY,
   MessageId TEXT NOT NULL,
@@ -29,6 +31,7 @@ CREATE TABLE MessageHistory ( -- what was received and sent
   Time      REAL              -- when it was taken in, or left
 );
 CREATE UNIQUE INDEX "MessageHistory.MessageId" ON MessageHistory (MessageId, Received); -- one can write to oneself
+CREATE INDEX "MessageHistory.Unread" ON MessageHistory (Unread);
 
 CREATE TABLE MessageAcknowledgements ( -- what is to be deleted in the company database FileId
   Id        INTEGER PRIMARY KEY,
@@ -36,6 +39,7 @@ CREATE TABLE MessageAcknowledgements ( -- what is to be deleted in the company d
   MessageId TEXT NOT NULL,
   Kind      INTEGER NOT NULL -- 0 a receipt, 1 a message
 );
+CREATE INDEX "MessageAcknowledgements.MessageId" ON MessageAcknowledgements (MessageId);
 
 CREATE TABLE PersonalStatus (
   Id     INTEGER PRIMARY KEY,

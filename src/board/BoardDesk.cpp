@@ -5,6 +5,7 @@
 #include "board/Status.h"
 #include "platform/dao/Error.h"
 #include "platform/forms/Prompts.h"
+#include "platform/forms/ShownText.h"
 #include "platform/system/TimeSource.h"
 #include "settings/Options.h"
 #include "startup/Identity.h"
@@ -155,7 +156,8 @@ void BoardDesk::Polled(const Poll::News &news)
     patience_.stop();
     notice_.isStale = false;
     notice_.lastCurrent = parts_.time.Now();
-    if (Succeeds([&] { mail_.Take(news, notice_.lastCurrent); }))
+    bool hasTaken = false;
+    if (Succeeds([&] { hasTaken = mail_.Take(news, notice_.lastCurrent); }))
         loggedError_.clear();
     else
         parts_.jobDatabase.ForgetPolls();
@@ -172,6 +174,7 @@ void BoardDesk::Polled(const Poll::News &news)
     // The first poll of a file settles whether it can be written. What is refused later is said quietly.
     if (news.changed && !std::exchange(writingIsSettled_, true) && news.refusedWrite)
         prompts_.MsgBox(messageBoard_.get(), RefusedWriteText(parts_.jobDatabase.CompanyPath, *news.refusedWrite));
+    pollAgain_ = pollAgain_ || (hasTaken && news.moreWait); // else what can't be taken would be asked for without end
     PollAgain();
 }
 
@@ -295,7 +298,7 @@ void BoardDesk::WriteStatus(const QString &user, const QString &comment)
         this, user, comment,
         [this, comment](bool written) {
             TellUnlessWritten(written, u"The status\n%1\ncould not be written, because the company database is locked, "
-                                       "write-protected or not there. Please try again."_s.arg(comment));
+                                       "write-protected or not there. Please try again."_s.arg(ShownText(comment)));
         });
 }
 
@@ -304,13 +307,13 @@ void BoardDesk::DeleteUser(const QString &user)
     if (parts_.startingUp || dialogIsOpen_ || parts_.board.IsOwn(user) || !CanWriteUsers())
         return;
     BeforeDialog();
-    prompts_.AskYesNo(messageBoard_.get(), u"Are you sure you want to DELETE user :%1"_s.arg(user),
+    prompts_.AskYesNo(messageBoard_.get(), u"Are you sure you want to DELETE user :%1"_s.arg(ShownText(user)),
                       [this, user](bool yes) {
                           if (yes && CanWriteUsers())
                               parts_.jobDatabase.DeleteUser(this, user, [this, user](bool written) {
                                   TellUnlessWritten(written, u"%1 could not be deleted, because the company database "
                                                              "is locked, write-protected or not there. Please try "
-                                                             "again."_s.arg(user));
+                                                             "again."_s.arg(ShownText(user)));
                               });
                           AfterDialog();
                       });

@@ -39,14 +39,15 @@ void ForgetAcknowledgement(dao::Database &localDB, const Poll::Acknowledgement &
 
 // A message may have left the history, and still be read again in the company database: then it waits to be acknowledged. Its
 // file may be another one by now, so the id decides.
-void TakeIn(dao::Database &localDB, const Poll::IncomingMessage &message, const QDateTime &now)
+bool TakeIn(dao::Database &localDB, const Poll::IncomingMessage &message, const QDateTime &now)
 {
-    localDB.Insert(u"INSERT INTO MessageHistory (MessageId, Received, Unread, Person, Message, Time) "
-                   "SELECT ?, -1, -1, ?, ?, ? WHERE NOT EXISTS "
-                   "(SELECT 1 FROM MessageAcknowledgements WHERE MessageId = ? AND Kind = ?) "
-                   "ON CONFLICT (MessageId, Received) DO NOTHING"_s,
-                   {message.id, message.from, message.message, now, message.id, static_cast<int>(Of::Message)},
-                   u"taking a message in"_s);
+    return localDB.Execute(u"INSERT INTO MessageHistory (MessageId, Received, Unread, Person, Message, Time) "
+                           "SELECT ?, -1, -1, ?, ?, ? WHERE NOT EXISTS "
+                           "(SELECT 1 FROM MessageAcknowledgements WHERE MessageId = ? AND Kind = ?) "
+                           "ON CONFLICT (MessageId, Received) DO NOTHING"_s,
+                           {message.id, message.from, message.message, now, message.id, static_cast<int>(Of::Message)},
+                           u"taking a message in"_s)
+           > 0;
 }
 
 // A row that was changed or deleted while its message was on the way no longer has this id.
@@ -91,37 +92,35 @@ void GiveIds(dao::Database &localDB, const QList<qint64> &rows)
 
 QString ComposedMessage(const QString &text, const QDateTime &now)
 {
-    return FirstCharacters(QLocale().toString(now, u"ddd hh:mm") % u" - " % text, longestMessage);
+    return FirstCharacters(QLocale().toString(now, u"ddd hh:mm") % u" - " % text, Poll::longestMessage);
 }
 
 void Mail::Prepare()
 {
     const QString purpose = u"preparing the tables of the messages"_s;
-    const QVariantList has =
-        localDB_
-            .Select(u"SELECT EXISTS (SELECT 1 FROM pragma_table_info('MessageBuffer') WHERE name = 'MessageId'), "
-                    "EXISTS (SELECT 1 FROM sqlite_master WHERE type = 'table' AND name = 'MessageHistory'), "
-                    "EXISTS (SELECT 1 FROM sqlite_master WHERE type = 'table' AND name = 'MessageAcknowledgements')"_s,
-                    {}, purpose)
-            .first();
-    if (!has.contains(0))
+    const bool hasIds = localDB_.FieldNames(u"MessageBuffer"_s).contains(u"MessageId"_s, Qt::CaseInsensitive);
+    const QStringList made{
+        u"TABLE IF NOT EXISTS MessageHistory (Id INTEGER PRIMARY KEY, MessageId TEXT NOT NULL, "
+        "Received INTEGER NOT NULL, Unread INTEGER NOT NULL, Person TEXT, Message TEXT, Time REAL)"_s,
+        u"TABLE IF NOT EXISTS MessageAcknowledgements (Id INTEGER PRIMARY KEY, FileId TEXT NOT NULL, "
+        "MessageId TEXT NOT NULL, Kind INTEGER NOT NULL)"_s,
+        u"UNIQUE INDEX IF NOT EXISTS \"MessageHistory.MessageId\" ON MessageHistory (MessageId, Received)"_s,
+        u"INDEX IF NOT EXISTS \"MessageHistory.Unread\" ON MessageHistory (Unread)"_s,
+        u"INDEX IF NOT EXISTS \"MessageAcknowledgements.MessageId\" ON MessageAcknowledgements (MessageId)"_s,
+        u"INDEX IF NOT EXISTS \"MessageBuffer.MessageId\" ON MessageBuffer (MessageId)"_s};
+    const QList<QVariantList> there =
+        localDB_.Select(u"SELECT name FROM sqlite_master WHERE name IN ('MessageHistory', 'MessageAcknowledgements', "
+                        "'MessageHistory.MessageId', 'MessageHistory.Unread', 'MessageAcknowledgements.MessageId', "
+                        "'MessageBuffer.MessageId')"_s,
+                        {}, purpose);
+    if (hasIds && there.size() == made.size())
         return;
 
     dao::Transaction transaction(localDB_, purpose);
-    if (!has[0].toBool())
+    if (!hasIds)
         localDB_.Execute(u"ALTER TABLE MessageBuffer ADD COLUMN MessageId TEXT"_s, {}, purpose);
-    if (!has[1].toBool()) {
-        localDB_.Execute(u"CREATE TABLE MessageHistory (Id INTEGER PRIMARY KEY, MessageId TEXT NOT NULL, "
-                         "Received INTEGER NOT NULL, Unread INTEGER NOT NULL, Person TEXT, Message TEXT, Time REAL)"_s,
-                         {}, purpose);
-        localDB_.Execute(u"CREATE UNIQUE INDEX \"MessageHistory.MessageId\" ON MessageHistory (MessageId, Received)"_s,
-                         {}, purpose);
-    }
-    if (!has[2].toBool()) {
-        localDB_.Execute(u"CREATE TABLE MessageAcknowledgements (Id INTEGER PRIMARY KEY, FileId TEXT NOT NULL, "
-                         "MessageId TEXT NOT NULL, Kind INTEGER NOT NULL)"_s,
-                         {}, purpose);
-    }
+    for (const QString &what : made)
+        localDB_.Execute(u"CREATE "_s % what, {}, purpose);
     transaction.Commit();
 }
 
@@ -139,8 +138,9 @@ QList<BufferRow> Mail::Buffer()
 {
     QList<BufferRow> rows;
     for (const QVariantList &row :
-         localDB_.Select(u"SELECT Id, \"To\", Message FROM MessageBuffer ORDER BY Id"_s, {}, u"reading the outbox"_s))
-        rows.append({row[0].toLongLong(), row[1].toString(), row[2].toString()});
+         localDB_.SelectRows({u"MessageBuffer"_s, {u"Id"_s, u"\"To\""_s, u"Message"_s}}, u"reading the outbox"_s))
+        rows.append({row[0].toLongLong(), FirstCharactersOf(row[1], Presence::longestName),
+                     FirstCharactersOf(row[2], Poll::longestMessage)});
     return rows;
 }
 
@@ -168,9 +168,10 @@ Poll::Request Mail::MakeRequest(const QString &user, const QDateTime &now)
     Poll::Request request{user, now, {}, ReadAcknowledgements(localDB_)};
     QList<qint64> withoutId;
     for (const QVariantList &row :
-         localDB_.Select(u"SELECT Id, \"To\", Message, MessageId FROM MessageBuffer ORDER BY Id"_s, {},
-                         u"reading what is to be sent"_s)) {
-        const Poll::OutgoingMessage message{row[3].toString(), row[1].toString().trimmed(), row[2].toString()};
+         localDB_.SelectRows({u"MessageBuffer"_s, {u"Id"_s, u"\"To\""_s, u"Message"_s, u"MessageId"_s}},
+                             u"reading what is to be sent"_s)) {
+        const Poll::OutgoingMessage message{row[3].toString(), row[1].toString().trimmed(),
+                                            FirstCharacters(row[2].toString(), Poll::longestMessage)};
         if (IsBlank(message.to) || IsBlank(message.message))
             continue;
         if (message.id.isEmpty())
@@ -183,16 +184,17 @@ Poll::Request Mail::MakeRequest(const QString &user, const QDateTime &now)
     return MakeRequest(user, now);
 }
 
-void Mail::Take(const Poll::News &news, const QDateTime &now)
+bool Mail::Take(const Poll::News &news, const QDateTime &now)
 {
     if (news.acknowledged.isEmpty() && news.incoming.isEmpty() && news.delivered.isEmpty())
-        return;
+        return false;
     dao::Transaction transaction(localDB_, u"taking in what a look at the company database gave"_s);
     for (const Poll::Acknowledgement &acknowledged : news.acknowledged)
         ForgetAcknowledgement(localDB_, acknowledged);
+    QList<UnreadMessage> taken;
     for (const Poll::IncomingMessage &message : news.incoming) {
-        if (!IsBlank(message.message))
-            TakeIn(localDB_, message, now);
+        if (!IsBlank(message.message) && TakeIn(localDB_, message, now))
+            taken.append(message);
         RememberAcknowledgement(localDB_, news.fileId, message.id, Of::Message);
     }
     for (const QString &messageId : news.delivered) {
@@ -201,31 +203,41 @@ void Mail::Take(const Poll::News &news, const QDateTime &now)
     }
     Trim(localDB_);
     transaction.Commit();
+    if (unread_)
+        unread_->append(taken);
+    return !taken.isEmpty() || !news.delivered.isEmpty();
 }
 
-QList<UnreadMessage> Mail::Unread()
+const QList<UnreadMessage> &Mail::Unread()
 {
+    if (unread_)
+        return *unread_;
     QList<UnreadMessage> messages;
-    for (const QVariantList &row :
-         localDB_.Select(u"SELECT MessageId, Person, Message FROM MessageHistory WHERE Unread <> 0 ORDER BY Id"_s, {},
-                         u"reading the unread messages"_s))
-        messages.append({row[0].toString(), row[1].toString(), row[2].toString()});
-    return messages;
+    for (const QVariantList &row : localDB_.SelectRows({.table = u"MessageHistory"_s,
+                                   .fields = {u"MessageId"_s, u"Person"_s, u"Message"_s},
+                                   .where = u"Unread <> 0"_s},
+                                                       u"reading the unread messages"_s))
+        messages.append({row[0].toString(), row[1].toString(), FirstCharactersOf(row[2], Poll::longestMessage)});
+    return unread_.emplace(std::move(messages));
 }
 
 void Mail::MarkRead(const QString &id)
 {
     localDB_.Execute(u"UPDATE MessageHistory SET Unread = 0 WHERE MessageId = ? AND Unread <> 0"_s, {id},
                      u"marking a message as read"_s);
+    if (unread_)
+        unread_->removeIf([&id](const UnreadMessage &message) { return message.id == id; });
 }
 
 QList<HistoryRow> Mail::History()
 {
     QList<HistoryRow> rows;
-    for (const QVariantList &row :
-         localDB_.Select(u"SELECT Received, Person, Message, Time FROM MessageHistory ORDER BY Id DESC LIMIT ?"_s,
-                         {keptInHistory}, u"reading the messages' history"_s))
-        rows.append({row[0].toInt() != 0, row[1].toString(), row[2].toString(),
+    for (const QVariantList &row : localDB_.SelectRows({.table = u"MessageHistory"_s,
+                                   .fields = {u"Received"_s, u"Person"_s, u"Message"_s, u"Time"_s},
+                                   .newestFirst = true,
+                                   .limit = keptInHistory},
+                                                       u"reading the messages' history"_s))
+        rows.append({row[0].toInt() != 0, row[1].toString(), FirstCharactersOf(row[2], Poll::longestMessage),
                      dao::ReadDateField(row[3]).value_or(QDateTime())});
     return rows;
 }

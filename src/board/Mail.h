@@ -7,13 +7,13 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
+
 namespace dao {
 class Database;
 }
 
-constexpr qsizetype longestMessage = 90; // characters, with the date before it
-
-// "Sat 15:07 - text", cut to `longestMessage`.
+// "Sat 15:07 - text", cut to Poll::longestMessage.
 QString ComposedMessage(const QString &text, const QDateTime &now);
 
 // A row of "MessageBuffer". Only one with both texts is sent; the others are kept.
@@ -55,12 +55,14 @@ public:
 
     // What a poll needs, and what to make of its answer, in one transaction.
     Poll::Request MakeRequest(const QString &user, const QDateTime &now);
-    void Take(const Poll::News &news, const QDateTime &now);
+    bool Take(const Poll::News &news, const QDateTime &now); // whether a message was new, or one has left the outbox
 
-    QList<UnreadMessage> Unread(); // the oldest first; they stay so until they are marked, whatever ends the program
+    const QList<UnreadMessage> &
+    Unread(); // the oldest first; they stay so until they are marked, whatever ends the program
     void MarkRead(const QString &id);
     QList<HistoryRow> History(); // the last 200, the newest first
 
 private:
     dao::Database &localDB_;
+    std::optional<QList<UnreadMessage>> unread_; // as the file has them; read again where a change of it failed
 };

@@ -7,6 +7,7 @@
 #include "platform/dao/Error.h"
 #include "platform/forms/ControlTypes.h"
 #include "platform/forms/Prompts.h"
+#include "platform/forms/ShownText.h"
 #include "platform/system/TimeSource.h"
 #include "ui_Message.h"
 
@@ -81,6 +82,7 @@ Message::Message(FormServices &services, Prompts &prompts, dao::Database &localD
     SetUpGrids();
     SetUpAnchors();
     ui_->MessageTo->completer()->setCompletionMode(QCompleter::PopupCompletion); // in place, "Al" would become "All"
+    ShowItemsSafely(*ui_->MessageTo);
     RegisterControls();
     auto messageData = std::make_unique<DataControl>(QStringLiteral("MessageData"));
     messageData_ = messageData.get();
@@ -173,7 +175,7 @@ void Message::ClearBoxes()
 void Message::Begin(const QString &recipient)
 {
     const qsizetype prefix = ComposedMessage({}, time_.Now()).size();
-    ui_->MessageText->setMaxLength(static_cast<int>(longestMessage - prefix));
+    ui_->MessageText->setMaxLength(static_cast<int>(Poll::longestMessage - prefix));
     ui_->MessageTo->setEditText(recipient);
     ui_->MessageText->clear();
     MessageText_Change();
@@ -385,5 +387,5 @@ void Message::ShowUnstored()
 
 void Message::Say(const QString &text)
 {
-    ui_->StatusLabel->setText(text);
+    ui_->StatusLabel->setText(ShownText(text)); // it may name a person
 }

@@ -5,7 +5,7 @@
 
 void MessageCells::initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const
 {
-    QStyledItemDelegate::initStyleOption(option, index);
+    ShownTextDelegate::initStyleOption(option, index);
     option->features.setFlag(QStyleOptionViewItem::WrapText, index.column() != columnOfNames_);
 }
 
@@ -16,7 +16,7 @@ QWidget *BufferCells::createEditor(QWidget *parent, const QStyleOptionViewItem &
     auto *editor = new QLineEdit(parent);
     editor->setFrame(false);
     if (index.column() == BufferModel::messageColumn)
-        editor->setMaxLength(longestMessage);
+        editor->setMaxLength(Poll::longestMessage);
     KeepWholeCharacters(*editor);
     return editor;
 }

@@ -1,14 +1,14 @@
 #pragma once
 
-#include <QStyledItemDelegate>
+#include "platform/forms/ShownText.h"
 
 // Shows names on one line; messages may take more.
-class MessageCells : public QStyledItemDelegate
+class MessageCells : public ShownTextDelegate
 {
     Q_OBJECT
 
 public:
-    MessageCells(int columnOfNames, QObject *parent) : QStyledItemDelegate(parent), columnOfNames_(columnOfNames) {}
+    MessageCells(int columnOfNames, QObject *parent) : ShownTextDelegate(parent), columnOfNames_(columnOfNames) {}
 
 protected:
     void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override;

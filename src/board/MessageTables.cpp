@@ -1,6 +1,8 @@
 #include "board/MessageTables.h"
 
+#include "board/Presence.h"
 #include "platform/dao/Database.h"
+#include "platform/dao/Error.h"
 #include "platform/dao/TableDef.h"
 
 #include <QSqlQuery>
@@ -21,8 +23,8 @@ bool IsMessageTable(const QStringList &fields)
     return HasField(fields, u"From"_s) && HasField(fields, u"Message"_s);
 }
 
-// The engine refuses tables of the first kind; those of the second would hide its own functions from all copies.
-bool BelongsToTheEngine(const QString &name)
+// SQLite refuses tables of the first kind; those of the second would hide its own functions from other programs.
+bool BelongsToSQLite(const QString &name)
 {
     return name.startsWith("sqlite_"_L1, Qt::CaseInsensitive) || name.startsWith("pragma_"_L1, Qt::CaseInsensitive);
 }
@@ -52,11 +54,13 @@ std::optional<QString> MessageTables::Make(const QString &user)
 {
     const QString key = user.toUpper();
     if (!names_.contains(key)) {
-        if (user.isEmpty() || user.contains(QChar::Null) || BelongsToTheEngine(user))
+        if (user.isEmpty() || user.contains(QChar::Null) || BelongsToSQLite(user)
+            || user.size() > Presence::longestName)
             return std::nullopt;
         database_.CreateTableDef(
             {user, {{u"From"_s, u"TEXT"_s, true}, {u"Message"_s, u"TEXT"_s}, {u"MessageId"_s, u"TEXT"_s}}, {}});
         names_.insert(key, user);
+        MakeIndex(user);
         return user;
     }
     const QString name = names_.value(key);
@@ -66,7 +70,26 @@ std::optional<QString> MessageTables::Make(const QString &user)
     if (!HasField(fields, u"MessageId"_s))
         database_.Execute(u"ALTER TABLE "_s % dao::Quoted(name) % u" ADD COLUMN MessageId TEXT"_s, {},
                           u"adding the ids of messages"_s);
+    MakeIndex(name);
     return name;
+}
+
+// Where thousands of messages wait, each would be looked for among all.
+void MessageTables::MakeIndex(const QString &table)
+{
+    const QString index = table % u".MessageId"_s;
+    if (names_.contains(index.toUpper()))
+        return;
+    try {
+        database_.Execute(u"CREATE INDEX IF NOT EXISTS "_s % dao::Quoted(index) % u" ON "_s % dao::Quoted(table)
+                              % u" (MessageId)"_s,
+                          {}, u"making an index of messages"_s);
+        names_.insert(index.toUpper(), {});
+    } catch (const dao::Error &error) {
+        // One that another program has put there may be too large for it. Without an index it is only slower.
+        if (error.Kind() != dao::ErrorKind::TooLarge)
+            throw;
+    }
 }
 
 void MessageTables::DropEmpty(const QString &user)

@@ -21,12 +21,14 @@ public:
     // The table's name as the file spells it; nothing when there is none.
     std::optional<QString> Find(const QString &user) const;
     // The same, made if it is missing, and given the field "MessageId" if it lacks it. Nothing when this user can't
-    // have one: the name belongs to something else in the file, or to the engine.
+    // have one: the name belongs to something else in the file, or to SQLite, or is too long.
     std::optional<QString> Make(const QString &user);
     // Drops the table if it is empty.
     void DropEmpty(const QString &user);
 
 private:
+    void MakeIndex(const QString &table);
+
     dao::Database &database_;
     QHash<QString, QString> names_; // of tables, by the name in upper case; an empty one where something else bears it
 };

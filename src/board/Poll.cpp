@@ -1,12 +1,11 @@
 #include "board/Poll.h"
 
 #include "board/MessageTables.h"
+#include "board/ShortText.h"
 #include "platform/dao/Database.h"
 #include "platform/dao/TableDef.h"
 
 #include <QLoggingCategory>
-#include <QSqlQuery>
-#include <QSqlRecord>
 #include <QStringBuilder>
 #include <QUuid>
 
@@ -23,24 +22,13 @@ Q_LOGGING_CATEGORY(log, "stemp.board")
 const QString receipts = u":Receipts"_s;
 const QString fileTable = u":File"_s;
 
-FileVersion ReadVersion(dao::Database &database)
-{
-    const QVariantList row =
-        database
-            .Select(u"SELECT data_version, schema_version, total_changes() FROM pragma_data_version, "
-                    "pragma_schema_version"_s,
-                    {}, u"looking whether the file has changed"_s)
-            .constFirst();
-    return {row[0].toLongLong(), row[1].toLongLong(), row[2].toLongLong()};
-}
-
 QHash<QString, QString> ByUpperName(const QList<Presence::UserRow> &users)
 {
     QHash<QString, QString> names;
     names.reserve(users.size());
     for (const Presence::UserRow &row : users)
         if (const QString name = row.user.toUpper();
-            !names.contains(name)) // of two rows for one person the first counts
+            row.isNamed && !names.contains(name)) // of two rows for one person the first counts
             names.insert(name, row.user);
     return names;
 }
@@ -49,31 +37,30 @@ struct OwnMessages
 {
     QList<IncomingMessage> messages; // those that have an id
     QList<qint64> rowsWithoutId;
+    bool isPart = false; // more may stand behind them
 };
 
-// The table may lack the field of the ids, and an Id of its rows.
+// The oldest ones. The table may lack the field of the ids, and an Id of its rows.
 OwnMessages ReadMessages(dao::Database &database, const QString &table)
 {
-    struct Columns
-    {
-        int id, from, message;
+    const bool hasIds = database.FieldNames(table).contains(u"MessageId"_s, Qt::CaseInsensitive);
+    const auto cut = [](const QString &field, qsizetype length) {
+        return u"substr(%1, 1, %2)"_s.arg(field).arg(length);
     };
+    const QStringList fields{u"rowid"_s, hasIds ? u"MessageId"_s : u"NULL"_s, cut(u"\"From\""_s, Presence::longestName),
+                             cut(u"Message"_s, longestMessage)};
     OwnMessages own;
-    std::optional<Columns> columns;
-    database.ForEach(
-        u"SELECT rowid, * FROM "_s % dao::Quoted(table) % u" ORDER BY rowid"_s, {}, u"reading the own messages"_s,
-        [&](const QSqlQuery &query) {
-            if (!columns) {
-                const QSqlRecord record = query.record();
-                columns = {record.indexOf(u"MessageId"_s), record.indexOf(u"From"_s), record.indexOf(u"Message"_s)};
-            }
-            const QString id = columns->id < 0 ? QString() : query.value(columns->id).toString();
-            if (id.isEmpty())
-                own.rowsWithoutId.append(query.value(0).toLongLong());
-            else
-                own.messages.append(
-                    {id, query.value(columns->from).toString(), query.value(columns->message).toString()});
-        });
+    const QList<QVariantList> rows =
+        database.SelectRows({.table = table, .fields = fields, .limit = mostMessages}, u"reading the own messages"_s);
+    for (const QVariantList &row : rows) {
+        const QString id = row[1].toString();
+        if (id.isEmpty())
+            own.rowsWithoutId.append(row[0].toLongLong());
+        else
+            own.messages.append(
+                {id, FirstCharactersOf(row[2], Presence::longestName), FirstCharactersOf(row[3], longestMessage)});
+    }
+    own.isPart = rows.size() == mostMessages;
     return own;
 }
 
@@ -108,7 +95,7 @@ private:
     News Write();
     void Acknowledge(News &news, const QString &ownTable);
     bool Deliver(const OutgoingMessage &message, MessageTables &tables, Memory &next);
-    QList<IncomingMessage> TakeMessages(const QString &ownTable);
+    OwnMessages TakeMessages(const QString &ownTable);
     void Sign(QList<Presence::UserRow> &users, const QString &ownName);
 
     dao::Database &database_;
@@ -124,7 +111,7 @@ News Look::Run()
         memory_.connection = database_.Number();
     }
     Memory next = memory_;
-    next.version = ReadVersion(database_); // before what it stands for: what changes from now on is read the next time
+    next.version = database_.Version(); // before what it stands for: what changes from now on is read the next time
     bool writes = IsWriteDue(next);
     if (!writes && next.version == memory_.version)
         return {};
@@ -168,13 +155,15 @@ bool Look::IsWriteDue(const Memory &known) const
 // Without writing. True when something is to be made or completed: the own table, or ids of messages.
 bool Look::Read(News &news, Memory &next)
 {
+    const dao::Transaction transaction(database_, u"looking at the users"_s, dao::Transaction::For::Reading);
     Presence::UsersAndJobs read = Presence::ReadUsersAndJobs(database_);
     next.users = ByUpperName(read.users);
     news.changed = true;
     news.users = std::move(read.users);
     news.jobsMark = std::move(read.jobsMark);
 
-    if (next.version.schema != memory_.version.schema) {
+    next.schema = database_.SchemaVersion();
+    if (next.schema != memory_.schema) {
         next.ownTable = MessageTables(database_).Find(request_.user).value_or(QString());
         next.withoutTable.clear();
     }
@@ -214,18 +203,27 @@ News Look::Write()
         next.withoutTable.insert(user_);
 
     Acknowledge(news, next.ownTable);
-    for (const OutgoingMessage &message : request_.outbox)
+    for (const OutgoingMessage &message : request_.outbox) {
+        news.moreWait = news.delivered.size() == mostDelivered;
+        if (news.moreWait)
+            break;
         if (Deliver(message, tables, next))
             news.delivered.append(message.id);
-    if (!next.ownTable.isEmpty())
-        news.incoming = TakeMessages(next.ownTable);
+    }
+    if (!next.ownTable.isEmpty()) {
+        const OwnMessages own = TakeMessages(next.ownTable);
+        news.incoming = own.messages;
+        news.moreWait = news.moreWait || own.isPart;
+    }
     if (isUser)
         Sign(read.users, ownName);
     news.users = std::move(read.users);
 
     next.lastSign = request_.now;
-    next.version = ReadVersion(database_); // nobody else can have changed anything meanwhile
+    next.version = database_.Version(); // nobody else can have changed anything meanwhile
+    next.schema = database_.SchemaVersion();
     transaction.Commit();
+    next.version.ownCommits = database_.OwnCommits();
     memory_ = next;
     return news;
 }
@@ -237,8 +235,8 @@ void Look::Acknowledge(News &news, const QString &ownTable)
             continue;
         const QString table = acknowledgement.of == Acknowledgement::Of::Receipt ? receipts : ownTable;
         if (!table.isEmpty())
-            database_.Execute(u"DELETE FROM "_s % dao::Quoted(table) % u" WHERE MessageId = ?"_s,
-                              {acknowledgement.messageId}, u"deleting what has arrived"_s);
+            database_.ExecuteOnLarge(u"DELETE FROM "_s % dao::Quoted(table) % u" WHERE MessageId = ?"_s,
+                                     {acknowledgement.messageId}, u"deleting what has arrived"_s);
         news.acknowledged.append(acknowledgement);
     }
 }
@@ -280,21 +278,19 @@ bool Look::Deliver(const OutgoingMessage &message, MessageTables &tables, Memory
     return true;
 }
 
-QList<IncomingMessage> Look::TakeMessages(const QString &ownTable)
+OwnMessages Look::TakeMessages(const QString &ownTable)
 {
     OwnMessages own = ReadMessages(database_, ownTable);
     for (const qint64 row : std::as_const(own.rowsWithoutId))
-        database_.Execute(u"UPDATE "_s % dao::Quoted(ownTable) % u" SET MessageId = ? WHERE rowid = ?"_s,
-                          {RandomId(), row}, u"giving a message an id"_s);
-    if (!own.rowsWithoutId.isEmpty())
-        own = ReadMessages(database_, ownTable);
-    return own.messages;
+        database_.ExecuteOnLarge(u"UPDATE "_s % dao::Quoted(ownTable) % u" SET MessageId = ? WHERE rowid = ?"_s,
+                                 {RandomId(), row}, u"giving a message an id"_s);
+    return own.rowsWithoutId.isEmpty() ? own : ReadMessages(database_, ownTable);
 }
 
 void Look::Sign(QList<Presence::UserRow> &users, const QString &ownName)
 {
-    database_.Execute(u"UPDATE Users SET LastSign = ? WHERE \"User\" = ?"_s, {request_.now, ownName},
-                      u"writing a sign of life"_s);
+    database_.ExecuteOnLarge(u"UPDATE Users SET LastSign = ? WHERE \"User\" = ?"_s, {request_.now, ownName},
+                             u"writing a heartbeat"_s);
     for (Presence::UserRow &row : users)
         if (row.user == ownName)
             row.lastSign = request_.now;

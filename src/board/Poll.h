@@ -1,6 +1,7 @@
 #pragma once
 
 #include "board/Presence.h"
+#include "platform/dao/Database.h"
 #include "platform/dao/Error.h"
 
 #include <QDateTime>
@@ -27,6 +28,12 @@
 // Each file has an id of its own, in its table ":File": what is to be acknowledged in one file is never looked for in
 // another. The names of these tables can't be those of users.
 namespace Poll {
+
+// Of one look, so that none takes long, however many wait.
+constexpr int mostMessages = 200;
+constexpr int mostDelivered = 2000;
+
+constexpr qsizetype longestMessage = 90; // characters, with the date before the text
 
 QString RandomId(); // for a message; no other ever gets the same
 
@@ -69,39 +76,33 @@ struct News
 {
     bool changed = false; // else nothing happened since the last look, and all that follows is empty
     QList<Presence::UserRow> users;
-    QString jobsMark; // another one: jobs were added or deleted
+    QString jobsMark; // another one: jobs were added, deleted or renamed
     QString fileId;   // empty when the file could not be written yet: then there are no incoming messages, either
-    QList<IncomingMessage> incoming; // all in the own table that have an id, the oldest first; also those taken before
-    QStringList delivered;           // ids of the outbox; what is not among them stays queued
+    // The oldest `mostMessages` in the own table, each cut to what can be written; also those taken before.
+    QList<IncomingMessage> incoming;
+    QStringList delivered; // ids of the outbox, at most `mostDelivered`; what is not among them stays queued
     QList<Acknowledgement> acknowledged;    // need not be remembered any longer
     std::optional<dao::Error> refusedWrite; // the file could be read, not written
-};
-
-// Tells whether a file was changed, by whichever connection, the own one included.
-struct FileVersion
-{
-    qint64 data = -1;
-    qint64 schema = -1;
-    qint64 ownChanges = -1;
-    bool operator==(const FileVersion &) const = default;
+    bool moreWait = false;                  // to be taken or delivered by the next look
 };
 
 // What is remembered from one look at a file to the next. Belongs to the thread of the file.
 struct Memory
 {
     quint64 connection = 0;        // the memory of another connection is worth nothing
-    FileVersion version;           // that of which everything was read
+    dao::FileVersion version;      // that of which everything was read
+    qint64 schema = -1;            // of which the own table was looked for
     QHash<QString, QString> users; // as the file spells them, by the name in upper case
     QSet<QString> withoutTable;    // users, in upper case, who have no table, or one that refuses messages
     QString fileId;
     QString ownTable;   // empty: there is none
-    QDateTime lastSign; // when the own sign of life was written; invalid until then
+    QDateTime lastSign; // when the own heartbeat was written; invalid until then
 };
 
 QString ReadFileId(dao::Database &database); // empty when it has none yet; throws dao::Error
 
-// One statement when the file has not changed, nothing can be delivered or acknowledged, and the own sign of life is
-// less than a minute old; two reads when only the file has changed. Throws dao::Error when the file can't be read; what
+// One statement when the file has not changed, nothing can be delivered or acknowledged, and the own heartbeat is
+// less than a minute old; only reads when only the file has changed. Throws dao::Error when the file can't be read; what
 // could not be written is in News::refusedWrite.
 News Run(dao::Database &database, Memory &memory, const Request &request);
 

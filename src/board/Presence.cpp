@@ -4,9 +4,8 @@
 #include "board/ShortText.h"
 #include "platform/dao/Database.h"
 #include "platform/dao/DateValue.h"
+#include "platform/dao/Error.h"
 
-#include <QSqlQuery>
-#include <QSqlRecord>
 #include <QStringBuilder>
 
 #include <algorithm>
@@ -16,11 +15,6 @@ using namespace Qt::Literals::StringLiterals;
 namespace Presence {
 
 namespace {
-
-// One row; beside max() stand the fields of the newest job.
-const QString jobsMark =
-    u"(SELECT coalesce(count(*) || ' ' || max(rowid) || ' ' || JobID || ' ' || coalesce(JobName, ''), '') "
-    "AS JobsMark FROM Projects)"_s;
 
 std::optional<UserRow> FindRow(const QList<UserRow> &rows, QString UserRow::*field, const QString &name)
 {
@@ -42,35 +36,6 @@ QStringList MissingFields(dao::Database &database)
     return missing;
 }
 
-// Reads from `source`, which has the fields of "Users" and may have one named "JobsMark".
-UsersAndJobs ReadFrom(dao::Database &database, const QString &source)
-{
-    struct Columns
-    {
-        int user, fullName, state, comment, lastSign, login, jobsMark;
-    };
-    UsersAndJobs read;
-    std::optional<Columns> columns;
-    database.ForEach(
-        u"SELECT * FROM "_s % source % u" ORDER BY \"User\""_s, {}, u"reading the users"_s,
-        [&](const QSqlQuery &query) {
-            const auto field = [&query](int column) { return column < 0 ? QVariant() : query.value(column); };
-            if (!columns) {
-                const QSqlRecord record = query.record();
-                columns = {record.indexOf(u"User"_s),    record.indexOf(u"FullName"_s), record.indexOf(u"State"_s),
-                           record.indexOf(u"Comment"_s), record.indexOf(u"LastSign"_s), record.indexOf(u"Login"_s),
-                           record.indexOf(u"JobsMark"_s)};
-                read.jobsMark = field(columns->jobsMark).toString();
-            }
-            const QVariant user = field(columns->user);
-            if (!user.isNull())
-                read.users.append({user.toString(), field(columns->fullName).toString(), field(columns->state).toInt(),
-                                   field(columns->comment).toString(), dao::ReadDateField(field(columns->lastSign)),
-                                   field(columns->login).toString()});
-        });
-    return read;
-}
-
 } // namespace
 
 bool SameName(const QString &a, const QString &b)
@@ -80,20 +45,58 @@ bool SameName(const QString &a, const QString &b)
 
 QList<UserRow> ReadUsers(dao::Database &database)
 {
-    return ReadFrom(database, u"Users"_s).users;
+    const QStringList there = database.FieldNames(u"Users"_s);
+    const auto ifThere = [&there](const QString &field, const QString &expression) {
+        return there.contains(field, Qt::CaseInsensitive) ? expression : u"NULL"_s;
+    };
+    const auto cut = [&](const QString &field, qsizetype length) {
+        return ifThere(field, u"substr(%1, 1, %2)"_s.arg(field).arg(length));
+    };
+    constexpr int user = 1;
+    const QStringList fields{u"rowid"_s,
+                             u"\"User\""_s,
+                             cut(u"FullName"_s, longestName),
+                             ifThere(u"State"_s, u"State"_s),
+                             cut(u"Comment"_s, longestComment),
+                             ifThere(u"LastSign"_s, u"LastSign"_s),
+                             cut(u"Login"_s, longestName)};
+    QList<UserRow> users;
+    for (const QVariantList &row : database.SelectRows({u"Users"_s, fields, user}, u"reading the users"_s)) {
+        if (row[user].isNull())
+            continue;
+        UserRow &read = users.emplaceBack();
+        read.row = row[0].toLongLong();
+        read.isNamed = !dao::IsTooLarge(row[user]);
+        read.user = read.isNamed ? row[user].toString() : u"(too large, row %1)"_s.arg(read.row);
+        read.fullName = row[2].toString();
+        read.state = row[3].toInt();
+        read.comment = FirstCharactersOf(row[4], longestComment);
+        read.lastSign = dao::ReadDateField(row[5]);
+        read.login = row[6].toString();
+    }
+    return users;
 }
 
 UsersAndJobs ReadUsersAndJobs(dao::Database &database)
 {
-    return ReadFrom(database, jobsMark % u" LEFT JOIN Users"_s); // a mark comes without users, too
+    return {ReadUsers(database), ReadJobsMark(database)};
 }
 
 QString ReadJobsMark(dao::Database &database)
 {
-    return database.Select(u"SELECT JobsMark FROM "_s % jobsMark, {}, u"looking for changes of the job list"_s)
-        .value(0)
-        .value(0)
-        .toString();
+    const QString purpose = u"looking for changes of the job list"_s;
+    try {
+        return QString::number(database.Checksum(u"SELECT JobID, JobName FROM Projects"_s, purpose));
+    } catch (const dao::Error &error) {
+        if (error.Kind() != dao::ErrorKind::TooLarge)
+            throw;
+    }
+    size_t sum = 1;
+    for (const QVariantList &row :
+         database.SelectRows({u"Projects"_s, {u"rowid"_s, u"JobID"_s, u"JobName"_s}}, purpose))
+        for (const QVariant &value : row)
+            sum = qHash(value.toString(), sum);
+    return QString::number(sum);
 }
 
 std::pair<qint64, qint64> CountUsersAndJobs(dao::Database &database)
@@ -138,10 +141,10 @@ void AddSelfToUsers(dao::Database &database, const QString &user, const QString 
         database.Insert(u"INSERT INTO Users (\"User\", FullName, Login) VALUES (?, ?, ?)"_s,
                         {user, orNull(fullName), orNull(login)}, purpose);
     else if (!isKnown(*row))
-        database.Execute(u"UPDATE Users SET FullName = ?, Login = ? WHERE \"User\" = ?"_s,
-                         {orNull(row->fullName.isEmpty() ? fullName : row->fullName),
-                          orNull(row->login.isEmpty() ? login : row->login), row->user},
-                         purpose);
+        database.ExecuteOnLarge(u"UPDATE Users SET FullName = ?, Login = ? WHERE \"User\" = ?"_s,
+                                {orNull(row->fullName.isEmpty() ? fullName : row->fullName),
+                                 orNull(row->login.isEmpty() ? login : row->login), row->user},
+                                purpose);
     MessageTables(database).Make(row ? row->user : user);
     transaction.Commit();
 }
@@ -151,8 +154,8 @@ void WriteState(dao::Database &database, const QString &user, State state)
     const int value = static_cast<int>(state);
     const std::optional<UserRow> row = FindRow(ReadUsers(database), &UserRow::user, user);
     if (row && row->state != value)
-        database.Execute(u"UPDATE Users SET State = ? WHERE \"User\" = ?"_s, {value, row->user},
-                         u"writing a user's state"_s);
+        database.ExecuteOnLarge(u"UPDATE Users SET State = ? WHERE \"User\" = ?"_s, {value, row->user},
+                                u"writing a user's state"_s);
 }
 
 void WriteComment(dao::Database &database, const QString &user, const QString &comment)
@@ -160,8 +163,8 @@ void WriteComment(dao::Database &database, const QString &user, const QString &c
     const QString value = FirstCharacters(comment, longestComment);
     const std::optional<UserRow> row = FindRow(ReadUsers(database), &UserRow::user, user);
     if (row && row->comment != value)
-        database.Execute(u"UPDATE Users SET Comment = ? WHERE \"User\" = ?"_s, {value, row->user},
-                         u"writing a user's status"_s);
+        database.ExecuteOnLarge(u"UPDATE Users SET Comment = ? WHERE \"User\" = ?"_s, {value, row->user},
+                                u"writing a user's status"_s);
 }
 
 void DeleteUser(dao::Database &database, const QString &user)
@@ -170,7 +173,7 @@ void DeleteUser(dao::Database &database, const QString &user)
     int deleted = 0;
     for (const UserRow &row : ReadUsers(database))
         if (SameName(row.user, user))
-            deleted += database.Execute(u"DELETE FROM Users WHERE \"User\" = ?"_s, {row.user}, u"deleting a user"_s);
+            deleted += database.ExecuteOnLarge(u"DELETE FROM Users WHERE rowid = ?"_s, {row.row}, u"deleting a user"_s);
     if (deleted == 0)
         return;
     MessageTables(database).DropEmpty(user);

@@ -19,8 +19,9 @@ namespace Presence {
 enum class State { In = -1, Out = 0, Off = 1 };
 
 constexpr qsizetype longestComment = 80; // characters
+constexpr qsizetype longestName = 255;   // of whom messages can be sent to; no identity is as long
 
-constexpr std::chrono::seconds signPeriod{60}; // between two signs of life of a copy that polls
+constexpr std::chrono::seconds signPeriod{60}; // between two heartbeats of a copy that polls
 
 struct UserRow
 {
@@ -30,21 +31,23 @@ struct UserRow
     QString comment;
     // Of life, by the clock of that person's machine; nothing when that copy writes none.
     std::optional<QDateTime> lastSign;
-    QString login = {}; // empty where it is not known
+    QString login = {};  // empty where it is not known
+    qint64 row = 0;      // as long as the transaction lasts
+    bool isNamed = true; // false: the name is too large to be read, and `user` says so
 };
 
 // The file's own comparison knows only the letters A to Z, so people are compared here.
 bool SameName(const QString &a, const QString &b);
 
-// All users, in the order of the index "User". The table may lack all fields but "User".
+// All users, in the order of the index "User". The table may lack all fields but "User". Comments are cut to `longestComment`.
 QList<UserRow> ReadUsers(dao::Database &database);
 
 struct UsersAndJobs
 {
     QList<UserRow> users;
-    QString jobsMark; // another one: jobs were added or deleted
+    QString jobsMark; // another one: jobs were added, deleted or renamed
 };
-// The same with a mark of the job list, by one statement.
+// The same with a mark of the job list.
 UsersAndJobs ReadUsersAndJobs(dao::Database &database);
 QString ReadJobsMark(dao::Database &database);
 std::pair<qint64, qint64> CountUsersAndJobs(dao::Database &database);

@@ -1,6 +1,18 @@
 #include "clock/JobLists.h"
 
+#include "clock/JobItem.h"
 #include "platform/dao/Database.h"
+#include "platform/dao/Error.h"
+
+#include <QLoggingCategory>
+
+namespace {
+
+Q_LOGGING_CATEGORY(log, "stemp.clock")
+
+const QString tooLargeName = QStringLiteral("(too large to be read)");
+
+} // namespace
 
 const JobList &JobLists::Current() const
 {
@@ -25,8 +37,26 @@ const JobList &JobLists::Of(ListMode mode) const
 
 QStringList ReadProjects(dao::Database &database)
 {
-    // Put together where they are read, as JobItemText does.
-    return database.Texts(
-        QStringLiteral("SELECT ifnull(JobID, '') || ' : ' || ifnull(JobName, '') FROM Projects ORDER BY JobID"),
-        QStringLiteral("reading a job list"));
+    const QString purpose = QStringLiteral("reading a job list");
+    try {
+        // Put together where they are read, as JobItemText does.
+        return database.Texts(
+            QStringLiteral("SELECT ifnull(JobID, '') || ' : ' || ifnull(JobName, '') FROM Projects ORDER BY JobID"),
+            purpose);
+    } catch (const dao::Error &error) {
+        if (error.Kind() != dao::ErrorKind::TooLarge)
+            throw;
+        qCWarning(log).noquote() << error.Text();
+    }
+    const QStringList fields{QStringLiteral("rowid"), QStringLiteral("JobID"), QStringLiteral("JobName")};
+    QStringList items;
+    for (const QVariantList &row : database.SelectRows({QStringLiteral("Projects"), fields, 1}, purpose))
+        items.append(JobItemText(dao::IsTooLarge(row[1]) ? TooLargeId(row[0].toLongLong()) : row[1].toString(),
+                                 dao::IsTooLarge(row[2]) ? tooLargeName : row[2].toString()));
+    return items;
+}
+
+QString TooLargeId(qint64 rowid)
+{
+    return QStringLiteral("(too large, row %1)").arg(rowid);
 }

@@ -23,3 +23,5 @@ struct JobLists
 
 // The job items of a database's table "Projects", ascending by JobID.
 QStringList ReadProjects(dao::Database &database);
+// The id under which that list shows a job whose own id is too large to be read.
+QString TooLargeId(qint64 rowid);

@@ -1,6 +1,7 @@
 #include "clock/Projects.h"
 
 #include "clock/JobList.h"
+#include "clock/JobLists.h"
 #include "platform/dao/Database.h"
 #include "platform/dao/Error.h"
 
@@ -39,8 +40,10 @@ Projects::Creation Projects::AddJob(dao::Database &database, const JobItem &job)
     try {
         dao::Transaction transaction(database, purpose);
         // The index knows only the letters A to Z in both cases, so the ids are compared here.
-        const QStringList ids = database.Texts(u"SELECT JobID FROM Projects"_s, purpose);
-        if (ids.contains(job.id, Qt::CaseInsensitive))
+        const QList<QVariantList> ids = database.SelectRows({u"Projects"_s, {u"JobID"_s}}, purpose);
+        if (std::any_of(ids.cbegin(), ids.cend(), [&job](const QVariantList &row) {
+                return row[0].toString().compare(job.id, Qt::CaseInsensitive) == 0;
+            }))
             return Creation::AlreadyUsed;
         database.Insert(u"INSERT INTO Projects (JobID, JobName) VALUES (?, ?)"_s, {job.id, job.name}, purpose);
         transaction.Commit();
@@ -54,10 +57,15 @@ Projects::Creation Projects::AddJob(dao::Database &database, const JobItem &job)
 
 bool Projects::DeleteJob(dao::Database &database, const QString &item)
 {
-    const qsizetype end = item.indexOf(QStringLiteral(" :"));
+    const qsizetype end = item.indexOf(u" :"_s);
     if (end < 1)
         return false;
-    return database.Execute(QStringLiteral("DELETE FROM Projects WHERE JobID = ?"), {item.left(end)},
-                            QStringLiteral("deleting a company job"))
-           > 0;
+    const QString purpose = u"deleting a company job"_s;
+    const QString id = item.left(end);
+    if (database.ExecuteOnLarge(u"DELETE FROM Projects WHERE JobID = ?"_s, {id}, purpose) > 0)
+        return true;
+    for (const QVariantList &row : database.SelectRows({u"Projects"_s, {u"rowid"_s, u"JobID"_s}}, purpose))
+        if (dao::IsTooLarge(row[1]) && TooLargeId(row[0].toLongLong()) == id)
+            return database.ExecuteOnLarge(u"DELETE FROM Projects WHERE rowid = ?"_s, {row[0]}, purpose) > 0;
+    return false;
 }

@@ -118,7 +118,8 @@ QString JobDatabase::OwnJobsFile() const
 JobDatabase::Finding JobDatabase::FindingOf(const QString &path, const QString &own,
                                             const std::optional<Answer<bool>> &answer)
 {
-    if (!answer || (answer->error && answer->error->Kind() == dao::ErrorKind::Busy)) {
+    const auto failed = [&](dao::ErrorKind kind) { return answer->error && answer->error->Kind() == kind; };
+    if (!answer || failed(dao::ErrorKind::Busy) || failed(dao::ErrorKind::Stopped)) {
         qCWarning(log) << path << "does not answer";
         return {false, true, QDir::cleanPath(path) == QDir::cleanPath(own)};
     }

@@ -11,6 +11,7 @@
 #include <QFileInfo>
 #include <QUuid>
 
+#include <algorithm>
 #include <chrono>
 #include <filesystem>
 
@@ -120,9 +121,14 @@ void Replace(const QString &source, const QString &target, const QString &fileId
 // Each statement reads one state of its table, and no row of the one table refers to the other.
 LocalJobCopy::Snapshot LocalJobCopy::Read(dao::Database &jobDatabase)
 {
-    return {
-        jobDatabase.Select(u"SELECT JobID, JobName FROM Projects ORDER BY JobID"_s, {}, u"reading the jobs to copy"_s),
+    Snapshot snapshot{
+        jobDatabase.SelectRows({u"Projects"_s, {u"JobID"_s, u"JobName"_s}, 0}, u"reading the jobs to copy"_s),
         Presence::ReadUsers(jobDatabase), Poll::ReadFileId(jobDatabase)};
+    // What can't be read has no place in a copy.
+    snapshot.projects.removeIf(
+        [](const QVariantList &job) { return std::any_of(job.cbegin(), job.cend(), dao::IsTooLarge); });
+    snapshot.users.removeIf([](const Presence::UserRow &user) { return !user.isNamed; });
+    return snapshot;
 }
 
 void LocalJobCopy::Write(const QString &blank, const QString &target, const Snapshot &snapshot)

@@ -73,11 +73,13 @@ private slots:
     void SignsAreTimedByTheOwnClock()
     {
         Board board;
-        QList<Presence::UserRow> users = Users({u"Bo"_s});
+        QList<Presence::UserRow> users = Users({u"Bo"_s, u"Cy"_s});
+        users[1].lastSign = now.addDays(1);        // from the future: heard now
         const QDateTime late = now.addSecs(-1200); // as Bo's clock is
         users[0].lastSign = late;
         board.TakeUsers(users, u"ANNA"_s, now);
         QCOMPARE(board.Rows()[0].lastSign, late); // nothing else is known yet
+        QCOMPARE(board.Rows()[1].lastSign, now);
         users[0].lastSign = late.addSecs(60);
         for (int look = 0; look < 2; ++look) {
             board.TakeUsers(users, u"ANNA"_s, now.addSecs(60 + 60 * look));

@@ -3,6 +3,7 @@
 #include "support/RunningCopy.h"
 
 #include <QComboBox>
+#include <QStyledItemDelegate>
 #include <QTableView>
 
 using namespace Qt::Literals::StringLiterals;
@@ -227,6 +228,46 @@ private slots:
         QVERIFY(anna.main.HasEnded());
         const ProgramFolder &folder = *team.folders[u"anna"_s];
         QCOMPARE(folder.Rows(personalFile, u"SELECT Message FROM MessageBuffer"_s), u"half a mess"_s);
+    }
+
+    void PollsAgainForWhatCameMeanwhile()
+    {
+        Team team({u"anna"_s});
+        RunningCopy anna(*team.folders[u"anna"_s], SettableTime().Now(), CompanyLink::Mode::Thread);
+        team.Stop(u"anna"_s);
+        anna.system.login = u"anna"_s;
+        anna.Start();
+        JobDatabase &jobs = anna.program.jobDatabase;
+        QTRY_VERIFY(!jobs.IsPolling());
+        team.company.Sql(companyFile, u"INSERT INTO Users (User) VALUES ('BO')"_s);
+        team.company.Sql(companyFile, u"CREATE TABLE BO (\"From\", Message)"_s);
+        Holder writer(team.company.File(companyFile));
+        anna.Poll(); // waits for the file
+        Mail(anna.program.LocalDB).Queue({u"BO"_s}, u"hi"_s);
+        anna.Poll();
+        writer.LetGo();
+        QTRY_COMPARE(team.company.Rows(companyFile, u"SELECT Message FROM BO"_s), u"hi"_s);
+    }
+
+    void MarksWhatIsNotSeen()
+    {
+        Team team({u"anna"_s});
+        RunningCopy &anna = team[u"anna"_s];
+        const QString evil = u"A\u202eEVIL\u0007"_s;
+        team.company.Sql(companyFile, u"UPDATE Users SET Comment = ?"_s, {evil});
+        team.company.Sql(companyFile, u"INSERT INTO Users (User) VALUES (?)"_s, {evil.repeated(1000)});
+        anna.Poll();
+        const QTableView &grid = *Grid(anna);
+        const auto *cells = qobject_cast<QStyledItemDelegate *>(grid.itemDelegate());
+        const QModelIndex status =
+            grid.model()->index(0, 1).data() == evil ? grid.model()->index(0, 1) : grid.model()->index(1, 1);
+        const QString marked = u"A\ufffdEVIL\ufffd"_s;
+        QCOMPARE(status.data(), evil);
+        QCOMPARE(cells->displayText(status.data(), {}), marked);
+        QVERIFY(status.data(Qt::ToolTipRole).toString().contains(marked));
+        QModelIndex name = status.siblingAtRow(1 - status.row()).siblingAtColumn(0);
+        QVERIFY(name.data() == evil.repeated(1000) && cells->displayText(name.data(), {}).size() < 1100);
+        QVERIFY(!name.data(Qt::ToolTipRole).toString().contains(u'\u202e'));
     }
 
     void BringsAMinimisedBoardBackForANewMessageOnly()

@@ -33,7 +33,7 @@ struct Copy
     QString Unread()
     {
         QString ids;
-        for (const UnreadMessage &unread : mail.Unread())
+        for (const UnreadMessage &unread : Mail(localDB).Unread()) // as the next start reads them
             ids += unread.id + u' ';
         return ids;
     }
@@ -58,6 +58,7 @@ private slots:
                                "WHERE t.type = 'table' ORDER BY t.name, c.cid, x.seqno"_s;
         const QList<QVariantList> complete = copy.Sql(schema);
         copy.Sql(u"DROP TABLE MessageHistory"_s), copy.Sql(u"DROP TABLE MessageAcknowledgements"_s);
+        copy.Sql(u"DROP INDEX \"MessageBuffer.MessageId\""_s);
         copy.Sql(u"ALTER TABLE MessageBuffer DROP COLUMN MessageId"_s);
         copy.Sql(u"INSERT INTO MessageBuffer (\"To\", Message) VALUES ('BO', 'hi'), ('BO', ' '), (NULL, 'note')"_s);
         copy.mail.Prepare();

@@ -177,7 +177,7 @@ private slots:
     void TellsOfWhatDoesNotFit()
     {
         Desk desk(u"Bo"_s);
-        const QString fits(longestMessage - desk.Sent({}).size() - 1, u'x');
+        const QString fits(Poll::longestMessage - desk.Sent({}).size() - 1, u'x');
         QGuiApplication::clipboard()->setText(fits + u"\U0001F600 and more"_s);
         QTest::keyClick(desk.TextBox(), Qt::Key_V, Qt::ControlModifier);
         QVERIFY(desk.SaysSomething());

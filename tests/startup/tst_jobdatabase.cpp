@@ -111,7 +111,7 @@ private slots:
         copy.jobs.AddSelfToUsers();
         copy.jobs.Set_In(); // presence writes are skipped
         copy.jobs.LookForConfigured();
-        QVERIFY(copy.found.isEmpty());
+        QVERIFY(copy.found.isEmpty() && copy.jobs.SoughtPath() == company);
         QCOMPARE(folder.Content(companyFile), content);
         QCOMPARE(folder.Rows(jobsFile, u"SELECT User, State FROM Users"_s), u"ANNA 0"_s);
 
@@ -121,7 +121,7 @@ private slots:
         QCOMPARE(copy.found.value(0).value(0).toString(), company);
         QVERIFY(copy.UsesLocalCopy()); // it is found, not taken
         copy.jobs.Choose(company);
-        QVERIFY(copy.UsesCompany());
+        QVERIFY(copy.UsesCompany() && copy.jobs.SoughtPath().isEmpty());
     }
 
     void SeesWhatOthersDoToTheList()
@@ -140,10 +140,18 @@ private slots:
         QCOMPARE(afterPoll(u"INSERT INTO Projects (JobID) VALUES ('C2')"_s), u"1 C1 : x, C2 : "_s);
         QCOMPARE(afterPoll(u"DELETE FROM Projects WHERE JobID = 'C1'"_s), u"2 C2 : "_s);
         QCOMPARE(afterPoll(u"INSERT INTO Projects (JobID) VALUES ('C3')"_s), u"3 C2 : , C3 : "_s);
-        copy.jobs.ForgetPolls(); // what is told again is not the list: no job came or went
-        QCOMPARE(afterPoll(u"UPDATE Projects SET JobName = 'y' WHERE JobID = 'C2'"_s), u"3 C2 : , C3 : "_s);
-        copy.jobs.FillJobList();
-        QCOMPARE(filled.size(), 3);
+        QCOMPARE(afterPoll(u"UPDATE Projects SET JobName = 'y' WHERE JobID = 'C2'"_s), u"4 C2 : y, C3 : "_s);
+        copy.jobs.ForgetPolls(); // what is told again is not the list
+        QCOMPARE(afterPoll(u"UPDATE Users SET State = 1"_s), u"4 C2 : y, C3 : "_s);
+        dao::Database::OpenDatabase(folder.Company())
+            .ExecuteOnLarge(u"INSERT INTO Projects (JobID, JobName) VALUES ('C4', zeroblob(10000000)), "
+                            "(zeroblob(10000000), '')"_s,
+                            {}, u"a test"_s);
+        QCOMPARE(afterPoll(u"UPDATE Users SET State = 0"_s),
+                 u"5 (too large, row 5) : , C2 : y, C3 : , C4 : (too large to be read)"_s);
+        for (const QString &item : {u"(too large, row 5) : "_s, u"C4 : "_s})
+            copy.jobs.DeleteJob(this, item, [](bool written) { QVERIFY(written); });
+        QCOMPARE(copy.lists.CompanyList.Items().join(u", "_s), u"C2 : y, C3 : "_s);
     }
 
     void AnswersEachCreation()

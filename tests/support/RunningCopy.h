@@ -46,7 +46,9 @@ private:
 // One running copy of the program in a folder, in this process, its answers given beforehand.
 struct RunningCopy
 {
-    explicit RunningCopy(const ProgramFolder &folder, const QDateTime &now = SettableTime().Now())
+    explicit RunningCopy(const ProgramFolder &folder, const QDateTime &now = SettableTime().Now(),
+                         CompanyLink::Mode mode = CompanyLink::Mode::Inline)
+        : program(system, time, mode)
     {
         system.folder = folder.Path();
         time.now = now;
@@ -86,6 +88,6 @@ struct RunningCopy
     FakeSystem system;
     SettableTime time;
     AnsweredPrompts prompts;
-    Program program{system, time, CompanyLink::Mode::Inline};
+    Program program;
     Main main{program, prompts};
 };
