@@ -1,5 +1,7 @@
 #include "board/BoardModel.h"
 
+#include "platform/forms/ShownText.h"
+
 #include <QColor>
 #include <QFont>
 #include <QLocale>
@@ -20,18 +22,15 @@ constexpr QRgb messageColor = 0xffffff00;
 // A copy gives no sign while a dialog of its board is open.
 constexpr std::chrono::milliseconds longSilence = 3 * Presence::signPeriod;
 
-constexpr qsizetype textRoom = 1000; // characters; more than any copy of the program writes, and little to lay out
-
 // The one for the state, as Presence::UserRow has it.
 template <class T> T OfState(int state, T in, T out, T off)
 {
     return state < 0 ? in : state > 0 ? off : out;
 }
 
-QString StatusText(const Board::Row &row)
+const QString &StatusText(const Board::Row &row)
 {
-    const QString &text = row.message ? row.message->message : row.comment;
-    return text.size() > textRoom ? text.left(textRoom) + u'…' : text;
+    return row.message ? row.message->message : row.comment;
 }
 
 // Tips are told when they are asked for, so what only they show is left out.
@@ -118,7 +117,7 @@ QVariant BoardModel::NameData(const Board::Row &row, int role) const
     case Qt::ToolTipRole: {
         QStringList lines = StateInWords(row);
         if (!row.comment.isEmpty())
-            lines.insert(2, row.comment.left(textRoom));
+            lines.insert(2, ShownText(row.comment));
         return AsTip(lines.join(u'\n'));
     }
     case Qt::AccessibleTextRole:
@@ -133,7 +132,7 @@ QVariant BoardModel::StatusData(const Board::Row &row, int role) const
     const bool yellow = row.message.has_value();
     switch (role) {
     case Qt::DisplayRole:
-        return StatusText(row).simplified(); // a row has one line
+        return StatusText(row);
     case Qt::DecorationRole:
         return yellow ? messageMark_ : QVariant();
     case Qt::BackgroundRole:
@@ -141,9 +140,9 @@ QVariant BoardModel::StatusData(const Board::Row &row, int role) const
     case Qt::ForegroundRole:
         return yellow ? QColor(Qt::black) : QVariant();
     case Qt::ToolTipRole:
-        return AsTip(StatusText(row));
+        return AsTip(ShownText(StatusText(row)));
     case Qt::AccessibleTextRole:
-        return yellow ? u"Message: "_s + StatusText(row) : StatusText(row);
+        return QString((yellow ? u"Message: "_s : QString()) + ShownText(StatusText(row)));
     default:
         return {};
     }
@@ -153,8 +152,8 @@ QVariant BoardModel::StatusData(const Board::Row &row, int role) const
 QStringList BoardModel::StateInWords(const Board::Row &row) const
 {
     if (!row.isUser)
-        return {row.name, u"Not among the users"_s};
-    QStringList words{row.name, OfState(row.state, u"Stemped in"_s, u"Stemped out"_s, u"Program closed"_s)};
+        return {ShownText(row.name), u"Not among the users"_s};
+    QStringList words{ShownText(row.name), OfState(row.state, u"Stemped in"_s, u"Stemped out"_s, u"Program closed"_s)};
     const bool isOff = row.state > 0;
     if (!isOff && row.lastSign && row.lastSign->msecsTo(now_) > longSilence.count())
         words.append(u"Nothing heard since "_s + QLocale().toString(*row.lastSign, QLocale::ShortFormat));

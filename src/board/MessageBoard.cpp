@@ -1,5 +1,6 @@
 #include "board/MessageBoard.h"
 
+#include "platform/forms/ShownText.h"
 #include "ui_MessageBoard.h"
 
 #include <QApplication>
@@ -9,7 +10,6 @@
 #include <QPainter>
 #include <QScreen>
 #include <QScrollBar>
-#include <QStyledItemDelegate>
 #include <QTextDocument>
 #include <QToolTip>
 
@@ -20,16 +20,16 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 // Tells the current cell by a frame, as the colours of the cells have a meaning.
-class BoardDelegate : public QStyledItemDelegate
+class BoardDelegate : public ShownTextDelegate
 {
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    using ShownTextDelegate::ShownTextDelegate;
 
     void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override
     {
         QStyleOptionViewItem plain = option;
         plain.state &= ~(QStyle::State_HasFocus | QStyle::State_MouseOver);
-        QStyledItemDelegate::paint(painter, plain, index);
+        ShownTextDelegate::paint(painter, plain, index);
         if (!(option.state & QStyle::State_HasFocus))
             return;
         // One of the two is seen on a cell of any colour.
@@ -49,7 +49,7 @@ public:
     {
         const QString cellTip = index.data(Qt::ToolTipRole).toString();
         if (event->type() != QEvent::ToolTip || cellTip.isEmpty())
-            return QStyledItemDelegate::helpEvent(event, view, option, index);
+            return ShownTextDelegate::helpEvent(event, view, option, index);
         const QString gridTip = view->toolTip();
         const QString asMarkup = Qt::mightBeRichText(gridTip) ? gridTip : gridTip.toHtmlEscaped();
         if (gridTip.isEmpty())

@@ -5,6 +5,7 @@
 #include "board/Presence.h"
 #include "board/ShortText.h"
 #include "platform/dao/Error.h"
+#include "platform/forms/ShownText.h"
 #include "ui_Status.h"
 
 #include <QCompleter>
@@ -36,6 +37,7 @@ Status::Status(FormServices &services, dao::Database &localDB, QString user, QSt
     box->setMaxLength(static_cast<int>(Presence::longestComment));
     KeepWholeCharacters(*box);
     box->completer()->setCompletionMode(QCompleter::PopupCompletion); // in place, it would be sent with what was typed
+    ShowItemsSafely(*ui_->StatusCombo);
     box->completer()->setCaseSensitivity(Qt::CaseSensitive); // else what was typed would take a saved text's case
 
     connect(ui_->SaveButton, &QPushButton::clicked, this, &Status::SaveButton_Click);
@@ -76,7 +78,7 @@ void Status::Form_Unload()
 
 void Status::ShowRunTimeTexts()
 {
-    setWindowTitle(user_ + u" Status");
+    setWindowTitle(ShownText(user_) + u" Status");
 }
 
 void Status::FillStatusCombo()

@@ -5,6 +5,7 @@
 #include "platform/dao/Error.h"
 #include "platform/forms/ControlTypes.h"
 #include "platform/forms/Prompts.h"
+#include "platform/forms/ShownText.h"
 #include "platform/system/TimeSource.h"
 #include "ui_Notes.h"
 
@@ -36,7 +37,7 @@ public:
         QString beginning = value.toString();
         if (beginning.size() > cellRoom)
             beginning = beginning.left(cellRoom) + u'…';
-        return QStyledItemDelegate::displayText(beginning.replace("\r\n"_L1, "\n"_L1), locale);
+        return QStyledItemDelegate::displayText(ShownLines(beginning.replace("\r\n"_L1, "\n"_L1)), locale);
     }
 
 protected:
