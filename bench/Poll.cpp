@@ -39,7 +39,6 @@ public:
     Copy(const QString &companyFile, const QString &localFile)
         : company_(dao::Database::OpenDatabase(companyFile)), local_(dao::Database::OpenDatabase(localFile))
     {
-        mail_.Prepare();
     }
 
     bool Look() // whether there was news

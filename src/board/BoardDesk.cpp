@@ -71,7 +71,6 @@ bool BoardDesk::Succeeds(const std::function<void()> &work)
 
 void BoardDesk::Load()
 {
-    Succeeds([this] { mail_.Prepare(); });
     messageBoard_->Load();
 }
 

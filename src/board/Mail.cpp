@@ -95,35 +95,6 @@ QString ComposedMessage(const QString &text, const QDateTime &now)
     return FirstCharacters(QLocale().toString(now, u"ddd hh:mm") % u" - " % text, Poll::longestMessage);
 }
 
-void Mail::Prepare()
-{
-    const QString purpose = u"preparing the tables of the messages"_s;
-    const bool hasIds = localDB_.FieldNames(u"MessageBuffer"_s).contains(u"MessageId"_s, Qt::CaseInsensitive);
-    const QStringList made{
-        u"TABLE IF NOT EXISTS MessageHistory (Id INTEGER PRIMARY KEY, MessageId TEXT NOT NULL, "
-        "Received INTEGER NOT NULL, Unread INTEGER NOT NULL, Person TEXT, Message TEXT, Time REAL)"_s,
-        u"TABLE IF NOT EXISTS MessageAcknowledgements (Id INTEGER PRIMARY KEY, FileId TEXT NOT NULL, "
-        "MessageId TEXT NOT NULL, Kind INTEGER NOT NULL)"_s,
-        u"UNIQUE INDEX IF NOT EXISTS \"MessageHistory.MessageId\" ON MessageHistory (MessageId, Received)"_s,
-        u"INDEX IF NOT EXISTS \"MessageHistory.Unread\" ON MessageHistory (Unread)"_s,
-        u"INDEX IF NOT EXISTS \"MessageAcknowledgements.MessageId\" ON MessageAcknowledgements (MessageId)"_s,
-        u"INDEX IF NOT EXISTS \"MessageBuffer.MessageId\" ON MessageBuffer (MessageId)"_s};
-    const QList<QVariantList> there =
-        localDB_.Select(u"SELECT name FROM sqlite_master WHERE name IN ('MessageHistory', 'MessageAcknowledgements', "
-                        "'MessageHistory.MessageId', 'MessageHistory.Unread', 'MessageAcknowledgements.MessageId', "
-                        "'MessageBuffer.MessageId')"_s,
-                        {}, purpose);
-    if (hasIds && there.size() == made.size())
-        return;
-
-    dao::Transaction transaction(localDB_, purpose);
-    if (!hasIds)
-        localDB_.Execute(u"ALTER TABLE MessageBuffer ADD COLUMN MessageId TEXT"_s, {}, purpose);
-    for (const QString &what : made)
-        localDB_.Execute(u"CREATE "_s % what, {}, purpose);
-    transaction.Commit();
-}
-
 void Mail::Queue(const QStringList &recipients, const QString &message)
 {
     if (recipients.isEmpty())

@@ -43,9 +43,6 @@ class Mail
 public:
     explicit Mail(dao::Database &localDB) : localDB_(localDB) {} // outlives this
 
-    // Makes the tables and fields that a per-login database of an earlier version lacks. Before anything else.
-    void Prepare();
-
     // The outbox. Rows are added for all recipients or for none. A row that is changed is another message from then on.
     void Queue(const QStringList &recipients, const QString &message);
     QList<BufferRow> Buffer();

@@ -19,7 +19,9 @@ const QList<dao::TableDef> &Tables()
     static const QList<dao::TableDef> tables{
         {u"Projects"_s, {{u"JobID"_s, text, true, true}, {u"JobName"_s, text}}, {{u"JobID"_s, {u"JobID"_s}, true}}},
         {u"NotesList"_s, {{u"JobID"_s, text, true}, {u"Note"_s, text}}, {}},
-        {u"MessageBuffer"_s, {{u"To"_s, text, true}, {u"Message"_s, text}, {u"MessageId"_s, text}}, {}},
+        {u"MessageBuffer"_s,
+         {{u"To"_s, text, true}, {u"Message"_s, text}, {u"MessageId"_s, text}},
+         {{u"MessageId"_s, {u"MessageId"_s}}}},
         {u"MessageHistory"_s,
          {{u"MessageId"_s, text, false, true},
           {u"Received"_s, number, false, true},
@@ -27,10 +29,10 @@ const QList<dao::TableDef> &Tables()
           {u"Person"_s, text},
           {u"Message"_s, text},
           {u"Time"_s, u"REAL"_s}},
-         {{u"MessageId"_s, {u"MessageId"_s, u"Received"_s}, true}}},
+         {{u"MessageId"_s, {u"MessageId"_s, u"Received"_s}, true}, {u"Unread"_s, {u"Unread"_s}}}},
         {u"MessageAcknowledgements"_s,
          {{u"FileId"_s, text, false, true}, {u"MessageId"_s, text, false, true}, {u"Kind"_s, number, false, true}},
-         {}},
+         {{u"MessageId"_s, {u"MessageId"_s}}}},
         {u"PersonalStatus"_s, {{u"Status"_s, text}}, {}},
     };
     return tables;

@@ -116,6 +116,7 @@ private slots:
         folder.Sql(personalFile, u"INSERT INTO PersonalStatus (Status) VALUES ('Lunch')"_s);
         const QStringList losses{u"DROP TABLE MessageHistory"_s,
                                  u"DROP TABLE MessageAcknowledgements"_s,
+                                 u"DROP INDEX \"MessageBuffer.MessageId\""_s,
                                  u"ALTER TABLE MessageBuffer DROP COLUMN MessageId"_s,
                                  u"DROP TABLE NotesList"_s,
                                  u"DROP INDEX JobID"_s,

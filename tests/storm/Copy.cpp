@@ -85,7 +85,6 @@ public:
             return false;
         }
         localDB_ = std::move(held.database);
-        mail_.Prepare();
         localDB_.Execute(u"CREATE TABLE IF NOT EXISTS Arrived (Id INTEGER PRIMARY KEY, Person TEXT, Message TEXT)"_s,
                          {}, u"the storm's own table"_s);
         link_.Open(Storm::CompanyFile(settings_.folder));
