@@ -122,15 +122,18 @@ bool Board::ShowMessages(const QList<UnreadMessage> &unread)
 // Those that are still unread, by their senders in upper case.
 QHash<QString, UnreadMessage> Board::TakeShownMessages(const QList<UnreadMessage> &unread)
 {
-    QSet<QString> unreadIds;
-    for (const UnreadMessage &message : unread)
-        unreadIds.insert(message.id);
-    QHash<QString, UnreadMessage> shown;
+    QSet<QString> shownIds;
     for (Row &row : rows_) {
-        if (row.message && unreadIds.contains(row.message->id))
-            shown.insert(row.message->from.toUpper(), *row.message);
+        if (row.message)
+            shownIds.insert(row.message->id);
         row.message.reset();
     }
+    QHash<QString, UnreadMessage> shown;
+    if (shownIds.isEmpty())
+        return shown;
+    for (const UnreadMessage &message : unread)
+        if (shownIds.contains(message.id))
+            shown.insert(message.from.toUpper(), message);
     return shown;
 }
 

@@ -18,8 +18,8 @@ namespace {
 
 std::optional<UserRow> FindRow(const QList<UserRow> &rows, QString UserRow::*field, const QString &name)
 {
-    const auto found =
-        std::find_if(rows.cbegin(), rows.cend(), [&](const UserRow &row) { return SameName(row.*field, name); });
+    const auto found = std::find_if(rows.cbegin(), rows.cend(),
+                                    [&](const UserRow &row) { return row.isNamed && SameName(row.*field, name); });
     if (name.isEmpty() || found == rows.cend())
         return std::nullopt;
     return *found;

@@ -151,11 +151,28 @@ void TimeTable::Connect(std::chrono::milliseconds wait)
 QList<TimeRow> TimeTable::StoredRows(const QString &source, const QVariantList &values, const QString &purpose)
 {
     QList<TimeRow> rows;
-    database_.ForEach(u"SELECT Id, JobID, JobName, StempInTime, StempOutTime FROM "_s + source, values, purpose,
-                      [&rows](const QSqlQuery &row) {
-                          rows.append({row.value(0).toLongLong(), row.value(1).toString(), row.value(2).toString(),
-                                       dao::ReadDateField(row.value(3)), dao::ReadDateField(row.value(4))});
-                      });
+    try {
+        database_.ForEach(u"SELECT Id, JobID, JobName, StempInTime, StempOutTime FROM "_s + source, values, purpose,
+                          [&rows](const QSqlQuery &row) {
+                              rows.append({row.value(0).toLongLong(), row.value(1).toString(), row.value(2).toString(),
+                                           dao::ReadDateField(row.value(3)), dao::ReadDateField(row.value(4))});
+                          });
+        return rows;
+    } catch (const dao::Error &error) {
+        if (error.Kind() != dao::ErrorKind::TooLarge)
+            throw;
+    }
+    // One job that is too large must not hide all other rows.
+    rows.clear();
+    const QStringList fields{u"JobID"_s, u"JobName"_s, u"StempInTime"_s, u"StempOutTime"_s};
+    const auto text = [](const QVariant &value) {
+        return dao::IsTooLarge(value) ? u"(too large to be read)"_s : value.toString();
+    };
+    for (const QVariantList &number : database_.Select(u"SELECT Id FROM "_s + source, values, purpose)) {
+        const qint64 id = number.value(0).toLongLong();
+        if (const QVariantList row = database_.SelectRow(u"Stemp"_s, fields, id, purpose); !row.isEmpty())
+            rows.append({id, text(row[0]), text(row[1]), dao::ReadDateField(row[2]), dao::ReadDateField(row[3])});
+    }
     return rows;
 }
 
