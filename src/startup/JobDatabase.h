@@ -89,6 +89,9 @@ public:
     bool Close(std::chrono::milliseconds limit);                 // false when the file does not answer
     void UpdateLocalJobCopy(const LocalJobCopy::Snapshot &rows); // after Close
 
+    // Whether the configured file does not serve and is looked for once a minute.
+    bool LooksForConfigured() const { return searchTimer_.isActive(); }
+
 public slots:
     void LookForConfigured(); // the timer's: quietly; Looked() comes only if it serves now
 

@@ -111,7 +111,7 @@ private slots:
         copy.jobs.AddSelfToUsers();
         copy.jobs.Set_In(); // presence writes are skipped
         copy.jobs.LookForConfigured();
-        QVERIFY(copy.found.isEmpty() && copy.jobs.SoughtPath() == company);
+        QVERIFY(copy.found.isEmpty() && copy.jobs.LooksForConfigured());
         QCOMPARE(folder.Content(companyFile), content);
         QCOMPARE(folder.Rows(jobsFile, u"SELECT User, State FROM Users"_s), u"ANNA 0"_s);
 
@@ -121,7 +121,7 @@ private slots:
         QCOMPARE(copy.found.value(0).value(0).toString(), company);
         QVERIFY(copy.UsesLocalCopy()); // it is found, not taken
         copy.jobs.Choose(company);
-        QVERIFY(copy.UsesCompany() && copy.jobs.SoughtPath().isEmpty());
+        QVERIFY(copy.UsesCompany() && !copy.jobs.LooksForConfigured());
     }
 
     void SeesWhatOthersDoToTheList()
