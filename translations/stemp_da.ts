@@ -705,8 +705,8 @@ Ctrl+E lader dig ændre ethvert vindue undtagen det, der spørger om initialer: 
         <translation>Noter</translation>
     </message>
     <message>
-        <source>Your dated notes on your jobs, which nobody else sees. Read what you noted on a job, find a note by any word in it, and write new ones below. The notes are stored in your own database; your time rows are not touched.</source>
-        <translation>Dine daterede noter om dine job, som ingen andre ser. Læs, hvad du har noteret om et job, find en note på et hvilket som helst ord i den, og skriv nye nederst. Noterne gemmes i din egen database; dine tidsrækker berøres ikke.</translation>
+        <source>Your dated notes on your jobs. Read what you noted on a job, find a note by any word in it, and write new ones below. The notes are stored in your own database and never go to the company&apos;s; only where one file Stemp.mdb serves everyone on a machine do the others there see them. Your time rows are not touched.</source>
+        <translation>Dine daterede noter om dine job. Læs, hvad du har noteret om et job, find en note på et hvilket som helst ord i den, og skriv nye nederst. Noterne gemmes i din egen database og kommer aldrig i firmaets; kun hvor én fil Stemp.mdb bruges af alle på en maskine, ser de andre dér dem. Dine tidsrækker berøres ikke.</translation>
     </message>
     <message>
         <source>Show only the notes that contain this</source>
@@ -729,8 +729,8 @@ Ctrl+E lader dig ændre ethvert vindue undtagen det, der spørger om initialer: 
         <translation>Dine noter om alle job, den nyeste nederst</translation>
     </message>
     <message>
-        <source>Shows the notes on all jobs in the order in which they were written, each with its job and its date. When the window opens, it stands at the first note on the current job, or at the newest note when there is none. Choose a row to read the whole note below. Notes that are stored can&apos;t be changed.</source>
-        <translation>Viser noterne om alle job i den rækkefølge, de er skrevet, hver med sit job og sin dato. Når vinduet åbner, står tabellen ved den første note om det aktuelle job, eller ved den nyeste note, når der ingen er. Vælg en række for at læse hele noten nedenunder. Noter, der er gemt, kan ikke ændres.</translation>
+        <source>Shows the notes on all jobs in the order in which they were written, each with its job and its date. When the window opens, it stands at the first note on the current job, or at the newest note when there is none. Choose a row to read the whole note below. Ctrl+C copies the chosen note, and Delete deletes it once you have answered Yes; a stored note can&apos;t be changed.</source>
+        <translation>Viser noterne om alle job i den rækkefølge, de er skrevet, hver med sit job og sin dato. Når vinduet åbner, står tabellen ved den første note om det aktuelle job, eller ved den nyeste note, når der ingen er. Vælg en række for at læse hele noten nedenunder. Ctrl+C kopierer den valgte note, og Delete sletter den, når du har svaret Ja; en gemt note kan ikke ændres.</translation>
     </message>
     <message>
         <source>JobID</source>
@@ -801,8 +801,8 @@ Ctrl+E lader dig ændre ethvert vindue undtagen det, der spørger om initialer: 
         <translation>Luk vinduet</translation>
     </message>
     <message>
-        <source>Closes the window; Escape does the same. If a new note is not saved yet, you are asked first. Notes that were saved stay saved.</source>
-        <translation>Lukker vinduet; Escape gør det samme. Hvis en ny note ikke er gemt endnu, bliver du spurgt først. Noter, der er gemt, forbliver gemt.</translation>
+        <source>Closes the window; Escape does the same. If a new note is not saved yet, you are asked whether to save it, to discard it or to go back. Notes that were saved stay saved.</source>
+        <translation>Lukker vinduet; Escape gør det samme. Hvis en ny note ikke er gemt endnu, bliver du spurgt, om den skal gemmes eller kasseres, eller om du vil tilbage. Noter, der er gemt, forbliver gemt.</translation>
     </message>
     <message>
         <source>&amp;Exit</source>
@@ -813,16 +813,16 @@ Ctrl+E lader dig ændre ethvert vindue undtagen det, der spørger om initialer: 
         <translation>Hvordan det gik med at gemme eller finde</translation>
     </message>
     <message>
-        <source>Tells you when a note could not be stored, or when there is no note on the job or with the text that you look for. A note that could not be stored stays in its box, so that you can try again. It is empty while all is well.</source>
-        <translation>Fortæller, når en note ikke kunne gemmes, eller når der ingen note er om jobbet eller med den tekst, du leder efter. En note, der ikke kunne gemmes, bliver i feltet, så du kan prøve igen. Den er tom, så længe alt er i orden.</translation>
+        <source>Tells you when a note could not be stored or deleted, or when there is no note on the job or with the text that you look for. A note that could not be stored stays in its box, so that you can try again. It is empty while all is well.</source>
+        <translation>Fortæller, når en note ikke kunne gemmes eller slettes, eller når der ingen note er om jobbet eller med den tekst, du leder efter. En note, der ikke kunne gemmes, bliver i feltet, så du kan prøve igen. Den er tom, så længe alt er i orden.</translation>
     </message>
     <message>
         <source>Result of saving or finding</source>
         <translation>Resultatet af at gemme eller finde</translation>
     </message>
     <message>
-        <source>Fetches the notes of all jobs from your own database for the grid, and puts new ones there. It is not seen. Notes that are stored already are never changed by it.</source>
-        <translation>Henter noterne om alle job fra din egen database til tabellen og lægger nye derind. Den ses ikke. Den ændrer aldrig noter, der allerede er gemt.</translation>
+        <source>Fetches the notes of all jobs from your own database for the grid, puts new ones there and takes deleted ones out. It is not seen. It never changes a note that is stored.</source>
+        <translation>Henter noterne om alle job fra din egen database til tabellen, lægger nye derind og tager slettede ud. Den ses ikke. Den ændrer aldrig en note, der er gemt.</translation>
     </message>
 </context>
 <context>
@@ -1406,8 +1406,8 @@ Ctrl+E lader dig ændre ethvert vindue undtagen det, der spørger om initialer: 
         <translation>Skriv noter om dine job</translation>
     </message>
     <message>
-        <source>Opens your dated notes on all jobs. Use them to remember what you did or agreed. Notes are kept in your own database, and nobody else sees them.</source>
-        <translation>Åbner dine daterede noter til alle job. Brug dem til at huske, hvad du har lavet eller aftalt. Noterne gemmes i din egen database, og ingen andre ser dem.</translation>
+        <source>Opens your dated notes on all jobs. Use them to remember what you did or agreed. Notes are kept in your own database and never go to the company&apos;s; where one file Stemp.mdb serves everyone on a machine, all of them see them.</source>
+        <translation>Åbner dine daterede noter til alle job. Brug dem til at huske, hvad du har lavet eller aftalt. Noterne gemmes i din egen database og kommer aldrig i firmaets; hvor én fil Stemp.mdb bruges af alle på en maskine, ser de dem alle.</translation>
     </message>
     <message>
         <source>&amp;Create Job</source>

@@ -24,7 +24,8 @@ Q_LOGGING_CATEGORY(log, "stemp.clock")
 
 constexpr int jobColumn = 0; // of the grid
 constexpr int jobWidth = 110;
-constexpr qsizetype cellRoom = 2000; // characters; more than a row shows, and little enough to be laid out at once
+constexpr qsizetype questionRoom = 300; // characters of a note
+constexpr qsizetype cellRoom = 2000;    // characters; more than a row shows, and little enough to be laid out at once
 
 // Shows the beginning of a note, from the top of its cell.
 class NoteDelegate : public QStyledItemDelegate
@@ -72,10 +73,11 @@ Notes::Notes(FormServices &services, Prompts &prompts, dao::Database &localDB, c
     auto notesData = std::make_unique<DataControl>(QStringLiteral("NotesData"));
     notesData->DatabaseName = localDB_.Path();
     notesData->RecordSource = QStringLiteral("NotesList");
-    RegisterControl(std::move(notesData),
-                    QLatin1String(QT_TRANSLATE_NOOP(
-                        "Notes", "Fetches the notes of all jobs from your own database for the grid, and puts new ones "
-                                 "there. It is not seen. Notes that are stored already are never changed by it.")));
+    RegisterControl(
+        std::move(notesData),
+        QLatin1String(QT_TRANSLATE_NOOP(
+            "Notes", "Fetches the notes of all jobs from your own database for the grid, puts new ones there "
+                     "and takes deleted ones out. It is not seen. It never changes a note that is stored.")));
     SetCancelButton(ui_->OKButton);
     ui_->WholeNote->viewport()->setBackgroundRole(QPalette::Window); // to look like what can't be typed in
 
@@ -155,15 +157,50 @@ void Notes::QueryUnload()
 {
     if (NewNote().isEmpty())
         return Unload();
-    prompts_.AskChoice(this, u"The new note is not saved yet."_s, {{u"&Back to the note"_s, u"&Discard it"_s}},
-                       [this](int answer) {
-                           if (answer == 0) {
-                               ui_->NoteText->setFocus();
-                           } else {
+    enum Answer { save, discard, goBack };
+    prompts_.AskChoice(this, u"The new note is not saved yet."_s,
+                       {{u"&Save it"_s, u"&Discard it"_s, u"&Back to the note"_s}, save, goBack}, [this](int answer) {
+                           if (answer == save)
+                               SaveButton_Click();
+                           else if (answer == discard)
                                ui_->NoteText->clear();
+                           if (NewNote().isEmpty())
                                Unload();
-                           }
+                           else
+                               ui_->NoteText->setFocus();
                        });
+}
+
+void Notes::AskToDelete()
+{
+    const QModelIndex chosen = found_.mapToSource(ui_->NotesGrid->currentIndex());
+    if (!chosen.isValid())
+        return;
+    QString beginning = chosen.siblingAtColumn(jobColumn + 1).data(Qt::EditRole).toString();
+    if (beginning.size() > questionRoom)
+        beginning = beginning.left(questionRoom) + u'…';
+    prompts_.AskYesNo(this, u"Do you want to DELETE this note ?\n\n%1"_s.arg(beginning),
+                      [this, id = ids_.at(static_cast<std::size_t>(chosen.row()))](bool yes) {
+                          if (yes)
+                              Delete(id);
+                      });
+}
+
+void Notes::Delete(qint64 id)
+{
+    try {
+        DeleteNote(localDB_, id);
+    } catch (const dao::Error &error) {
+        qCWarning(log).noquote() << error.Text();
+        ui_->StatusLabel->setText(
+            u"The note was not deleted, because your database could not be written. Please try again."_s);
+        return;
+    }
+    const int row = ui_->NotesGrid->currentIndex().row();
+    ReadAll();
+    GoTo(found_.index(std::min(row, found_.rowCount() - 1), 0));
+    ShowWholeNote(); // also when none is left
+    ui_->StatusLabel->clear();
 }
 
 bool Notes::Form_KeyDown(QKeyEvent &event)
@@ -172,6 +209,10 @@ bool Notes::Form_KeyDown(QKeyEvent &event)
     const bool isEnter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
     if (focus == ui_->NoteText && isEnter && event.modifiers().testFlag(Qt::ControlModifier)) {
         SaveButton_Click();
+        return true;
+    }
+    if (focus == ui_->NotesGrid && event.key() == Qt::Key_Delete && event.modifiers() == Qt::NoModifier) {
+        AskToDelete();
         return true;
     }
     if (focus == ui_->FindText && event.key() == Qt::Key_Escape && !ui_->FindText->text().isEmpty()) {

@@ -21,7 +21,7 @@ class Notes;
 
 // The dated notes of all jobs, the oldest first, with the current one in full below the grid. A note that was typed and not
 // saved is never lost: a person who closes the window is asked about it, and unloading without a question saves it, if the
-// database can be written.
+// database can be written. Delete in the grid deletes the chosen note, after a question.
 class Notes : public Form
 {
     Q_OBJECT
@@ -47,6 +47,8 @@ private:
     void SaveButton_Click();
     void FindText_Change();
 
+    void AskToDelete();
+    void Delete(qint64 id); // a row's
     bool ReadAll();
     bool Save(); // false: it could not be stored, and stays in NoteText
     QString NewNote() const;

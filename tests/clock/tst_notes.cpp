@@ -158,13 +158,43 @@ private slots:
         QCOMPARE(boxes, QString());
     }
 
-    void DiscardsWhatIsToBeDiscarded()
+    void AsksAboutAnUnsavedNote()
     {
-        Notebook book;
-        book.NewNote()->setPlainText(u"nonsense"_s);
-        book.prompts.choice = 1;
-        book.Press("OKButton");
-        QVERIFY(!book.form.IsLoaded() && book.Stored().isEmpty());
+        for (const auto &[answer, stored, closes] : {std::tuple(0, 1, true), {1, 0, true}, {2, 0, false}}) {
+            Notebook book;
+            book.NewNote()->setPlainText(u"new"_s);
+            book.prompts.choice = answer;
+            book.Press("OKButton");
+            QCOMPARE(book.Stored().size(), stored);
+            QCOMPARE(book.form.IsLoaded(), !closes);
+        }
+    }
+
+    void DeletesTheChosenNote()
+    {
+        Notebook book({{u"A"_s, u"first"_s}, {u"A"_s, u"twin"_s}, {u"A"_s, u"twin"_s}, {u"B"_s, u"last"_s}});
+        auto *grid = book.Find<QTableView>("NotesGrid");
+        const auto pressDelete = [&](int row) {
+            grid->setFocus();
+            grid->selectRow(row);
+            QTest::keyClick(grid, Qt::Key_Delete);
+            return book.Stored();
+        };
+        book.Box("FindText")->setText(u"tw"_s);
+        QCOMPARE(pressDelete(1), QStringList({u"A|first"_s, u"A|twin"_s, u"B|last"_s}));
+        QCOMPARE(book.Current(), u"twin"_s);
+        QVERIFY(book.prompts.messages.last().contains(u"twin"_s));
+        book.prompts.yes = false;
+        QCOMPARE(pressDelete(0).size(), 3);
+        book.prompts.yes = true;
+        Holder other(book.folder.File(personalFile));
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"deleting a note"_s));
+        grid->selectRow(0);
+        QTest::keyClick(grid, Qt::Key_Delete);
+        QVERIFY(!book.Status().isEmpty() && grid->model()->rowCount() == 1);
+        other.LetGo();
+        pressDelete(0);
+        QVERIFY(book.Whole().isEmpty() && book.Stored().size() == 2);
     }
 };
 
