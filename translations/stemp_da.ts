@@ -666,6 +666,518 @@ Ctrl+E lader dig ændre ethvert vindue undtagen det, der spørger om initialer: 
         <source>%1 days</source>
         <translation>%1 dage</translation>
     </message>
+    <message>
+        <source>The status
+%1
+could not be written, because the company database is locked, write-protected or not there. Please try again.</source>
+        <translation>Statussen
+%1
+kunne ikke skrives, fordi firmadatabasen er låst, skrivebeskyttet eller ikke på sin plads. Prøv igen.</translation>
+    </message>
+    <message>
+        <source>Are you sure you want to DELETE user :%1</source>
+        <translation>Er du sikker på, at du vil SLETTE brugeren :%1</translation>
+    </message>
+    <message>
+        <source>%1 could not be deleted, because the company database is locked, write-protected or not there. Please try again.</source>
+        <translation>%1 kunne ikke slettes, fordi firmadatabasen er låst, skrivebeskyttet eller ikke på sin plads. Prøv igen.</translation>
+    </message>
+    <message>
+        <source>The company database is not there, so nobody would see the change. Please try again when it is back.</source>
+        <translation>Firmadatabasen er ikke på sin plads, så ingen ville se ændringen. Prøv igen, når den er tilbage.</translation>
+    </message>
+    <message>
+        <source>Message: </source>
+        <translation>Besked: </translation>
+    </message>
+    <message>
+        <source>Not among the users</source>
+        <translation>Ikke blandt brugerne</translation>
+    </message>
+    <message>
+        <source>Stemped in</source>
+        <translation>Stemplet ind</translation>
+    </message>
+    <message>
+        <source>Stemped out</source>
+        <translation>Stemplet ud</translation>
+    </message>
+    <message>
+        <source>Program closed</source>
+        <translation>Programmet er lukket</translation>
+    </message>
+    <message>
+        <source>Nothing heard since </source>
+        <translation>Intet hørt siden </translation>
+    </message>
+    <message>
+        <source>Its drive is full. Make room on it.</source>
+        <translation>Dens drev er fuldt. Gør plads på det.</translation>
+    </message>
+    <message>
+        <source>The file or its folder is write-protected for you. Ask for the right to write in the folder, too.</source>
+        <translation>Filen eller dens mappe er skrivebeskyttet for dig. Bed om ret til at skrive også i mappen.</translation>
+    </message>
+    <message>
+        <source>Either another program keeps it locked, or </source>
+        <translation>Enten holder et andet program den låst, eller </translation>
+    </message>
+    <message>
+        <source>Perhaps </source>
+        <translation>Måske </translation>
+    </message>
+    <message>
+        <source>The company database is not there. Colleagues are shown as they were known last.</source>
+        <translation>Firmadatabasen er ikke på sin plads. Kolleger vises, som de sidst var kendt.</translation>
+    </message>
+    <message>
+        <source>Not current since %1: </source>
+        <translation>Ikke aktuel siden %1: </translation>
+    </message>
+    <message>
+        <source>Not current: </source>
+        <translation>Ikke aktuel: </translation>
+    </message>
+    <message>
+        <source>The company database can be read, but not written. Your state and your messages wait here.</source>
+        <translation>Firmadatabasen kan læses, men ikke skrives. Din tilstand og dine beskeder venter her.</translation>
+    </message>
+    <message>
+        <source>The company database
+%1
+can be read, but not written. %2
+
+Until then you see your colleagues, but they do not see you, and your messages wait on this machine.</source>
+        <translation>Firmadatabasen
+%1
+kan læses, men ikke skrives. %2
+
+Indtil da ser du dine kolleger, men de ser ikke dig, og dine beskeder venter på denne maskine.</translation>
+    </message>
+    <message>
+        <source>Ready for %1. It goes out when you close this window.</source>
+        <translation>Klar til %1. Den sendes, når du lukker dette vindue.</translation>
+    </message>
+    <message>
+        <source>The text is too long. What did not fit was left out; please check its end.</source>
+        <translation>Teksten er for lang. Det, der ikke var plads til, er udeladt; se efter i slutningen.</translation>
+    </message>
+    <message>
+        <source>The message is not sent yet.</source>
+        <translation>Beskeden er ikke sendt endnu.</translation>
+    </message>
+    <message>
+        <source>&amp;Back to the message</source>
+        <translation>&amp;Tilbage til beskeden</translation>
+    </message>
+    <message>
+        <source>&amp;Discard it</source>
+        <translation>&amp;Kassér den</translation>
+    </message>
+    <message>
+        <source>Type a message first.</source>
+        <translation>Skriv en besked først.</translation>
+    </message>
+    <message>
+        <source>Characters left: %1</source>
+        <translation>Tegn tilbage: %1</translation>
+    </message>
+    <message>
+        <source>The message was not sent, because your database could not be written. Please try again.</source>
+        <translation>Beskeden blev ikke sendt, fordi din database ikke kunne skrives. Prøv igen.</translation>
+    </message>
+    <message>
+        <source>%1 colleagues</source>
+        <translation>%1 kolleger</translation>
+    </message>
+    <message>
+        <source>Choose first whom the message is for.</source>
+        <translation>Vælg først, hvem beskeden er til.</translation>
+    </message>
+    <message>
+        <source>There is nobody else on the board yet.</source>
+        <translation>Der er endnu ingen andre på tavlen.</translation>
+    </message>
+    <message>
+        <source>A message to yourself can&apos;t be sent. Choose a colleague, or All.</source>
+        <translation>Du kan ikke sende en besked til dig selv. Vælg en kollega, eller All.</translation>
+    </message>
+    <message>
+        <source>%1 is not on the board. Choose a name from the list.</source>
+        <translation>%1 står ikke på tavlen. Vælg et navn fra listen.</translation>
+    </message>
+    <message>
+        <source>Your messages could not be read.</source>
+        <translation>Dine beskeder kunne ikke læses.</translation>
+    </message>
+    <message>
+        <source>The message was not deleted, because your database could not be written. Please try again.</source>
+        <translation>Beskeden blev ikke slettet, fordi din database ikke kunne skrives. Prøv igen.</translation>
+    </message>
+    <message>
+        <source>%1 is not on the board. The message waits until that name is there.</source>
+        <translation>%1 står ikke på tavlen. Beskeden venter, til navnet er der.</translation>
+    </message>
+    <message>
+        <source>The row was not stored, because your database could not be written. Please try again.</source>
+        <translation>Rækken blev ikke gemt, fordi din database ikke kunne skrives. Prøv igen.</translation>
+    </message>
+    <message>
+        <source>A status has room for %1 characters. What did not fit was left out.</source>
+        <translation>En status har plads til %1 tegn. Det, der ikke var plads til, er udeladt.</translation>
+    </message>
+    <message>
+        <source>Your saved texts could not be read.</source>
+        <translation>Dine gemte tekster kunne ikke læses.</translation>
+    </message>
+    <message>
+        <source>Type a text first.</source>
+        <translation>Skriv en tekst først.</translation>
+    </message>
+    <message>
+        <source>The text was not saved, because your database could not be written. Please try again.</source>
+        <translation>Teksten blev ikke gemt, fordi din database ikke kunne skrives. Prøv igen.</translation>
+    </message>
+    <message>
+        <source>Saved in the list.</source>
+        <translation>Gemt på listen.</translation>
+    </message>
+    <message>
+        <source>Job ID must be filled in</source>
+        <translation>Job-id skal udfyldes</translation>
+    </message>
+    <message>
+        <source>This Job ID is already used</source>
+        <translation>Dette job-id er allerede brugt</translation>
+    </message>
+    <message>
+        <source>The job list has not answered yet. Please wait. If you leave, the job may still be stored.</source>
+        <translation>Joblisten har ikke svaret endnu. Vent lidt. Går du nu, bliver jobbet måske alligevel gemt.</translation>
+    </message>
+    <message>
+        <source>The job was not stored, because the job list could not be written. Please try again.</source>
+        <translation>Jobbet blev ikke gemt, fordi joblisten ikke kunne skrives. Prøv igen.</translation>
+    </message>
+    <message>
+        <source>Your notes could not be read.</source>
+        <translation>Dine noter kunne ikke læses.</translation>
+    </message>
+    <message>
+        <source>The new note is not saved yet.</source>
+        <translation>Den nye note er ikke gemt endnu.</translation>
+    </message>
+    <message>
+        <source>&amp;Save it</source>
+        <translation>&amp;Gem den</translation>
+    </message>
+    <message>
+        <source>&amp;Back to the note</source>
+        <translation>&amp;Tilbage til noten</translation>
+    </message>
+    <message>
+        <source>Do you want to DELETE this note ?
+
+%1</source>
+        <translation>Vil du SLETTE denne note ?
+
+%1</translation>
+    </message>
+    <message>
+        <source>The note was not deleted, because your database could not be written. Please try again.</source>
+        <translation>Noten blev ikke slettet, fordi din database ikke kunne skrives. Prøv igen.</translation>
+    </message>
+    <message>
+        <source>The note was not stored, because your database could not be written. Please try again.</source>
+        <translation>Noten blev ikke gemt, fordi din database ikke kunne skrives. Prøv igen.</translation>
+    </message>
+    <message>
+        <source>There is no note on this job yet.</source>
+        <translation>Der er endnu ingen note om dette job.</translation>
+    </message>
+    <message>
+        <source>No note contains this text.</source>
+        <translation>Ingen note indeholder denne tekst.</translation>
+    </message>
+    <message>
+        <source>You are stemping out in the FUTURE! (but that&apos;s ok)</source>
+        <translation>Du stempler ud i FREMTIDEN! (men det er i orden)</translation>
+    </message>
+    <message>
+        <source>You are stemping out EARLIER than IN! (if I could turn back time...)</source>
+        <translation>Du stempler ud FØR du stemplede IND! (hvis jeg kunne skrue tiden tilbage...)</translation>
+    </message>
+    <message>
+        <source>Enter search characters here</source>
+        <translation>Skriv søgetegn her</translation>
+    </message>
+    <message>
+        <source>Your last stemps could not be saved in
+%1
+
+The file is locked, read-only, damaged or not there, or the disk is full. If you close the program now, they are lost.</source>
+        <translation>Dine seneste stemplinger kunne ikke gemmes i
+%1
+
+Filen er låst, skrivebeskyttet, beskadiget eller ikke på sin plads, eller disken er fuld. Lukker du programmet nu, går de tabt.</translation>
+    </message>
+    <message>
+        <source>&amp;Try again</source>
+        <translation>&amp;Prøv igen</translation>
+    </message>
+    <message>
+        <source>&amp;Close without saving</source>
+        <translation>&amp;Luk uden at gemme</translation>
+    </message>
+    <message>
+        <source>Do you want to DELETE %1 ?</source>
+        <translation>Vil du SLETTE %1 ?</translation>
+    </message>
+    <message>
+        <source>The job
+%1
+could not be deleted, because the job list is locked, write-protected or not there. Please try again.</source>
+        <translation>Jobbet
+%1
+kunne ikke slettes, fordi joblisten er låst, skrivebeskyttet eller ikke på sin plads. Prøv igen.</translation>
+    </message>
+    <message>
+        <source>Please type your initials.</source>
+        <translation>Skriv dine initialer.</translation>
+    </message>
+    <message>
+        <source>%1: %2 hours</source>
+        <translation>%1: %2 timer</translation>
+    </message>
+    <message>
+        <source>The file
+%1
+is there already. Do you want to replace it?</source>
+        <translation>Filen
+%1
+findes allerede. Vil du erstatte den?</translation>
+    </message>
+    <message>
+        <source>%1 others</source>
+        <translation>%1 andre</translation>
+    </message>
+    <message>
+        <source>%1 jobs</source>
+        <translation>%1 job</translation>
+    </message>
+    <message>
+        <source>The timesheet could not be printed on %1.</source>
+        <translation>Timesedlen kunne ikke udskrives på %1.</translation>
+    </message>
+    <message>
+        <source>There is no printer on this computer.
+
+Do you want to save the timesheet as a PDF file instead?</source>
+        <translation>Der er ingen printer på denne computer.
+
+Vil du gemme timesedlen som PDF-fil i stedet?</translation>
+    </message>
+    <message>
+        <source>Save the timesheet as PDF</source>
+        <translation>Gem timesedlen som PDF</translation>
+    </message>
+    <message>
+        <source>Save the sums as CSV</source>
+        <translation>Gem summerne som CSV</translation>
+    </message>
+    <message>
+        <source>Save the time rows as CSV</source>
+        <translation>Gem tidsrækkerne som CSV</translation>
+    </message>
+    <message>
+        <source>The file
+%1
+could not be saved. Its folder may be read-only or not there, the disk may be full, or another program may have opened it.</source>
+        <translation>Filen
+%1
+kunne ikke gemmes. Måske er dens mappe skrivebeskyttet eller ikke på sin plads, disken fuld, eller et andet program har åbnet den.</translation>
+    </message>
+    <message>
+        <source>Page %1 of %2</source>
+        <translation>Side %1 af %2</translation>
+    </message>
+    <message>
+        <source>Locate Company Data Base</source>
+        <translation>Find firmadatabasen</translation>
+    </message>
+    <message>
+        <source>Your initials become a file name. They cannot contain control characters.</source>
+        <translation>Dine initialer bliver til et filnavn. De kan ikke indeholde styretegn.</translation>
+    </message>
+    <message>
+        <source>Your initials become a file name. %1 cannot be used because of the character  %2</source>
+        <translation>Dine initialer bliver til et filnavn. %1 kan ikke bruges på grund af tegnet  %2</translation>
+    </message>
+    <message>
+        <source>Your initials become a file name. %1 cannot be used because it begins or ends with a dot or a blank.</source>
+        <translation>Dine initialer bliver til et filnavn. %1 kan ikke bruges, fordi det begynder eller slutter med et punktum eller et mellemrum.</translation>
+    </message>
+    <message>
+        <source>Your initials become a file name. These are too long; please choose shorter ones.</source>
+        <translation>Dine initialer bliver til et filnavn. Disse er for lange; vælg nogle kortere.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be used: the system reserves this name for a device.</source>
+        <translation>%1 kan ikke bruges: systemet forbeholder dette navn til en enhed.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be used: the program reserves this name for itself.</source>
+        <translation>%1 kan ikke bruges: programmet forbeholder dette navn til sig selv.</translation>
+    </message>
+    <message>
+        <source>File missing: Blank.mdb</source>
+        <translation>Filen mangler: Blank.mdb</translation>
+    </message>
+    <message>
+        <source>Your time database
+%1
+cannot be read: another program has locked it, or it is missing.
+
+If you go on without it, your stemps are kept in memory until it can be written. A row that is still open in it is then asked about at the next start only.</source>
+        <translation>Din tidsdatabase
+%1
+kan ikke læses: et andet program har låst den, eller den mangler.
+
+Fortsætter du uden den, gemmes dine stemplinger i hukommelsen, til den kan skrives. En række, der stadig er åben i den, bliver der så først spurgt om ved næste start.</translation>
+    </message>
+    <message>
+        <source>&amp;Go on</source>
+        <translation>&amp;Fortsæt</translation>
+    </message>
+    <message>
+        <source>The file
+%1
+is no company database of this program and is not used. The job list is now the one in the program folder.</source>
+        <translation>Filen
+%1
+er ikke en firmadatabase til dette program og bruges ikke. Joblisten er nu den i programmappen.</translation>
+    </message>
+    <message>
+        <source>The file %1 is damaged and could not be set aside.</source>
+        <translation>Filen %1 er beskadiget og kunne ikke lægges til side.</translation>
+    </message>
+    <message>
+        <source>The file %1 is damaged. It was set aside as
+%2
+and a new one was made.</source>
+        <translation>Filen %1 er beskadiget. Den er lagt til side som
+%2
+og en ny er lavet.</translation>
+    </message>
+    <message>
+        <source>The program is already running with the file
+%1</source>
+        <translation>Programmet kører allerede med filen
+%1</translation>
+    </message>
+    <message>
+        <source>The file
+%1
+is in use by another program, or lies on a drive that grants no locks. Close that program and start again.</source>
+        <translation>Filen
+%1
+er i brug af et andet program eller ligger på et drev, der ikke giver låse. Luk det program, og start igen.</translation>
+    </message>
+    <message>
+        <source>The file
+%1
+cannot be written. Check that you may write in the program folder and that the disk is not full.</source>
+        <translation>Filen
+%1
+kan ikke skrives. Se efter, at du må skrive i programmappen, og at disken ikke er fuld.</translation>
+    </message>
+    <message>
+        <source>Put the shipped layout and texts of this window back?
+
+The window and all its controls return to their shipped places and sizes. What you typed and chose in it stays.</source>
+        <translation>Skal vinduets oprindelige opstilling og tekster genskabes?
+
+Vinduet og alle dets felter får deres oprindelige pladser og størrelser tilbage. Det, du har skrevet og valgt i det, bliver.</translation>
+    </message>
+    <message>
+        <source>
+
+These texts were changed and would go:
+</source>
+        <translation>
+
+Disse tekster er ændret og ville forsvinde:
+</translation>
+    </message>
+    <message>
+        <source>
+… and %1 more</source>
+        <translation>
+… og %1 til</translation>
+    </message>
+    <message>
+        <source>The shipped layout and texts could not be put back, because your database could not be read or written. Please try again.</source>
+        <translation>Den oprindelige opstilling og de oprindelige tekster kunne ikke genskabes, fordi din database ikke kunne læses eller skrives. Prøv igen.</translation>
+    </message>
+    <message>
+        <source>Editing </source>
+        <translation>Redigerer </translation>
+    </message>
+    <message>
+        <source>Tab accepts and Escape cancels. Ctrl and an arrow key move the control, with Shift they resize it.</source>
+        <translation>Tab godtager, og Escape fortryder. Ctrl og en piletast flytter feltet, med Shift ændrer de dets størrelse.</translation>
+    </message>
+    <message>
+        <source>Stemp &amp;OUT</source>
+        <translation>Stempl &amp;UD</translation>
+    </message>
+    <message>
+        <source>Stemp &amp;IN</source>
+        <translation>Stempl &amp;IND</translation>
+    </message>
+    <message>
+        <source>%1 Out</source>
+        <translation>%1 Ude</translation>
+    </message>
+    <message>
+        <source>%1 Status</source>
+        <translation>%1 – status</translation>
+    </message>
+    <message>
+        <source>Hours are exact sums. Rounded is the sum of each line to the nearest %1, halves to the even one; the rounded total adds the rounded lines.</source>
+        <translation>Timer er nøjagtige summer. Afrundet er hver linjes sum til nærmeste %1, midt imellem til det lige antal; den afrundede total lægger de afrundede linjer sammen.</translation>
+    </message>
+    <message>
+        <source>quarter of an hour</source>
+        <translation>kvarter</translation>
+    </message>
+    <message>
+        <source>half hour</source>
+        <translation>halve time</translation>
+    </message>
+    <message>
+        <source>whole hour</source>
+        <translation>hele time</translation>
+    </message>
+    <message>
+        <source>Day</source>
+        <translation>Dag</translation>
+    </message>
+    <message>
+        <source>Job</source>
+        <translation>Job</translation>
+    </message>
+    <message>
+        <source>Hours</source>
+        <translation>Timer</translation>
+    </message>
+    <message>
+        <source>Rounded</source>
+        <translation>Afrundet</translation>
+    </message>
+    <message>
+        <source>Description</source>
+        <translation>Beskrivelse</translation>
+    </message>
 </context>
 <context>
     <name>MessageBoard</name>

@@ -2,6 +2,7 @@
 
 #include "clock/JobLists.h"
 #include "platform/forms/Prompts.h"
+#include "platform/system/Say.h"
 #include "startup/JobDatabase.h"
 #include "ui_CreateJob.h"
 
@@ -78,9 +79,9 @@ void CreateJob::Save(bool thenClose)
     ui_->JobIDText->setText(job.id);
     ui_->StatusLabel->clear();
     if (job.id.isEmpty())
-        return Refuse(u"Job ID must be filled in"_s);
+        return Refuse(Say("Job ID must be filled in"));
     if (Projects::IsListed(lists_.CompanyList, job.id))
-        return Refuse(u"This Job ID is already used"_s);
+        return Refuse(Say("This Job ID is already used"));
     if (job.name.isEmpty())
         job.name = job.id;
 
@@ -90,7 +91,7 @@ void CreateJob::Save(bool thenClose)
     QTimer::singleShot(patience, this, [this] {
         if (waiting_)
             ui_->StatusLabel->setText(
-                u"The job list has not answered yet. Please wait. If you leave, the job may still be stored."_s);
+                Say("The job list has not answered yet. Please wait. If you leave, the job may still be stored."));
     });
 }
 
@@ -107,11 +108,11 @@ void CreateJob::Answered(Projects::Creation creation, const JobItem &job, bool t
             Unload();
         break;
     case Projects::Creation::AlreadyUsed: // another copy was faster than the list
-        Refuse(u"This Job ID is already used"_s);
+        Refuse(Say("This Job ID is already used"));
         break;
     case Projects::Creation::Failed:
         ui_->StatusLabel->setText(
-            u"The job was not stored, because the job list could not be written. Please try again."_s);
+            Say("The job was not stored, because the job list could not be written. Please try again."));
         FocusJobID();
         break;
     }

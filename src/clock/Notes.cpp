@@ -6,6 +6,7 @@
 #include "platform/forms/ControlTypes.h"
 #include "platform/forms/Prompts.h"
 #include "platform/forms/ShownText.h"
+#include "platform/system/Say.h"
 #include "platform/system/TimeSource.h"
 #include "ui_Notes.h"
 
@@ -150,7 +151,7 @@ void Notes::Activate()
     const bool isRead = ReadAll();
     ShowJob();
     if (!isRead)
-        ui_->StatusLabel->setText(u"Your notes could not be read."_s);
+        ui_->StatusLabel->setText(Say("Your notes could not be read."));
 }
 
 void Notes::QueryUnload()
@@ -158,8 +159,9 @@ void Notes::QueryUnload()
     if (NewNote().isEmpty())
         return Unload();
     enum Answer { save, discard, goBack };
-    prompts_.AskChoice(this, u"The new note is not saved yet."_s,
-                       {{u"&Save it"_s, u"&Discard it"_s, u"&Back to the note"_s}, save, goBack}, [this](int answer) {
+    prompts_.AskChoice(this, Say("The new note is not saved yet."),
+                       {{Say("&Save it"), Say("&Discard it"), Say("&Back to the note")}, save, goBack},
+                       [this](int answer) {
                            if (answer == save)
                                SaveButton_Click();
                            else if (answer == discard)
@@ -179,7 +181,7 @@ void Notes::AskToDelete()
     QString beginning = chosen.siblingAtColumn(jobColumn + 1).data(Qt::EditRole).toString();
     if (beginning.size() > questionRoom)
         beginning = beginning.left(questionRoom) + u'…';
-    prompts_.AskYesNo(this, u"Do you want to DELETE this note ?\n\n%1"_s.arg(beginning),
+    prompts_.AskYesNo(this, Say("Do you want to DELETE this note ?\n\n%1").arg(beginning),
                       [this, id = ids_.at(static_cast<std::size_t>(chosen.row()))](bool yes) {
                           if (yes)
                               Delete(id);
@@ -193,7 +195,7 @@ void Notes::Delete(qint64 id)
     } catch (const dao::Error &error) {
         qCWarning(log).noquote() << error.Text();
         ui_->StatusLabel->setText(
-            u"The note was not deleted, because your database could not be written. Please try again."_s);
+            Say("The note was not deleted, because your database could not be written. Please try again."));
         return;
     }
     const int row = ui_->NotesGrid->currentIndex().row();
@@ -250,7 +252,7 @@ void Notes::SaveButton_Click()
     const bool isNew = !NewNote().isEmpty();
     if (!Save())
         ui_->StatusLabel->setText(
-            u"The note was not stored, because your database could not be written. Please try again."_s);
+            Say("The note was not stored, because your database could not be written. Please try again."));
     else if (isNew)
         GoTo(found_.index(found_.rowCount() - 1, 0));
     ui_->NoteText->setFocus();
@@ -281,7 +283,8 @@ void Notes::ShowJob()
     const QString job = ui_->JobText->text().trimmed();
     const QModelIndex ofJob = FirstNoteOfJob(job);
     GoTo(ofJob.isValid() ? ofJob : found_.index(found_.rowCount() - 1, 0));
-    ui_->StatusLabel->setText(!ofJob.isValid() && !job.isEmpty() ? u"There is no note on this job yet."_s : QString());
+    ui_->StatusLabel->setText(!ofJob.isValid() && !job.isEmpty() ? Say("There is no note on this job yet.")
+                                                                 : QString());
 }
 
 // The database says which job is the same, as it does for the sums.
@@ -308,7 +311,7 @@ void Notes::FindText_Change()
         GoTo(found_.index(0, 0));
     ShowWholeNote();
     const bool nothing = found_.rowCount() == 0 && !ui_->FindText->text().isEmpty();
-    ui_->StatusLabel->setText(nothing ? u"No note contains this text."_s : QString());
+    ui_->StatusLabel->setText(nothing ? Say("No note contains this text.") : QString());
 }
 
 void Notes::GoTo(const QModelIndex &note)

@@ -2,6 +2,7 @@
 
 #include "clock/Clock.h"
 #include "platform/forms/Control.h"
+#include "platform/system/Say.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -237,7 +238,7 @@ void PickList::TextUtil_Click()
         SearchText.clear();
         textUtil_.clear();
         FillAnew();
-        textUtilControl_.SetToolTip(QStringLiteral("Enter search characters here"));
+        textUtilControl_.SetToolTip(Say("Enter search characters here"));
     }
     ShowXList();
     textUtil_.setFocus();

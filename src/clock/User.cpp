@@ -2,6 +2,7 @@
 
 #include "platform/forms/FormServices.h"
 #include "platform/forms/Prompts.h"
+#include "platform/system/Say.h"
 #include "ui_User.h"
 
 #include <utility>
@@ -73,7 +74,7 @@ void User::QueryUnload()
 void User::Command1_Click()
 {
     const QString initials = Initials();
-    const QString reason = initials.isEmpty() ? QStringLiteral("Please type your initials.") : refusal_(initials);
+    const QString reason = initials.isEmpty() ? Say("Please type your initials.") : refusal_(initials);
     ui_->Refusal->setText(reason);
     ui_->UserName->setFocus();
     ui_->UserName->selectAll();

@@ -1,5 +1,6 @@
 #include "reports/ChartBars.h"
 
+#include "platform/system/Say.h"
 #include "reports/QuickRange.h"
 #include "reports/Timesheet.h"
 
@@ -14,7 +15,7 @@ namespace {
 
 QString Tip(const QString &what, double hours, const QLocale &locale)
 {
-    return what + u": "_s + ExactHoursText(hours, locale) + u" hours"_s;
+    return Say("%1: %2 hours").arg(what, ExactHoursText(hours, locale));
 }
 
 bool IsToBeSeen(double hours)
@@ -49,7 +50,7 @@ QList<HoursBar> JobBars(const QList<SummaryRow> &rows, int most, const QLocale &
     others.isRest = most > 1;
     for (auto bar = bars.cbegin() + most - 1; bar != bars.cend(); ++bar)
         others.hours += bar->hours;
-    others.label = (most > 1 ? u"%1 others"_s : u"%1 jobs"_s).arg(bars.size() - most + 1);
+    others.label = (most > 1 ? Say("%1 others") : Say("%1 jobs")).arg(bars.size() - most + 1);
     others.tip = Tip(others.label, others.hours, locale);
     bars.resize(most - 1);
     bars.append(others);

@@ -2,6 +2,7 @@
 
 #include "platform/forms/Form.h"
 #include "platform/forms/Prompts.h"
+#include "platform/system/Say.h"
 #include "reports/SaveFile.h"
 #include "reports/TimesheetPages.h"
 
@@ -122,7 +123,7 @@ void SystemPrinting::Preview(QWidget *owner, const PrintedTimesheet &timesheet, 
         if (!preview->isPrinted || used.printerState() == QPrinter::Error
             || !(isOnPaper ? IsThere(target) : IsWholePdf(target))) {
             qCWarning(log).noquote() << title << u"could not be printed on"_s << target;
-            prompts_.MsgBox(owner, u"The timesheet could not be printed on "_s + target + u"."_s);
+            prompts_.MsgBox(owner, Say("The timesheet could not be printed on %1.").arg(target));
         }
     });
     if (const auto *form = qobject_cast<const Form *>(owner))

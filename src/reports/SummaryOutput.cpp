@@ -2,6 +2,7 @@
 
 #include "platform/forms/Form.h"
 #include "platform/forms/Prompts.h"
+#include "platform/system/Say.h"
 #include "reports/Csv.h"
 #include "reports/SaveFile.h"
 #include "reports/Timesheet.h"
@@ -40,8 +41,8 @@ void SummaryOutput::Print(const Summary &summary, const QString &printerName, co
     } else {
         prompts_.AskYesNo(
             &window_,
-            u"There is no printer on this computer.\n\nDo you want to save the timesheet "
-            "as a PDF file instead?"_s,
+            Say("There is no printer on this computer.\n\nDo you want to save the timesheet "
+                "as a PDF file instead?"),
             [this, summary](bool yes) {
                 if (yes)
                     SavePdf(summary);
@@ -62,7 +63,7 @@ void SummaryOutput::SavePdf(const Summary &summary)
         return;
     const QString title = DocumentName(summary.from, summary.to);
     const PrintedTimesheet timesheet = TimesheetToPrint(summary, userInitials_, QLocale());
-    PickPath(u"Save the timesheet as PDF"_s, title, u"*.pdf"_s, [this, timesheet, title](const QString &path) {
+    PickPath(Say("Save the timesheet as PDF"), title, u"*.pdf"_s, [this, timesheet, title](const QString &path) {
         if (!WriteTimesheetPdf(path, timesheet, title))
             TellNotSaved(path);
     });
@@ -73,13 +74,13 @@ void SummaryOutput::SaveCsv(const Summary &summary)
     if (summary.kind == SummaryKind::None)
         return;
     const QByteArray content = SummaryCsv(summary);
-    PickPath(u"Save the sums as CSV"_s, DocumentName(summary.from, summary.to), u"*.csv"_s,
+    PickPath(Say("Save the sums as CSV"), DocumentName(summary.from, summary.to), u"*.csv"_s,
              [this, content](const QString &path) { SaveRows(path, content); });
 }
 
 void SummaryOutput::PickRowsFile(const QDate &from, const QDate &to, std::function<void(const QString &path)> then)
 {
-    PickPath(u"Save the time rows as CSV"_s, DocumentName(from, to) + u" rows"_s, u"*.csv"_s, std::move(then));
+    PickPath(Say("Save the time rows as CSV"), DocumentName(from, to) + u" rows"_s, u"*.csv"_s, std::move(then));
 }
 
 void SummaryOutput::SaveRows(const QString &path, const QByteArray &content)
@@ -107,6 +108,7 @@ void SummaryOutput::PickPath(const QString &title, const QString &name, const QS
 void SummaryOutput::TellNotSaved(const QString &path)
 {
     prompts_.MsgBox(&window_,
-                    u"The file\n%1\ncould not be saved. Its folder may be read-only or not there, the disk may be "
-                    "full, or another program may have opened it."_s.arg(QDir::toNativeSeparators(path)));
+                    Say("The file\n%1\ncould not be saved. Its folder may be read-only or not there, the disk may be "
+                        "full, or another program may have opened it.")
+                        .arg(QDir::toNativeSeparators(path)));
 }

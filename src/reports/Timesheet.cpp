@@ -1,5 +1,7 @@
 #include "reports/Timesheet.h"
 
+#include "platform/system/Say.h"
+
 #include <cmath>
 
 using namespace Qt::Literals::StringLiterals;
@@ -55,12 +57,12 @@ double Decimals(double hours, int scale)
 
 QString Foot(Rounding rounding)
 {
-    QString unit = u"quarter of an hour"_s;
+    QString unit = Say("quarter of an hour");
     if (rounding != Rounding::Quarters)
-        unit = rounding == Rounding::HalfHours ? u"half hour"_s : u"whole hour"_s;
-    return u"Hours are exact sums. Rounded is the sum of each line to the nearest %1, halves to the even one; the "
-           u"rounded "
-           "total adds the rounded lines."_s.arg(unit);
+        unit = rounding == Rounding::HalfHours ? Say("half hour") : Say("whole hour");
+    return Say("Hours are exact sums. Rounded is the sum of each line to the nearest %1, halves to the even one; the "
+               "rounded total adds the rounded lines.")
+        .arg(unit);
 }
 
 } // namespace

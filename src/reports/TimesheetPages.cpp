@@ -1,5 +1,7 @@
 #include "reports/TimesheetPages.h"
 
+#include "platform/system/Say.h"
+
 #include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QPagedPaintDevice>
@@ -33,7 +35,7 @@ QFont Bold(QFont font)
 // Of the columns; a summary per job lacks the first.
 QStringList Headings(qsizetype columns)
 {
-    const QStringList headings{u"Day"_s, u"Job"_s, u"Hours"_s, u"Rounded"_s, u"Description"_s};
+    const QStringList headings{Say("Day"), Say("Job"), Say("Hours"), Say("Rounded"), Say("Description")};
     return headings.mid(headings.size() - std::min(columns, headings.size()));
 }
 
@@ -216,7 +218,7 @@ public:
         for (const QString &line : layout_.foot)
             Text(0, y++, device.width(), Qt::AlignLeft, line);
         painter_.setFont(layout_.font);
-        Text(0, y, device.width(), Qt::AlignHCenter, u"Page %1 of %2"_s.arg(page + 1).arg(layout_.pages.size()));
+        Text(0, y, device.width(), Qt::AlignHCenter, Say("Page %1 of %2").arg(page + 1).arg(layout_.pages.size()));
     }
 
 private:

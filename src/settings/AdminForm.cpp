@@ -1,6 +1,7 @@
 #include "settings/AdminForm.h"
 
 #include "platform/forms/Prompts.h"
+#include "platform/system/Say.h"
 #include "ui_AdminForm.h"
 
 #include <QDir>
@@ -178,9 +179,8 @@ void AdminForm::CommitPath()
 void AdminForm::EnterpriseMDBText_Click()
 {
     const QString shown = ShownPath();
-    prompts_.PickFile(this, QStringLiteral("Locate Company Data Base"),
-                      shown.isEmpty() ? QStringLiteral("Jobs.mdb") : shown, QStringLiteral("*.mdb"),
-                      [this](const QString &picked) {
+    prompts_.PickFile(this, Say("Locate Company Data Base"), shown.isEmpty() ? QStringLiteral("Jobs.mdb") : shown,
+                      QStringLiteral("*.mdb"), [this](const QString &picked) {
                           if (picked.isEmpty())
                               return;
                           pickedPath_ = QDir::toNativeSeparators(picked);

@@ -1,5 +1,7 @@
 #include "startup/Identity.h"
 
+#include "platform/system/Say.h"
+
 #include <QDir>
 #include <QRegularExpression>
 #include <QUrl>
@@ -41,20 +43,19 @@ QString FileNameRefusal(const QString &name)
     if (match.hasMatch()) {
         const QChar character = match.captured().at(0);
         if (character < QLatin1Char(' ') || character == QChar(0x7f))
-            return QStringLiteral("Your initials become a file name. They cannot contain control characters.");
-        return QStringLiteral("Your initials become a file name. %1 cannot be used because of the character  %2")
+            return Say("Your initials become a file name. They cannot contain control characters.");
+        return Say("Your initials become a file name. %1 cannot be used because of the character  %2")
             .arg(quoted, character);
     }
     if (name.front() == QLatin1Char('.') || name.back() == QLatin1Char('.') || name.front().isSpace()
         || name.back().isSpace())
-        return QStringLiteral(
-                   "Your initials become a file name. %1 cannot be used because it begins or ends with a dot "
+        return Say("Your initials become a file name. %1 cannot be used because it begins or ends with a dot "
                    "or a blank.")
             .arg(quoted);
     if (name.toUtf8().size() > longestIdentity)
-        return QStringLiteral("Your initials become a file name. These are too long; please choose shorter ones.");
+        return Say("Your initials become a file name. These are too long; please choose shorter ones.");
     if (IsDeviceName(name.toUpper()))
-        return QStringLiteral("%1 cannot be used: the system reserves this name for a device.").arg(quoted);
+        return Say("%1 cannot be used: the system reserves this name for a device.").arg(quoted);
     return {};
 }
 

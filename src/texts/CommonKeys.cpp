@@ -1,6 +1,7 @@
 #include "platform/forms/Form.h"
 #include "platform/forms/Prompts.h"
 #include "platform/forms/WindowPlace.h"
+#include "platform/system/Say.h"
 #include "texts/Common.h"
 #include "texts/ControlIndex.h"
 #include "texts/Danish.h"
@@ -41,13 +42,13 @@ QString WayBackHint(const TextLanguage &language)
 QString ResetQuestion(const QStringList &changedTexts)
 {
     QString question =
-        u"Put the shipped layout and texts of this window back?\n\nThe window and all its controls return to "
-        "their shipped places and sizes. What you typed and chose in it stays."_s;
+        Say("Put the shipped layout and texts of this window back?\n\nThe window and all its controls return to "
+            "their shipped places and sizes. What you typed and chose in it stays.");
     if (changedTexts.isEmpty())
         return question;
-    question += u"\n\nThese texts were changed and would go:\n"_s + changedTexts.mid(0, longestList).join(u'\n');
+    question += Say("\n\nThese texts were changed and would go:\n") + changedTexts.mid(0, longestList).join(u'\n');
     if (changedTexts.size() > longestList)
-        question += u"\n… and %1 more"_s.arg(changedTexts.size() - longestList);
+        question += Say("\n… and %1 more").arg(changedTexts.size() - longestList);
     return question;
 }
 
@@ -183,6 +184,6 @@ void Common::PutBack(Form &form, const QList<TextRow> &shipped)
 void Common::TellNotPutBack(Form &form, const dao::Error &error)
 {
     qCWarning(log).noquote() << form.Name() << error.Text();
-    prompts_.MsgBox(&form, u"The shipped layout and texts could not be put back, because your database could not be "
-                           "read or written. Please try again."_s);
+    prompts_.MsgBox(&form, Say("The shipped layout and texts could not be put back, because your database could not be "
+                               "read or written. Please try again."));
 }

@@ -1,6 +1,7 @@
 #include "texts/GenEdit.h"
 
 #include "platform/forms/Form.h"
+#include "platform/system/Say.h"
 #include "texts/ControlPicker.h"
 
 #include <QApplication>
@@ -81,12 +82,13 @@ GenEdit::GenEdit(Form &form, Control &control)
       hidden_(control.Widget()),
       focusBefore_(form.focusWidget())
 {
-    const QString name = u"Editing "_s + control.Key();
+    const QString name = Say("Editing ") + control.Key();
     QWidget &focus = view_.FocusArea();
     for (QWidget *named : {static_cast<QWidget *>(this), &focus}) {
         named->setAccessibleName(name);
-        named->setAccessibleDescription(u"Tab accepts and Escape cancels. Ctrl and an arrow key move the control, with "
-                                        "Shift they resize it."_s);
+        named->setAccessibleDescription(
+            Say("Tab accepts and Escape cancels. Ctrl and an arrow key move the control, with "
+                "Shift they resize it."));
     }
     for (QWidget *pointed : {static_cast<QWidget *>(this), view_.TextArea()})
         if (pointed)

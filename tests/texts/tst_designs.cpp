@@ -1,5 +1,6 @@
 #include "Windows.h" // made by the build
 #include "platform/forms/Application.h"
+#include "platform/system/Say.h"
 #include "texts/Danish.h"
 
 #include <QAbstractSpinBox>
@@ -77,6 +78,24 @@ QSize Need(const QWidget &widget)
     return qobject_cast<const QAbstractScrollArea *>(&widget) ? QSize() : widget.minimumSizeHint();
 }
 
+// The text of literals that stand side by side, as they are written in a source.
+QString Unescaped(QString literals)
+{
+    static const QRegularExpression seam(u"\"\\s*\""_s);
+    literals = literals.trimmed().remove(seam).chopped(1).sliced(1);
+    return literals.replace(u"\\n"_s, u"\n"_s).replace(u"\\r"_s, u"\r"_s).replace(u"\\\""_s, u"\""_s);
+}
+
+// %1, %2 …: how often each occurs
+QMap<QString, int> PlacesIn(const QString &text)
+{
+    static const QRegularExpression place(u"%\\d"_s);
+    QMap<QString, int> places;
+    for (auto found = place.globalMatch(text); found.hasNext();)
+        ++places[found.next().captured()];
+    return places;
+}
+
 QString Clash(const QWidget &widget)
 {
     if (!widget.parentWidget()->rect().contains(widget.geometry()))
@@ -119,26 +138,36 @@ private slots:
         QCOMPARE(wanting.join(u' '), QString());
     }
 
-    // The help of what no design holds (timers, data), and the captions of lists.
+    // The help of what no design holds (timers, data), the captions of lists, and what is said at run time.
     void SaysInDanishWhatTheSourcesSay()
     {
-        const QRegularExpression marked(u"QT_TRANSLATE_NOOP\\(\\s*\"(\\w+)\",\\s*((?:\"[^\"]*\"\\s*)+)\\)"_s);
-        const QRegularExpression seam(u"\"\\s*\""_s);
+        const QString chain = u"((?:\"(?:[^\"\\\\]|\\\\.)*\"\\s*)+)\\)"_s;
+        const QRegularExpression marked(u"(?:QT_TRANSLATE_NOOP\\(\\s*\"(\\w+)\",|\\bSay\\()\\s*"_s + chain);
         QStringList wanting;
-        int texts = 0;
-        QDirIterator files(QStringLiteral(SOURCE_FOLDER), {u"*.cpp"_s}, QDir::Files, QDirIterator::Subdirectories);
+        int said = 0;
+        QDirIterator files(QStringLiteral(SOURCE_FOLDER), {u"*.cpp"_s, u"*.h"_s}, QDir::Files,
+                           QDirIterator::Subdirectories);
         while (files.hasNext()) {
             QFile file(files.next());
             QVERIFY(file.open(QFile::ReadOnly));
-            for (auto found = marked.globalMatch(QString::fromUtf8(file.readAll())); found.hasNext(); ++texts) {
+            const QString source = QString::fromUtf8(file.readAll());
+            for (auto found = marked.globalMatch(source); found.hasNext(); ++said) {
                 const QRegularExpressionMatch match = found.next();
-                const QString english = match.captured(2).trimmed().remove(seam).chopped(1).sliced(1);
-                if (DanishText(match.captured(1), english).isEmpty())
-                    wanting.append(match.captured(1) + u": "_s + english);
+                const QString english = Unescaped(match.captured(2));
+                const QString danish =
+                    DanishText(match.captured(1).isEmpty() ? u"Messages"_s : match.captured(1), english);
+                if (danish.isEmpty() || PlacesIn(danish) != PlacesIn(english))
+                    wanting.append(file.fileName() + u": "_s + english);
             }
         }
-        QVERIFY(texts > 8);
+        QVERIFY(said > 50);
         QCOMPARE(wanting.join(u'\n'), QString());
+
+        SayInDanish(true);
+        QCOMPARE(Say("&Try again"), u"&Prøv igen"_s);
+        QCOMPARE(QCoreApplication::translate("StempWin", "&Recent"), u"&Recent"_s); // a design's
+        SayInDanish(false);
+        QCOMPARE(Say("&Try again"), u"&Try again"_s);
     }
 
     void HasRoomForItsTexts_data() { AddWindowsInBothLanguages(); }

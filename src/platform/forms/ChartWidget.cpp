@@ -1,6 +1,7 @@
 #include "platform/forms/ChartWidget.h"
 
 #include "platform/forms/ControlTypes.h"
+#include "platform/system/Say.h"
 
 #include <QHelpEvent>
 #include <QLocale>
@@ -350,7 +351,7 @@ void ChartWidget::Describe()
 {
     QStringList values;
     for (const Bar &bar : bars_.first(std::min(bars_.size(), mostDescribed)))
-        values.append(u"%1: %2 hours"_s.arg(bar.label, ValueText(bar.value)));
+        values.append(Say("%1: %2 hours").arg(bar.label, ValueText(bar.value)));
     if (bars_.size() > mostDescribed)
         values.append(u"and %1 more"_s.arg(bars_.size() - mostDescribed));
     setAccessibleDescription(bars_.isEmpty() ? emptyText_ : values.join(u"; "_s));

@@ -1,6 +1,7 @@
 #include "platform/forms/Prompts.h"
 
 #include "platform/forms/Form.h"
+#include "platform/system/Say.h"
 
 #include <QDir>
 #include <QEventLoop>
@@ -153,15 +154,15 @@ void ScreenPrompts::PickSaveFile(QWidget *owner, const QString &title, const QSt
                  path += ending;
              if (!QFileInfo::exists(path))
                  return then(path);
-             AskYesNo(asker,
-                      QStringLiteral("The file\n%1\nis there already. Do you want to replace it?")
-                          .arg(QDir::toNativeSeparators(path)),
-                      [this, asker, title, path, filter, then](bool yes) {
-                          if (yes)
-                              then(path);
-                          else
-                              PickSaveFile(asker, title, path, filter, then);
-                      });
+             AskYesNo(
+                 asker,
+                 Say("The file\n%1\nis there already. Do you want to replace it?").arg(QDir::toNativeSeparators(path)),
+                 [this, asker, title, path, filter, then](bool yes) {
+                     if (yes)
+                         then(path);
+                     else
+                         PickSaveFile(asker, title, path, filter, then);
+                 });
          });
 }
 
