@@ -84,8 +84,8 @@
         <translation>Et helt antal dage; under 1 regnes som 7</translation>
     </message>
     <message>
-        <source>The number of days that the grid in the main window looks back. The recent jobs come from the same days. Older rows are not shown but stay in your time database. A change counts when the grid is next filled; anything below 1 counts as 7.</source>
-        <translation>Det antal dage, som tilbageblikket i hovedvinduet går tilbage. De seneste job kommer fra de samme dage. Ældre rækker vises ikke, men bliver i din tidsdatabase. En ændring gælder, næste gang tilbageblikket fyldes; alt under 1 regnes som 7.</translation>
+        <source>The number of days that the grid in the main window looks back. The recent jobs come from the same days. Older rows are not shown but stay in your time database. A change counts from the next start; anything below 1, and what is no number, counts as 7.</source>
+        <translation>Det antal dage, som tilbageblikket i hovedvinduet går tilbage. De seneste job kommer fra de samme dage. Ældre rækker vises ikke, men bliver i din tidsdatabase. En ændring gælder fra næste start; alt under 1, og hvad der ikke er et tal, regnes som 7.</translation>
     </message>
     <message>
         <source>Days of history in &apos;Roll-Back&apos; grid</source>
@@ -128,8 +128,8 @@
         <translation>Forny den lokale jobliste, hver gang programmet slutter</translation>
     </message>
     <message>
-        <source>Copies the company&apos;s job list to this machine each time the program ends, so that you can pick jobs when the network is away. It is disabled, and counts as off, when the company list is the program folder&apos;s own Jobs.mdb. Only the local copy is replaced.</source>
-        <translation>Kopierer firmaets jobliste til denne maskine, hver gang programmet slutter, så du kan vælge job, når netværket er væk. Punktet er deaktiveret og regnes som slået fra, når firmaets liste er programmappens egen Jobs.mdb. Kun den lokale kopi udskiftes.</translation>
+        <source>Copies the company&apos;s job list to this machine each time the program ends, so that you can pick jobs when the network is away. It is disabled, and counts as off, where there is nothing to copy: when the list is the program folder&apos;s own Jobs.mdb, when the program folder lies on a network drive, and while no company database is in use. Only the local copy is replaced.</source>
+        <translation>Kopierer firmaets jobliste til denne maskine, hver gang programmet slutter, så du kan vælge job, når netværket er væk. Punktet er deaktiveret og regnes som slået fra, hvor der intet er at kopiere: når listen er programmappens egen Jobs.mdb, når programmappen ligger på et netværksdrev, og mens ingen firmadatabase er i brug. Kun den lokale kopi udskiftes.</translation>
     </message>
     <message>
         <source>Auto-&amp;Update local copy of Company Job List</source>
@@ -222,34 +222,6 @@
     <message>
         <source>Not looked at yet</source>
         <translation>Endnu ikke undersøgt</translation>
-    </message>
-    <message>
-        <source>Found. People: %1, jobs: %2</source>
-        <translation>Fundet. Personer: %1, job: %2</translation>
-    </message>
-    <message>
-        <source>This file is no company database.</source>
-        <translation>Denne fil er ikke en firmadatabase.</translation>
-    </message>
-    <message>
-        <source>The file is there, but another program keeps it locked.</source>
-        <translation>Filen er der, men et andet program holder den låst.</translation>
-    </message>
-    <message>
-        <source>The file does not answer.</source>
-        <translation>Filen svarer ikke.</translation>
-    </message>
-    <message>
-        <source>There is no such file, or it cannot be read.</source>
-        <translation>Der er ingen sådan fil, eller den kan ikke læses.</translation>
-    </message>
-    <message>
-        <source>Stands in for %1, which is not there.</source>
-        <translation>Træder i stedet for %1, som ikke er der.</translation>
-    </message>
-    <message>
-        <source> OK keeps the file in use.</source>
-        <translation> OK beholder filen, der er i brug.</translation>
     </message>
 </context>
 <context>
@@ -1177,6 +1149,34 @@ Disse tekster er ændret og ville forsvinde:
     <message>
         <source>Description</source>
         <translation>Beskrivelse</translation>
+    </message>
+    <message>
+        <source>Found. People: %1, jobs: %2</source>
+        <translation>Fundet. Personer: %1, job: %2</translation>
+    </message>
+    <message>
+        <source>This file is no company database.</source>
+        <translation>Denne fil er ikke en firmadatabase.</translation>
+    </message>
+    <message>
+        <source>The file is there, but another program keeps it locked.</source>
+        <translation>Filen er der, men et andet program holder den låst.</translation>
+    </message>
+    <message>
+        <source>The file does not answer.</source>
+        <translation>Filen svarer ikke.</translation>
+    </message>
+    <message>
+        <source>There is no such file, or it cannot be read.</source>
+        <translation>Der er ingen sådan fil, eller den kan ikke læses.</translation>
+    </message>
+    <message>
+        <source>Stands in for %1, which is not there.</source>
+        <translation>Træder i stedet for %1, som ikke er der.</translation>
+    </message>
+    <message>
+        <source> OK keeps the file in use.</source>
+        <translation> OK beholder filen, der er i brug.</translation>
     </message>
 </context>
 <context>

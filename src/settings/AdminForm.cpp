@@ -225,9 +225,9 @@ void AdminForm::ShowRunTimeTexts()
     const QString &chosen = accepted_.EnterpriseMDBText;
     const bool isStandIn = !IsPathChanged() && !chosen.isEmpty() && pathInEffect_ != chosen;
     if (isStandIn)
-        text = QStringLiteral(QT_TRANSLATE_NOOP("AdminForm", "Stands in for %1, which is not there.")).arg(chosen);
+        text = Say("Stands in for %1, which is not there.").arg(chosen);
     else if (judgement_ && !judgement_->Exists() && IsPathChanged())
-        text += QStringLiteral(QT_TRANSLATE_NOOP("AdminForm", " OK keeps the file in use."));
+        text += Say(" OK keeps the file in use.");
     const QLabel &line = *ui_->PathLabel;
     ui_->PathLabel->setText(line.fontMetrics().elidedText(text, Qt::ElideMiddle, line.contentsRect().width()));
 }
