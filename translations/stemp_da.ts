@@ -2,6 +2,227 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="da_DK" sourcelanguage="en">
 <context>
+    <name>Messages</name>
+    <message>
+        <source>The file
+%1
+could not be made: its template &quot;%2&quot; is missing in the program folder, or you may not read it. Please install the program again.</source>
+        <translation>Filen
+%1
+kunne ikke laves: Dens skabelon &quot;%2&quot; mangler i programmappen, eller du må ikke læse den. Installér programmet igen.</translation>
+    </message>
+    <message>
+        <source>The file
+%1
+could not be made: its template &quot;%2&quot; is damaged. Please install the program again.</source>
+        <translation>Filen
+%1
+kunne ikke laves: Dens skabelon &quot;%2&quot; er beskadiget. Installér programmet igen.</translation>
+    </message>
+    <message>
+        <source>The file
+%1
+could not be made: the disk is full. Please make room on it.</source>
+        <translation>Filen
+%1
+kunne ikke laves: Disken er fuld. Skaf plads på den.</translation>
+    </message>
+    <message>
+        <source>The file
+%1
+could not be made: you may not write in this folder. Please ask for the right to do so.</source>
+        <translation>Filen
+%1
+kunne ikke laves: Du må ikke skrive i denne mappe. Bed om ret til det.</translation>
+    </message>
+    <message>
+        <source>The file
+%1
+could not be made: its drive does not work as it should.</source>
+        <translation>Filen
+%1
+kunne ikke laves: Dens drev virker ikke, som det skal.</translation>
+    </message>
+    <message>
+        <source>The file %1 is damaged.</source>
+        <translation>Filen %1 er beskadiget.</translation>
+    </message>
+    <message>
+        <source>The file %1 is damaged and could not be set aside.</source>
+        <translation>Filen %1 er beskadiget og kunne ikke lægges til side.</translation>
+    </message>
+    <message>
+        <source>The file %1 is damaged. It was set aside as
+%2
+and a new one was made.</source>
+        <translation>Filen %1 er beskadiget. Den blev lagt til side som
+%2
+og en ny blev lavet.</translation>
+    </message>
+    <message>
+        <source>The program is already running with the file
+%1</source>
+        <translation>Programmet kører allerede med filen
+%1</translation>
+    </message>
+    <message>
+        <source>The file
+%1
+is in use by another program, or lies on a drive that grants no locks. Close that program and start again.</source>
+        <translation>Filen
+%1
+bruges af et andet program eller ligger på et drev, der ikke låser filer. Luk det program og start igen.</translation>
+    </message>
+    <message>
+        <source>The file
+%1
+cannot be written: the disk is full. Make room on it and start again.</source>
+        <translation>Filen
+%1
+kan ikke skrives: Disken er fuld. Skaf plads på den og start igen.</translation>
+    </message>
+    <message>
+        <source>The file
+%1
+cannot be written: you may not write to it, or not in its folder. Please ask for the right to do both.</source>
+        <translation>Filen
+%1
+kan ikke skrives: Du må ikke skrive i den eller ikke i dens mappe. Bed om ret til begge dele.</translation>
+    </message>
+    <message>
+        <source>The file
+%1
+cannot be read or written: its drive does not work as it should.</source>
+        <translation>Filen
+%1
+kan ikke læses eller skrives: Dens drev virker ikke, som det skal.</translation>
+    </message>
+    <message>
+        <source>The file
+%1
+is not there. Please start again.</source>
+        <translation>Filen
+%1
+er der ikke. Start igen.</translation>
+    </message>
+    <message>
+        <source>Where the program keeps its file
+%1
+there is a folder of that name. Please rename it.</source>
+        <translation>Hvor programmet har sin fil
+%1
+ligger der en mappe med det navn. Giv den et andet navn.</translation>
+    </message>
+    <message>
+        <source>The template &quot;%1&quot; is damaged or missing. The file was made without it; please install the program again.</source>
+        <translation>Skabelonen &quot;%1&quot; er beskadiget eller mangler. Filen blev lavet uden den; installér programmet igen.</translation>
+    </message>
+    <message>
+        <source>The file
+%1
+lacks tables, and they could not be made. Some of your jobs, notes or messages cannot be kept.</source>
+        <translation>Filen
+%1
+mangler tabeller, og de kunne ikke laves. Nogle af dine job, noter eller beskeder kan ikke gemmes.</translation>
+    </message>
+    <message>
+        <source>personal jobs</source>
+        <translation>personlige job</translation>
+    </message>
+    <message>
+        <source>notes</source>
+        <translation>noter</translation>
+    </message>
+    <message>
+        <source>messages to be sent</source>
+        <translation>beskeder, der skal sendes</translation>
+    </message>
+    <message>
+        <source>messages</source>
+        <translation>beskeder</translation>
+    </message>
+    <message>
+        <source>status texts</source>
+        <translation>statustekster</translation>
+    </message>
+    <message>
+        <source>windows with their texts, places and settings: %1</source>
+        <translation>vinduer med deres tekster, pladser og indstillinger: %1</translation>
+    </message>
+    <message>
+        <source>jobs: %1</source>
+        <translation>job: %1</translation>
+    </message>
+    <message>
+        <source>people: %1</source>
+        <translation>personer: %1</translation>
+    </message>
+    <message>
+        <source>Nothing in it could be read.</source>
+        <translation>Intet i den kunne læses.</translation>
+    </message>
+    <message>
+        <source>What could still be read came along: %1.</source>
+        <translation>Hvad der endnu kunne læses, kom med: %1.</translation>
+    </message>
+    <message>
+        <source>The job list
+%1
+is damaged, or belongs to another program.</source>
+        <translation>Joblisten
+%1
+er beskadiget eller hører til et andet program.</translation>
+    </message>
+    <message>
+        <source>%1
+
+Do you want it set aside and a new one made? What can still be read of it comes along.</source>
+        <translation>%1
+
+Skal den lægges til side og en ny laves? Hvad der endnu kan læses i den, kommer med.</translation>
+    </message>
+    <message>
+        <source>The drive of
+%1
+does not answer.</source>
+        <translation>Drevet med
+%1
+svarer ikke.</translation>
+    </message>
+    <message>
+        <source>The file
+%1
+is not used as the company database: %2. The job list is now the one in the program folder.</source>
+        <translation>Filen
+%1
+bruges ikke som firmadatabase: %2. Joblisten er nu den i programmappen.</translation>
+    </message>
+    <message>
+        <source>The file that the settings name as the company database is not used: %1.</source>
+        <translation>Filen, som indstillingerne nævner som firmadatabase, bruges ikke: %1.</translation>
+    </message>
+    <message>
+        <source>it is a folder</source>
+        <translation>det er en mappe</translation>
+    </message>
+    <message>
+        <source>it is no database, or is damaged</source>
+        <translation>det er ingen database, eller den er beskadiget</translation>
+    </message>
+    <message>
+        <source>it is a database of another program</source>
+        <translation>det er en database fra et andet program</translation>
+    </message>
+    <message>
+        <source>it is not there, or you may not read it</source>
+        <translation>den er der ikke, eller du må ikke læse den</translation>
+    </message>
+    <message>
+        <source>it cannot be read</source>
+        <translation>den kan ikke læses</translation>
+    </message>
+</context>
+<context>
     <name>AdminForm</name>
     <message>
         <source>The window in which you pick the company database. It opens when you click its location; what you pick is used when you press OK.</source>

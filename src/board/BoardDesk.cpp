@@ -103,6 +103,7 @@ void BoardDesk::Enterprise_Init()
     patience_.stop();
     notice_ = {};
     notice_.isThere = parts_.jobDatabase.EnterpriseOn;
+    notice_.failure = parts_.jobDatabase.WhyNotUsed;
     writingIsSettled_ = false;
     if (parts_.jobDatabase.EnterpriseOn && !parts_.startingUp)
         Refresh_Enterprise();

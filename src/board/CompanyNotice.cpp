@@ -1,5 +1,7 @@
 #include "board/CompanyNotice.h"
 
+#include "platform/system/Say.h"
+
 #include <QLocale>
 
 using namespace Qt::Literals::StringLiterals;
@@ -41,7 +43,11 @@ QString WhatIsWrong(std::optional<dao::ErrorKind> failure)
 QString CompanyNotice::Text() const
 {
     if (!isThere)
-        return u"The company database is not there. Colleagues are shown as they were known last."_s;
+        return (failure && failure != dao::ErrorKind::CannotOpen
+                    ? Say("The file that the settings name as the company database is not used: %1.")
+                          .arg(WhyNotUsed(*failure))
+                    : u"The company database is not there."_s)
+               + u" Colleagues are shown as they were known last."_s;
     if (isStale) {
         const QString since =
             lastCurrent.isValid()
@@ -52,6 +58,22 @@ QString CompanyNotice::Text() const
     if (!canBeWritten)
         return u"The company database can be read, but not written. Your state and your messages wait here."_s;
     return {};
+}
+
+QString WhyNotUsed(dao::ErrorKind failure)
+{
+    switch (failure) {
+    case dao::ErrorKind::Folder:
+        return Say("it is a folder");
+    case dao::ErrorKind::Corrupt:
+        return Say("it is no database, or is damaged");
+    case dao::ErrorKind::Foreign:
+        return Say("it is a database of another program");
+    case dao::ErrorKind::CannotOpen:
+        return Say("it is not there, or you may not read it");
+    default:
+        return Say("it cannot be read");
+    }
 }
 
 QString RefusedWriteText(const QString &path, const dao::Error &error)

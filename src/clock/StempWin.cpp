@@ -412,6 +412,7 @@ void StempWin::RefreshGrid()
 void StempWin::Enterprise_Init()
 {
     const JobDatabase &jobs = parts_.jobDatabase;
+    ShowNotice(QString(jobs.OwnFileTrouble).replace(QLatin1Char('\n'), QLatin1Char(' ')));
     FillJobList();
     ShowRunTimeTexts();
     if (jobs.CompanyJobs) {

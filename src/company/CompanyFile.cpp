@@ -22,7 +22,7 @@ dao::Database &CompanyFile::Connection()
     dao::Database database = dao::Database::OpenDatabase(path_);
     for (const QString &table : {u"Projects"_s, u"Users"_s})
         if (!database.HasTable(table))
-            throw dao::Error(dao::ErrorKind::Other, u"opening the job database"_s, path_, u"no table "_s + table);
+            throw dao::Error(dao::ErrorKind::Foreign, u"opening the job database"_s, path_, u"no table "_s + table);
     database_ = std::move(database);
     opened_ = file;
     replaced_ = replaced_ || replaced;

@@ -2,6 +2,7 @@
 
 #include "platform/dao/Database.h"
 #include "platform/dao/Error.h"
+#include "platform/system/Say.h"
 
 #include <QDir>
 #include <QFile>
@@ -78,22 +79,24 @@ std::optional<dao::ErrorKind> CopyTemplate(const QString &source, const QString 
 
 QString WhyNotMade(dao::ErrorKind failure, const QString &source, const QString &target)
 {
-    const QString file = QStringLiteral("The file\n%1\ncould not be made: ").arg(target);
     const QString name = QFileInfo(source).fileName();
     switch (failure) {
     case dao::ErrorKind::CannotOpen:
-        return file
-               + QStringLiteral("its template \"%1\" is missing in the program folder, or you may not read it. Please "
-                                "install the program again.")
-                     .arg(name);
+        return Say("The file\n%1\ncould not be made: its template \"%2\" is missing in the program folder, or you may "
+                   "not "
+                   "read it. Please install the program again.")
+            .arg(target, name);
     case dao::ErrorKind::Corrupt:
-        return file + QStringLiteral("its template \"%1\" is damaged. Please install the program again.").arg(name);
+        return Say("The file\n%1\ncould not be made: its template \"%2\" is damaged. Please install the program again.")
+            .arg(target, name);
     case dao::ErrorKind::Full:
-        return file + QStringLiteral("the disk is full. Please make room on it.");
+        return Say("The file\n%1\ncould not be made: the disk is full. Please make room on it.").arg(target);
     case dao::ErrorKind::ReadOnly:
-        return file + QStringLiteral("you may not write in this folder. Please ask for the right to do so.");
+        return Say("The file\n%1\ncould not be made: you may not write in this folder. Please ask for the right to do "
+                   "so.")
+            .arg(target);
     default:
-        return file + QStringLiteral("its drive does not work as it should.");
+        return Say("The file\n%1\ncould not be made: its drive does not work as it should.").arg(target);
     }
 }
 
@@ -153,8 +156,8 @@ std::optional<QString> SetAside(const QString &path, const QDateTime &now)
 QString SetAsideMessage(const QString &path, const std::optional<QString> &aside)
 {
     if (!aside)
-        return QStringLiteral("The file %1 is damaged and could not be set aside.").arg(path);
-    return QStringLiteral("The file %1 is damaged. It was set aside as\n%2\nand a new one was made.").arg(path, *aside);
+        return Say("The file %1 is damaged and could not be set aside.").arg(path);
+    return Say("The file %1 is damaged. It was set aside as\n%2\nand a new one was made.").arg(path, *aside);
 }
 
 bool SameFile(const QString &a, const QString &b)

@@ -37,6 +37,10 @@ public:
     bool CompanyJobs = false;  // it is the shared company database
     bool LocalJobs = false;    // it is the local copy in the program folder
 
+    std::optional<dao::ErrorKind> WhyNotUsed; // the configured file; nothing while it is in use, or none is configured
+    bool OwnFileDamaged = false;              // "Jobs.mdb" in the program folder is needed, but no job database
+    QString OwnFileTrouble; // why it does not serve, as a sentence; empty when it does or is not needed
+
     // Takes the file at `configured` when it serves, else "Jobs.mdb" in the program folder, made from its template when that is
     // missing too; a configured file that does not serve (it is missing, or no job database) is looked for from then on. A file
     // that is locked or does not answer in time is not a missing one: it stays the one in use. The list of another file than
@@ -47,6 +51,9 @@ public:
     // does for the program folder's own file when the other one does not serve.
     void LookAt(const QString &configured);
     void ChooseLooked();
+    // Sets a damaged "Jobs.mdb" of the program folder aside for a new one, with what can still be read of it; Choose is to follow.
+    // What came of it, for the person.
+    QString MendOwnFile(const QDateTime &now);
 
     // Opens the company database at `path` and matches the login name; the identity it stands for, or nothing. Before the first
     // Choose only; the two share what they may wait.
@@ -129,6 +136,7 @@ private:
         bool answers = true;
         bool serves = false; // taken for granted while it does not answer
         bool isOwnFile = false;
+        std::optional<dao::ErrorKind> failure = {}; // why it does not serve
     };
 
     static JobList ReadJobList(dao::Database &database, const Seen &seen, const QString &mark);
@@ -136,6 +144,8 @@ private:
 
     // The choice of the file, in JobDatabaseChoice.cpp.
     QString OwnJobsFile() const;
+    QString BlankJobsFile() const;
+    Finding OpenOwnFile(Deadline deadline);
     static Finding FindingOf(const QString &path, const QString &own, const std::optional<Answer<bool>> &answer);
     void Use(const QString &path);
     Finding Open(const QString &path, Deadline deadline);

@@ -1,12 +1,16 @@
 #include "startup/JobDatabase.h"
 
+#include "platform/system/Say.h"
 #include "startup/DataFiles.h"
 #include "startup/Identity.h"
+#include "startup/Mending.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QLoggingCategory>
 
 #include <algorithm>
+#include <memory>
 #include <tuple>
 #include <utility>
 
@@ -15,6 +19,8 @@ using namespace std::chrono_literals;
 namespace {
 
 Q_LOGGING_CATEGORY(log, "stemp.startup")
+
+constexpr std::chrono::milliseconds mendLimit = 20s; // a person has just agreed to it
 
 constexpr std::chrono::milliseconds leastLimit = 250ms; // what is waited for in any case
 
@@ -79,13 +85,12 @@ void JobDatabase::TakeIntoUse(const QString &configured, Finding finding, Deadli
 {
     QString path = configured;
     EnterpriseOn = finding.serves;
+    WhyNotUsed = configured.isEmpty() ? std::nullopt : finding.failure;
+    OwnFileDamaged = false;
+    OwnFileTrouble.clear();
     if (!finding.serves) {
         path = OwnJobsFile();
-        link_.RunWithin(Left(deadline), path, [path, blank = identity_.InAppFolder(QStringLiteral("Blank Jobs.mdb"))] {
-            if (!DataFiles::FileExists(path) && DataFiles::FileExists(blank))
-                DataFiles::CopyTemplate(blank, path);
-        });
-        finding = Open(path, deadline);
+        finding = OpenOwnFile(deadline);
     }
     if (path != CompanyPath) {
         // A job of the file before must not be deleted from this one.
@@ -109,6 +114,43 @@ void JobDatabase::TakeIntoUse(const QString &configured, Finding finding, Deadli
         searchTimer_.start();
 }
 
+JobDatabase::Finding JobDatabase::OpenOwnFile(Deadline deadline)
+{
+    const QString path = OwnJobsFile();
+    const QString blank = BlankJobsFile();
+    const auto notMade = std::make_shared<std::optional<dao::ErrorKind>>();
+    const bool answered = link_.RunWithin(Left(deadline), path, [path, blank, notMade] {
+        if (!QFileInfo::exists(path) && DataFiles::FileExists(blank))
+            *notMade = Mending::MakeJobs(blank, path);
+    });
+    const Finding finding = Open(path, deadline);
+    OwnFileDamaged = finding.failure == dao::ErrorKind::Corrupt || finding.failure == dao::ErrorKind::Foreign;
+    if (answered && *notMade)
+        OwnFileTrouble = DataFiles::WhyNotMade(**notMade, blank, path);
+    else if (OwnFileDamaged)
+        OwnFileTrouble = Say("The job list\n%1\nis damaged, or belongs to another program.").arg(path);
+    else if (finding.failure == dao::ErrorKind::Folder)
+        OwnFileTrouble =
+            Say("Where the program keeps its file\n%1\nthere is a folder of that name. Please rename it.").arg(path);
+    return finding;
+}
+
+QString JobDatabase::MendOwnFile(const QDateTime &now)
+{
+    const auto message = std::make_shared<QString>();
+    const QString path = OwnJobsFile();
+    if (!link_.RunWithin(mendLimit, path, [path, blank = BlankJobsFile(), now, message] {
+            *message = Mending::MendJobs(path, blank, now);
+        }))
+        return Say("The drive of\n%1\ndoes not answer.").arg(path);
+    return *message;
+}
+
+QString JobDatabase::BlankJobsFile() const
+{
+    return identity_.InAppFolder(QStringLiteral("Blank Jobs.mdb"));
+}
+
 QString JobDatabase::OwnJobsFile() const
 {
     return identity_.InAppFolder(QStringLiteral("Jobs.mdb"));
@@ -125,7 +167,7 @@ JobDatabase::Finding JobDatabase::FindingOf(const QString &path, const QString &
     }
     if (answer->error) {
         qCWarning(log).noquote() << answer->error->Text();
-        return {};
+        return {true, false, false, answer->error->Kind()};
     }
     return {true, true, *answer->value};
 }

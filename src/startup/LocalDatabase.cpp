@@ -1,5 +1,7 @@
 #include "platform/dao/Error.h"
+#include "platform/system/Say.h"
 #include "startup/DataFiles.h"
+#include "startup/Mending.h"
 #include "startup/Module1.h"
 #include "startup/PersonalFile.h"
 
@@ -13,36 +15,31 @@ namespace {
 
 Q_LOGGING_CATEGORY(log, "stemp.startup")
 
-constexpr QLatin1String mendedSuffix(".mended"); // of a file that takes the place of a damaged one
-
 QString FailureMessage(const QString &path, const dao::Held &held)
 {
     switch (held.failure) {
     case dao::HeldFailure::HeldByAnotherCopy:
-        return QStringLiteral("The program is already running with the file\n%1").arg(path);
+        return Say("The program is already running with the file\n%1").arg(path);
     case dao::HeldFailure::InUseElsewhere:
-        return QStringLiteral("The file\n%1\nis in use by another program, or lies on a drive that grants no locks. "
-                              "Close that program and start again.")
+        return Say("The file\n%1\nis in use by another program, or lies on a drive that grants no locks. "
+                   "Close that program and start again.")
             .arg(path);
     case dao::HeldFailure::NotWritable:
         if (held.kind == dao::ErrorKind::Full)
-            return QStringLiteral("The file\n%1\ncannot be written: the disk is full. Make room on it and start again.")
-                .arg(path);
+            return Say("The file\n%1\ncannot be written: the disk is full. Make room on it and start again.").arg(path);
         if (held.kind == dao::ErrorKind::ReadOnly || held.kind == dao::ErrorKind::CannotOpen)
-            return QStringLiteral("The file\n%1\ncannot be written: you may not write to it, or not in its folder. "
-                                  "Please ask for the right to do both.")
+            return Say("The file\n%1\ncannot be written: you may not write to it, or not in its folder. "
+                       "Please ask for the right to do both.")
                 .arg(path);
-        return QStringLiteral("The file\n%1\ncannot be read or written: its drive does not work as it should.")
-            .arg(path);
+        return Say("The file\n%1\ncannot be read or written: its drive does not work as it should.").arg(path);
     case dao::HeldFailure::None:
     case dao::HeldFailure::Damaged:
     case dao::HeldFailure::Missing:
         break;
     }
     if (!QFileInfo(path).isDir())
-        return QStringLiteral("The file\n%1\nis not there. Please start again.").arg(path);
-    return QStringLiteral("Where the program keeps its file\n%1\nthere is a folder of that name. Please rename it.")
-        .arg(path);
+        return Say("The file\n%1\nis not there. Please start again.").arg(path);
+    return Say("Where the program keeps its file\n%1\nthere is a folder of that name. Please rename it.").arg(path);
 }
 
 QString CannotOpenMessage(const QString &path)
@@ -86,8 +83,8 @@ Made MakeLocalDB(const QString &blank, const QString &target, bool needsTemplate
         if (!failure)
             return {};
         MakeWithoutTemplate(target);
-        return {std::nullopt, QStringLiteral("The template \"%1\" is damaged or missing. The file was made without it; "
-                                             "please install the program again.")
+        return {std::nullopt, Say("The template \"%1\" is damaged or missing. The file was made without it; "
+                                  "please install the program again.")
                                   .arg(QFileInfo(blank).fileName())};
     } catch (const dao::Error &error) {
         qCWarning(log).noquote() << error.Text();
@@ -96,33 +93,17 @@ Made MakeLocalDB(const QString &blank, const QString &target, bool needsTemplate
     }
 }
 
-// Sets a damaged per-login database aside, once another one is complete that holds what can still be read of it.
 QString MendLocalDB(const QString &path, const QString &blank, const QDateTime &now)
 {
-    const QString mended = path + mendedSuffix;
-    const Made made = MakeLocalDB(blank, mended, false);
-    if (made.failure)
-        return QStringLiteral("The file %1 is damaged.\n\n").arg(path)
-               + DataFiles::WhyNotMade(*made.failure, blank, path);
-    QString salvaged;
-    try {
-        dao::Database database = dao::Database::OpenDatabase(mended);
-        salvaged = PersonalFile::Salvage(path, database);
-    } catch (const dao::Error &error) {
-        qCWarning(log).noquote() << error.Text();
-        QFile::remove(mended);
-        return QStringLiteral("The file %1 is damaged.\n\n").arg(path)
-               + DataFiles::WhyNotMade(error.Kind(), blank, path);
-    }
-    const std::optional<QString> aside = DataFiles::SetAside(path, now);
-    if (!aside) {
-        QFile::remove(mended);
-        return DataFiles::SetAsideMessage(path, aside);
-    }
-    QFile::rename(mended, path); // else the next start does it
-    QStringList parts{DataFiles::SetAsideMessage(path, aside), salvaged, made.message};
-    parts.removeAll(QString());
-    return parts.join(QStringLiteral("\n\n"));
+    QString made; // what is to be said of it
+    const QString message = Mending::Mend(path, blank, now,
+                                          {[&](const QString &target) {
+                                               const Made result = MakeLocalDB(blank, target, false);
+                                               made = result.message;
+                                               return result.failure;
+                                           },
+                                           PersonalFile::Salvage});
+    return made.isEmpty() ? message : message + QStringLiteral("\n\n") + made;
 }
 
 // Complete, under its own name at once.
@@ -144,8 +125,7 @@ OpenedLocalDB OpenLocalDB(const Identity &identity, const QDateTime &now)
     const QString path = identity.LocalDBPath;
     const QString blank = identity.InAppFolder(QStringLiteral("blank Stemp.mdb"));
     OpenedLocalDB opened;
-    if (!QFileInfo::exists(path))
-        QFile::rename(path + mendedSuffix, path); // the program was ended between the two steps of mending
+    Mending::FinishInterrupted(path);
     if (!QFileInfo::exists(path)) {
         const Made made = MakeFirstLocalDB(path, blank);
         if (made.failure)
@@ -169,10 +149,9 @@ OpenedLocalDB OpenLocalDB(const Identity &identity, const QDateTime &now)
         PersonalFile::Complete(opened.database);
     } catch (const dao::Error &error) {
         qCWarning(log).noquote() << error.Text();
-        opened.message +=
-            QStringLiteral("The file\n%1\nlacks tables, and they could not be made. Some of your jobs, notes "
-                           "or messages cannot be kept.")
-                .arg(path);
+        opened.message += Say("The file\n%1\nlacks tables, and they could not be made. Some of your jobs, notes "
+                              "or messages cannot be kept.")
+                              .arg(path);
     }
     return opened;
 }

@@ -1,10 +1,12 @@
 #include "startup/Main.h"
 
 #include "board/BoardDesk.h"
+#include "board/CompanyNotice.h"
 #include "clock/StempWin.h"
 #include "clock/User.h"
 #include "platform/dao/Error.h"
 #include "platform/forms/Prompts.h"
+#include "platform/system/Say.h"
 #include "platform/system/System.h"
 #include "platform/system/TimeSource.h"
 #include "reports/Printing.h"
@@ -177,6 +179,7 @@ void Main::ApplySettings()
     program_.options = adminForm_->CurrentOptions();
     common_->SetShowToolTips(program_.options.ShowToolTips);
     jobs.Choose(program_.options.EnterpriseMDBText);
+    OfferNewJobList();
     if (jobs.CompanyJobs)
         adminForm_->ShowPathInEffect(jobs.CompanyPath);
     if (identity.UserInitials.isEmpty() && (jobs.CompanyJobs || identity.NeedsInitials()) && !AskInitials())
@@ -188,6 +191,28 @@ void Main::ApplySettings()
     jobs.AddSelfToUsers();
     if (identity.UserInitials.isEmpty())
         identity.UserInitials = QStringLiteral("NN");
+}
+
+// In place of a damaged one that is needed.
+void Main::OfferNewJobList()
+{
+    JobDatabase &jobs = program_.jobDatabase;
+    if (!jobs.OwnFileDamaged)
+        return;
+    const QString question =
+        Say("%1\n\nDo you want it set aside and a new one made? What can still be read of it comes along.")
+            .arg(jobs.OwnFileTrouble);
+    bool agreed = false;
+    WaitFor([&](const std::function<void()> &done) {
+        prompts_.AskYesNo(nullptr, question, [&agreed, done](bool yes) {
+            agreed = yes;
+            done();
+        });
+    });
+    if (!agreed || ended_)
+        return;
+    Tell(jobs.MendOwnFile(program_.time.Now()));
+    jobs.Choose(program_.options.EnterpriseMDBText);
 }
 
 void Main::OpenTimeDb()
@@ -286,9 +311,9 @@ void Main::SwitchOver(const QString &path)
     pickedPath_.clear();
     if (jobs.CompanyPath != path)
         prompts_.MsgBox(stempWin_.get(),
-                        QStringLiteral("The file\n%1\nis no company database of this program and is not used. The job "
-                                       "list is now the one in the program folder.")
-                            .arg(path));
+                        Say("The file\n%1\nis not used as the company database: %2. The job list is now the one in the "
+                            "program folder.")
+                            .arg(path, WhyNotUsed(jobs.WhyNotUsed.value_or(dao::ErrorKind::Other))));
 }
 
 // Where people share a database. It is shown also while that is away.

@@ -45,6 +45,7 @@ private:
     void PrepareTimeDb();
     void LoadWindows();
     void ApplySettings();
+    void OfferNewJobList();
     void OpenTimeDb();
     void SettleOpenRow();
     void FillLists();

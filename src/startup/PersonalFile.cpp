@@ -3,6 +3,7 @@
 #include "platform/dao/Completion.h"
 #include "platform/dao/Database.h"
 #include "platform/dao/TableDef.h"
+#include "platform/system/Say.h"
 
 #include <QHash>
 #include <QStringBuilder>
@@ -41,12 +42,12 @@ const QList<dao::TableDef> &Tables()
 // What a person calls the rows of a table.
 QString NameOf(const QString &table)
 {
-    static const QHash<QString, QString> names{
-        {u"Projects"_s, u"personal jobs"_s},
-        {u"NotesList"_s, u"notes"_s},
-        {u"MessageBuffer"_s, u"messages to be sent"_s},
-        {u"MessageHistory"_s, u"messages"_s},
-        {u"PersonalStatus"_s, u"status texts"_s},
+    const QHash<QString, QString> names{
+        {u"Projects"_s, Say("personal jobs")},
+        {u"NotesList"_s, Say("notes")},
+        {u"MessageBuffer"_s, Say("messages to be sent")},
+        {u"MessageHistory"_s, Say("messages")},
+        {u"PersonalStatus"_s, Say("status texts")},
     };
     return names.value(table);
 }
@@ -80,8 +81,8 @@ QString PersonalFile::Salvage(const QString &damaged, dao::Database &localDB)
             ++windows;
     }
     if (windows > 0)
-        parts.append(u"windows with their texts, places and settings: %1"_s.arg(windows));
+        parts.append(Say("windows with their texts, places and settings: %1").arg(windows));
     if (parts.isEmpty())
-        return u"Nothing in it could be read."_s;
-    return u"What could still be read came along: "_s % parts.join(u", "_s) % u'.';
+        return Say("Nothing in it could be read.");
+    return Say("What could still be read came along: %1.").arg(parts.join(u", "_s));
 }

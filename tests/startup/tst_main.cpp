@@ -140,6 +140,51 @@ private slots:
         QVERIFY(query.done && again.Clock().IsStempedIn);
     }
 
+    void OffersANewJobListForADamagedOne()
+    {
+        const ProgramFolder folder;
+        folder.MakeJobs(jobsFile, {u"K-1"_s});
+        folder.Sql(jobsFile, u"DROP TABLE Users"_s);
+        for (const bool yes : {false, true, true}) {
+            RunningCopy copy(folder);
+            copy.prompts.yes = yes;
+            QVERIFY(copy.Start());
+            QCOMPARE(copy.main.Window()->Notice().isEmpty(), yes);
+            copy.Close();
+        }
+        QCOMPARE(folder.Names().filter(u"Jobs.mdb.damaged-"_s).size(), 1);
+        QCOMPARE(folder.Rows(jobsFile, u"SELECT JobID FROM Projects"_s), u"K-1"_s);
+    }
+
+    void SaysWhyTheCompanyFileIsNotUsed_data()
+    {
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<QString>("cause");
+        QTest::newRow("folder") << u"folder"_s << u"is a folder"_s;
+        QTest::newRow("text") << u"diary.mdb"_s << u"is no database"_s;
+        QTest::newRow("other tables") << u"Blank.mdb"_s << u"of another program"_s;
+        QTest::newRow("nothing") << u"away.mdb"_s << u"is not there"_s;
+    }
+
+    void SaysWhyTheCompanyFileIsNotUsed()
+    {
+        QFETCH(QString, file);
+        QFETCH(QString, cause);
+        const ProgramFolder folder;
+        QDir(folder.Path()).mkdir(u"folder"_s);
+        folder.Write(u"diary.mdb"_s, "Dear diary");
+        {
+            RunningCopy copy(folder);
+            QVERIFY(copy.Start());
+            copy.Close();
+        }
+        folder.Sql(personalFile, u"UPDATE AdminForm SET Value = ? WHERE Name = 'EnterpriseMDBText'"_s,
+                   {folder.File(file)});
+        RunningCopy copy(folder);
+        QVERIFY(copy.Start());
+        QVERIFY2(copy.main.Desk()->Window().Notice().contains(cause), qPrintable(copy.main.Desk()->Window().Notice()));
+    }
+
     void SwitchesOverToWhatTheSettingsSay()
     {
         const ProgramFolder folder;

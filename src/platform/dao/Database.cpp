@@ -156,6 +156,8 @@ void Database::SetUp()
 
 Database Database::OpenDatabase(const QString &path, std::chrono::milliseconds busyWait, const StopFlag &stop)
 {
+    if (QFileInfo(path).isDir())
+        throw Error(ErrorKind::Folder, u"opening a database"_s, path, u"it is a folder"_s);
     if (!QFileInfo(path).isFile())
         throw Error(ErrorKind::CannotOpen, u"opening a database"_s, path, u"no such file"_s);
     Database database = Connect(path, busyWait);

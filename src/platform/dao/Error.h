@@ -15,6 +15,8 @@ enum class ErrorKind {
     Full,       // the disk is full
     TooLarge,   // a value, or a row, is larger than a connection reads or writes
     Stopped,    // it took longer than it may, or another thread has stopped it; a transaction was rolled back
+    Folder,     // there is a folder of that name
+    Foreign,    // a database of another program: tables of ours are missing
     Other
 };
 
