@@ -1,3 +1,4 @@
+#include "board/MessageBoard.h"
 #include "support/RunningCopy.h"
 
 #include <QCheckBox>
