@@ -221,6 +221,46 @@ bruges ikke som firmadatabase: %2. Joblisten er nu den i programmappen.</transla
         <source>it cannot be read</source>
         <translation>den kan ikke læses</translation>
     </message>
+    <message>
+        <source>its drive does not let programs lock files, as some network drives do. If this goes on, move the file to a drive of another kind, or have the network drive set up with file locking.</source>
+        <translation>lader dens drev ikke programmer låse filer, som nogle netværksdrev gør. Bliver det ved, så flyt filen til et drev af en anden slags, eller få netværksdrevet sat op med fillåsning.</translation>
+    </message>
+    <message>
+        <source>another program keeps the company database locked.</source>
+        <translation>et andet program holder firmadatabasen låst.</translation>
+    </message>
+    <message>
+        <source>the company database is damaged. Please have it restored.</source>
+        <translation>firmadatabasen er beskadiget. Få den genskabt.</translation>
+    </message>
+    <message>
+        <source>the company database is not there, or its drive is away.</source>
+        <translation>firmadatabasen er ikke på sin plads, eller dens drev er væk.</translation>
+    </message>
+    <message>
+        <source>the company database does not answer.</source>
+        <translation>firmadatabasen svarer ikke.</translation>
+    </message>
+    <message>
+        <source>The company database is not there.</source>
+        <translation>Firmadatabasen er ikke på sin plads.</translation>
+    </message>
+    <message>
+        <source> Colleagues are shown as they were known last.</source>
+        <translation> Kolleger vises, som de sidst var kendt.</translation>
+    </message>
+    <message>
+        <source>Cannot open %1 (Error:%2)</source>
+        <translation>Kan ikke åbne %1 (Fejl:%2)</translation>
+    </message>
+    <message>
+        <source>Cannot run the program!</source>
+        <translation>Programmet kan ikke køre!</translation>
+    </message>
+    <message>
+        <source>Check shortcut &apos;Start In&apos; (must point to location of %1.EXE)</source>
+        <translation>Se efter i genvejens &apos;Start i&apos; (skal pege på mappen med %1.EXE)</translation>
+    </message>
 </context>
 <context>
     <name>AdminForm</name>

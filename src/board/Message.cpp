@@ -8,6 +8,7 @@
 #include "platform/forms/ControlTypes.h"
 #include "platform/forms/Prompts.h"
 #include "platform/forms/ShownText.h"
+#include "platform/system/Say.h"
 #include "platform/system/TimeSource.h"
 #include "ui_Message.h"
 
@@ -53,7 +54,7 @@ int TimeWidth(const QFontMetrics &metrics)
 
 QString ReadyFor(const QString &receiver)
 {
-    return u"Ready for %1. It goes out when you close this window."_s.arg(receiver);
+    return Say("Ready for %1. It goes out when you close this window.").arg(receiver);
 }
 
 RowsModel::Row RowOf(const HistoryRow &row)
@@ -102,8 +103,8 @@ Message::Message(FormServices &services, Prompts &prompts, dao::Database &localD
     connect(ui_->MessageText, &QLineEdit::textChanged, this, &Message::MessageText_Change);
     connect(
         ui_->MessageText, &QLineEdit::inputRejected, this,
-        [this] { Say(u"The text is too long. What did not fit was left out; please check its end."_s); });
-    connect(ui_->MessageTo, &QComboBox::editTextChanged, this, [this] { Say({}); });
+        [this] { ShowResult(Say("The text is too long. What did not fit was left out; please check its end.")); });
+    connect(ui_->MessageTo, &QComboBox::editTextChanged, this, [this] { ShowResult({}); });
     connect(&buffer_, &BufferModel::Stored, this, &Message::ShowStored);
     connect(&buffer_, &BufferModel::NotStored, this, [this](const QModelIndex &cell, const QString &text) {
         unstored_ = {cell, text};
@@ -210,7 +211,7 @@ void Message::QueryUnload()
         return;
     if (!IsUnsent())
         return Unload();
-    prompts_.AskChoice(this, u"The message is not sent yet."_s, {{u"&Back to the message"_s, u"&Discard it"_s}},
+    prompts_.AskChoice(this, Say("The message is not sent yet."), {{Say("&Back to the message"), Say("&Discard it")}},
                        [this](int answer) { answer == 0 ? ui_->MessageText->setFocus() : CancelButton_Click(); });
 }
 
@@ -219,7 +220,7 @@ void Message::SendButton_Click()
     if (!EndEditing())
         return;
     if (Typed().text.isEmpty()) {
-        Say(u"Type a message first."_s);
+        ShowResult(Say("Type a message first."));
         ui_->MessageText->setFocus();
     } else if (SendMessage()) {
         ui_->MessageText->setFocus();
@@ -244,7 +245,7 @@ void Message::CancelButton_Click()
 void Message::MessageText_Change()
 {
     const QLineEdit &box = *ui_->MessageText;
-    ui_->RoomLabel->setText(u"Characters left: %1"_s.arg(box.maxLength() - box.text().size()));
+    ui_->RoomLabel->setText(Say("Characters left: %1").arg(box.maxLength() - box.text().size()));
 }
 
 bool Message::SendMessage()
@@ -252,7 +253,7 @@ bool Message::SendMessage()
     const Letter letter = Typed();
     const QStringList recipients = board_.RecipientsOf(letter.recipient);
     if (recipients.isEmpty()) {
-        Say(Refusal(letter.recipient));
+        ShowResult(Refusal(letter.recipient));
         ui_->MessageTo->setFocus();
         return false;
     }
@@ -260,13 +261,13 @@ bool Message::SendMessage()
         mail_.Queue(recipients, ComposedMessage(letter.text, time_.Now()));
     } catch (const dao::Error &error) {
         qCWarning(log).noquote() << error.Text();
-        Say(u"The message was not sent, because your database could not be written. Please try again."_s);
+        ShowResult(Say("The message was not sent, because your database could not be written. Please try again."));
         return false;
     }
     lastSent_ = letter;
     Refresh();
     ui_->MessageGrid->scrollToBottom();
-    Say(ReadyFor(recipients.size() == 1 ? recipients.first() : u"%1 colleagues"_s.arg(recipients.size())));
+    ShowResult(ReadyFor(recipients.size() == 1 ? recipients.first() : Say("%1 colleagues").arg(recipients.size())));
     return true;
 }
 
@@ -286,12 +287,12 @@ bool Message::IsUnsent() const
 QString Message::Refusal(const QString &recipient) const
 {
     if (recipient.isEmpty())
-        return u"Choose first whom the message is for."_s;
+        return Say("Choose first whom the message is for.");
     if (recipient == all.toUpper())
-        return u"There is nobody else on the board yet."_s;
+        return Say("There is nobody else on the board yet.");
     if (board_.IsOwn(recipient))
-        return u"A message to yourself can't be sent. Choose a colleague, or All."_s;
-    return u"%1 is not on the board. Choose a name from the list."_s.arg(recipient);
+        return Say("A message to yourself can't be sent. Choose a colleague, or All.");
+    return Say("%1 is not on the board. Choose a name from the list.").arg(recipient);
 }
 
 void Message::FillMessageTo()
@@ -329,7 +330,7 @@ void Message::Refresh()
         history_.SetRows(std::move(rows));
     } catch (const dao::Error &error) {
         qCWarning(log).noquote() << error.Text();
-        Say(u"Your messages could not be read."_s);
+        ShowResult(Say("Your messages could not be read."));
     }
     if (current.isValid() != grid.currentIndex().isValid()) // the views were reset
         grid.setCurrentIndex(buffer_.index(buffer_.RowOf(id), current.column()));
@@ -353,10 +354,10 @@ void Message::DeleteRow()
 {
     try {
         buffer_.Delete(ui_->MessageGrid->currentIndex().row());
-        Say({});
+        ShowResult({});
     } catch (const dao::Error &error) {
         qCWarning(log).noquote() << error.Text();
-        Say(u"The message was not deleted, because your database could not be written. Please try again."_s);
+        ShowResult(Say("The message was not deleted, because your database could not be written. Please try again."));
     }
 }
 
@@ -364,11 +365,11 @@ void Message::ShowStored(const BufferRow &row)
 {
     const bool isReady = !row.to.isEmpty() && !row.message.isEmpty();
     if (!isReady)
-        Say({});
+        ShowResult({});
     else if (!board_.UserNames.contains(row.to))
-        Say(u"%1 is not on the board. The message waits until that name is there."_s.arg(row.to));
+        ShowResult(Say("%1 is not on the board. The message waits until that name is there.").arg(row.to));
     else
-        Say(ReadyFor(row.to));
+        ShowResult(ReadyFor(row.to));
 }
 
 void Message::ShowUnstored()
@@ -376,7 +377,7 @@ void Message::ShowUnstored()
     const std::optional<UnstoredCell> unstored = std::exchange(unstored_, std::nullopt);
     if (!IsLoaded() || !unstored || !unstored->cell.isValid())
         return;
-    Say(u"The row was not stored, because your database could not be written. Please try again."_s);
+    ShowResult(Say("The row was not stored, because your database could not be written. Please try again."));
     QTableView &grid = *ui_->MessageGrid;
     grid.setFocus();
     grid.setCurrentIndex(unstored->cell);
@@ -385,7 +386,7 @@ void Message::ShowUnstored()
         editor->setText(unstored->text);
 }
 
-void Message::Say(const QString &text)
+void Message::ShowResult(const QString &text)
 {
     ui_->StatusLabel->setText(ShownText(text)); // it may name a person
 }

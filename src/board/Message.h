@@ -77,7 +77,7 @@ private:
     void DeleteRow();
     void ShowStored(const BufferRow &row);
     void ShowUnstored(); // puts the text back into its cell, for another try
-    void Say(const QString &text);
+    void ShowResult(const QString &text);
     void ClearBoxes();
 
     std::unique_ptr<Ui::Message> ui_;

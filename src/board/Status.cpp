@@ -6,6 +6,7 @@
 #include "board/ShortText.h"
 #include "platform/dao/Error.h"
 #include "platform/forms/ShownText.h"
+#include "platform/system/Say.h"
 #include "ui_Status.h"
 
 #include <QCompleter>
@@ -47,8 +48,8 @@ Status::Status(FormServices &services, dao::Database &localDB, QString user, QSt
     connect(
         box, &QLineEdit::inputRejected, this,
         [this] {
-            ui_->StatusLabel->setText(
-                u"A status has room for %1 characters. What did not fit was left out."_s.arg(Presence::longestComment));
+            ui_->StatusLabel->setText(Say("A status has room for %1 characters. What did not fit was left out.")
+                                          .arg(Presence::longestComment));
         },
         Qt::QueuedConnection); // after the text has changed
     Anchor({ui_->StatusCombo, ui_->StatusLabel}, {.width = 1});
@@ -78,7 +79,7 @@ void Status::Form_Unload()
 
 void Status::ShowRunTimeTexts()
 {
-    setWindowTitle(ShownText(user_) + u" Status");
+    setWindowTitle(Say("%1 Status").arg(ShownText(user_)));
 }
 
 void Status::FillStatusCombo()
@@ -90,7 +91,7 @@ void Status::FillStatusCombo()
             List(status);
     } catch (const dao::Error &error) {
         qCWarning(log).noquote() << error.Text();
-        problem = u"Your saved texts could not be read."_s;
+        problem = Say("Your saved texts could not be read.");
     }
     ui_->StatusCombo->setEditText(FirstCharacters(comment_, Presence::longestComment));
     ui_->StatusLabel->setText(problem);
@@ -107,7 +108,7 @@ void Status::SaveButton_Click()
     ui_->StatusCombo->setFocus();
     const QString status = ui_->StatusCombo->currentText();
     if (status.isEmpty()) {
-        ui_->StatusLabel->setText(u"Type a text first."_s);
+        ui_->StatusLabel->setText(Say("Type a text first."));
         return;
     }
     try {
@@ -115,11 +116,11 @@ void Status::SaveButton_Click()
     } catch (const dao::Error &error) {
         qCWarning(log).noquote() << error.Text();
         ui_->StatusLabel->setText(
-            u"The text was not saved, because your database could not be written. Please try again."_s);
+            Say("The text was not saved, because your database could not be written. Please try again."));
         return;
     }
     List(status);
-    ui_->StatusLabel->setText(u"Saved in the list."_s);
+    ui_->StatusLabel->setText(Say("Saved in the list."));
 }
 
 void Status::SendButton_Click()

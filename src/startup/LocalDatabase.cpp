@@ -45,7 +45,7 @@ QString FailureMessage(const QString &path, const dao::Held &held)
 QString CannotOpenMessage(const QString &path)
 {
     constexpr int cannotOpen = 14; // SQLite's number for a file that is not there
-    return QStringLiteral("Cannot open %1 (Error:%2)").arg(path).arg(cannotOpen);
+    return Say("Cannot open %1 (Error:%2)").arg(path).arg(cannotOpen);
 }
 
 // A per-login database without rows. A template that is damaged, or not there, is done without: the code knows the tables.
