@@ -2230,8 +2230,8 @@ Disse tekster er ændret og ville forsvinde:
         <translation>Stempl dine initialer, tak</translation>
     </message>
     <message>
-        <source>The program does not know yet who you are. Type your initials and press OK; leave your login under Full name, for the program finds you by it at the next start. Your time rows are kept under these initials, and your colleagues see them on the board.</source>
-        <translation>Programmet ved endnu ikke, hvem du er. Skriv dine initialer, og tryk på OK; lad dit login stå under Fulde navn, for programmet finder dig ud fra det ved næste start. Dine tidsrækker gemmes under disse initialer, og dine kolleger ser dem på tavlen.</translation>
+        <source>The program does not know yet who you are. Type your initials, and your name if you like, and press OK; the program keeps your login with them and finds you by it at the next start. Your time rows are kept under these initials, and your colleagues see them on the board.</source>
+        <translation>Programmet ved endnu ikke, hvem du er. Skriv dine initialer, og dit navn, hvis du vil, og tryk på OK; programmet gemmer dit login sammen med dem og finder dig ud fra det ved næste start. Dine tidsrækker gemmes under disse initialer, og dine kolleger ser dem på tavlen.</translation>
     </message>
     <message>
         <source>Your initials, without blanks at the ends</source>
@@ -2250,12 +2250,12 @@ Disse tekster er ændret og ville forsvinde:
         <translation>Initialer</translation>
     </message>
     <message>
-        <source>Your login, by which the program finds you again</source>
-        <translation>Dit login, som programmet finder dig igen ud fra</translation>
+        <source>Your name; your login is suggested</source>
+        <translation>Dit navn; dit login foreslås</translation>
     </message>
     <message>
-        <source>The name under which you log in to this machine; it is suggested. It is stored with your initials in the company&apos;s list of users, and the program finds you by it at the next start. Leave it as it is: with another name here the program takes you for somebody new then.</source>
-        <translation>Det navn, som du logger på denne maskine med; det foreslås. Det gemmes sammen med dine initialer i firmaets brugerliste, og programmet finder dig ud fra det ved næste start. Lad det stå: med et andet navn her tager programmet dig til den tid for en ny.</translation>
+        <source>Your name, as it is stored with your initials in the company&apos;s list of users; your login is suggested. You may write another name: the login is stored as well, and the program finds you by that at the next start.</source>
+        <translation>Dit navn, som det gemmes sammen med dine initialer i firmaets brugerliste; dit login foreslås. Du må skrive et andet navn: Dit login gemmes også, og programmet finder dig ud fra det ved næste start.</translation>
     </message>
     <message>
         <source>&amp;Full name:</source>
