@@ -4,6 +4,10 @@
 <context>
     <name>Messages</name>
     <message>
+        <source>The program writes this text itself: what you type stays until it writes the text again.</source>
+        <translation>Programmet skriver selv denne tekst: Det, du skriver, bliver stående, til programmet skriver teksten igen.</translation>
+    </message>
+    <message>
         <source>The file
 %1
 could not be made: its template &quot;%2&quot; is missing in the program folder, or you may not read it. Please install the program again.</source>

@@ -88,6 +88,7 @@ protected:
     void QueryUnload() override;
     bool Form_KeyDown(QKeyEvent &event) override;
     void ShowRunTimeTexts() override;
+    void ShowRunTimeControls() override { ShowUnsaved(); }
     void showEvent(QShowEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override; // working in the grid closes the pick list
 

@@ -373,8 +373,15 @@ void RepGen::ShowUnsaved()
     ui_->UnsavedLabel->setVisible(unsaved > 0);
 }
 
+void RepGen::ShowRunTimeControls()
+{
+    ShowNote(note_);
+    ui_->UnsavedLabel->setVisible(parts_.unsavedStemps() > 0);
+}
+
 void RepGen::ShowNote(const QWidget *note)
 {
+    note_ = note;
     for (QLabel *label : {ui_->SummingLabel, ui_->SavingLabel, ui_->EmptyLabel, ui_->ErrorLabel})
         label->setVisible(note && label == note);
 }

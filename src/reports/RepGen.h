@@ -49,6 +49,7 @@ protected:
     void Form_Load() override;
     void Form_Unload() override;
     bool Form_KeyDown(QKeyEvent &event) override;
+    void ShowRunTimeControls() override;
     void QueryUnload() override; // not while rows are read for a file that the person has named
 
 private:
@@ -100,6 +101,7 @@ private:
 
     QTimer busyTimer_;
     bool busy_ = false;
+    const QWidget *note_ = nullptr; // that is shown
     QPointer<QWidget> focusBeforeBusy_;
     SummaryTask summing_;
     SummaryTask reading_; // of the rows that are to be saved

@@ -45,7 +45,7 @@ void EditMode::Leave()
         if (control.Visible().value_or(SavedVisible[position]) != SavedVisible[position])
             control.SetVisible(SavedVisible[position]);
     }
-    form.ShowRunTimeTexts(); // what the program wanted to show or hide meanwhile
+    form.ShowRunTimeControls(); // as the program wanted it meanwhile; edited texts stay until it writes them again
 }
 
 bool EditMode::eventFilter(QObject *watched, QEvent *event)

@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QToolTip>
 
 #include <algorithm>
 
@@ -83,12 +84,17 @@ GenEdit::GenEdit(Form &form, Control &control)
       focusBefore_(form.focusWidget())
 {
     const QString name = Say("Editing ") + control.Key();
+    const QString tip = control.Widget()->property("RunTimeTexts").toBool()
+                            ? Say("The program writes this text itself: what you type stays until it writes the text "
+                                  "again.")
+                            : QString();
     QWidget &focus = view_.FocusArea();
     for (QWidget *named : {static_cast<QWidget *>(this), &focus}) {
         named->setAccessibleName(name);
         named->setAccessibleDescription(
             Say("Tab accepts and Escape cancels. Ctrl and an arrow key move the control, with "
-                "Shift they resize it."));
+                "Shift they resize it.")
+            + u' ' + tip);
     }
     for (QWidget *pointed : {static_cast<QWidget *>(this), view_.TextArea()})
         if (pointed)
@@ -101,6 +107,9 @@ GenEdit::GenEdit(Form &form, Control &control)
     Arrange(); // now that text in it wraps
     focus.setFocus(Qt::OtherFocusReason);
     hidden_->hide(); // now that the focus is not in it
+    setToolTip(tip);
+    if (!tip.isEmpty()) // at once: a person who edits with the keys points at nothing
+        QToolTip::showText(mapToGlobal(QPoint(0, height())), tip, this);
 }
 
 bool GenEdit::eventFilter(QObject *watched, QEvent *event)

@@ -50,6 +50,7 @@ protected:
     void Form_Load() override;
     void Form_Unload() override;
     void Form_Resize() override { happened.append(QStringLiteral("resize")); }
+    void ShowRunTimeTexts() override { At(QStringLiteral("OtherButton"))->SetCaption(QStringLiteral("Written")); }
     void QueryUnload() override
     {
         if (mayUnload)

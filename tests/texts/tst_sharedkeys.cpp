@@ -212,6 +212,18 @@ private slots:
         QCOMPARE(form_->happened, QStringList(u"other"_s));
     }
 
+    void WhatIsSavedIsNotThatOfTheEditMode()
+    {
+        form_->Unload();
+        db_.Execute(u"ALTER TABLE TestForm ADD COLUMN Visible INTEGER"_s, {}, {});
+        Open();
+        form_->WidgetAt<QLabel>(u"IconIn"_s)->hide();
+        Press(Qt::Key_E, Qt::ControlModifier);
+        form_->WidgetAt<QLabel>(u"IconIn"_s)->show(); // the program goes on
+        form_->Unload();
+        QCOMPARE(db_.Select(u"SELECT Visible FROM TestForm WHERE Name = 'IconIn'"_s, {}, {})[0], QVariantList{0});
+    }
+
     void VisibilityComesBackUpToPosition200()
     {
         while (form_->Controls().size() <= 201)
@@ -227,10 +239,12 @@ private slots:
 
     void AClickEditsUntilEscape()
     {
+        form_->WidgetAt<QPushButton>(u"OtherButton"_s)->setProperty("RunTimeTexts", true);
         Press(Qt::Key_E, Qt::ControlModifier);
         for (const Qt::Key end : {Qt::Key_Tab, Qt::Key_Escape}) {
             QVERIFY(InEditMode());
             Edit(u"OtherButton"_s, [this, end] {
+                QVERIFY(Editor()->toolTip().contains(u"until it writes the text again"_s));
                 Click(u"OKButton"_s); // beside the editor
                 QVERIFY(Editor()->isAncestorOf(form_->focusWidget()));
                 Press(Qt::Key_A, Qt::ControlModifier);

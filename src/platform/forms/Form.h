@@ -87,6 +87,8 @@ public:
     virtual bool CanBeDragged() const { return true; } // by its surface
     // Shows anew the captions that the program writes at run time ("RunTimeTexts" in the design): people's edits are to go.
     virtual void ShowRunTimeTexts() {}
+    // Shows and hides anew what the program shows and hides at run time.
+    virtual void ShowRunTimeControls() {}
 
     int FormValue = 0; // the "Value" of the form's own row
 
