@@ -18,8 +18,6 @@
 #include <QTabWidget>
 #include <QTableWidget>
 
-#include <set>
-
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
@@ -67,16 +65,6 @@ bool IsPicture(const QWidget &widget)
     const auto *label = qobject_cast<const QLabel *>(&widget);
     const QString type = widget.property("ControlType").toString();
     return label && (type == "Image"_L1 || type == "PictureBox"_L1 || !label->pixmap(Qt::ReturnByValue).isNull());
-}
-
-// Its accessible name is its caption of the moment.
-bool ShowsItsName(const QWidget &widget)
-{
-    const auto *label = qobject_cast<const QLabel *>(&widget);
-    const auto *button = qobject_cast<const QAbstractButton *>(&widget);
-    return label    ? !label->text().isEmpty()
-           : button ? !button->text().isEmpty()
-                    : qobject_cast<const QGroupBox *>(&widget) != nullptr;
 }
 
 template <class Widget, class Made = Widget> Made *NewOf(const QWidget &pattern, QWidget *parent)
@@ -153,17 +141,4 @@ QWidget *NewWidgetLike(const QWidget &pattern, QWidget *parent)
         made->hide();
     }
     return made;
-}
-
-void NameForScreenReaders(const std::vector<std::unique_ptr<Control>> &controls)
-{
-    std::set<const QWidget *> named; // by their labels
-    for (const auto &control : controls)
-        if (const auto *label = qobject_cast<const QLabel *>(control->Widget()))
-            named.insert(label->buddy());
-    for (const auto &control : controls) {
-        QWidget *widget = control->Widget();
-        if (widget && !ShowsItsName(*widget) && !named.contains(widget) && widget->accessibleName().isEmpty())
-            widget->setAccessibleName(control->ToolTip());
-    }
 }

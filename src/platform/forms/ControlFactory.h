@@ -18,6 +18,3 @@ bool IsFrame(const QWidget &widget);
 
 // A further widget of the pattern's kind, font and alignment, without a text, hidden. Nothing for a kind that has no arrays.
 QWidget *NewWidgetLike(const QWidget &pattern, QWidget *parent);
-
-// Screen readers take a control's name from its caption or its label; this gives one to those that have neither.
-void NameForScreenReaders(const std::vector<std::unique_ptr<Control>> &controls);

@@ -4,6 +4,7 @@
 #include "platform/forms/ControlFactory.h"
 #include "platform/forms/FormServices.h"
 #include "platform/forms/NoticeLine.h"
+#include "platform/forms/ScreenReaders.h"
 #include "platform/forms/WindowPlace.h"
 
 #include <QAction>
@@ -347,7 +348,7 @@ void Form::RegisterControls()
     RegisterWidgetsIn(*Surface());
     if (auto *bar = findChild<QMenuBar *>(QString(), Qt::FindDirectChildrenOnly))
         RegisterMenus(bar->actions());
-    NameForScreenReaders(controls_);
+    SpeakToScreenReaders(controls_);
     designCaption_ = windowTitle();
     designHelp_ = whatsThis();
     designGeometry_ = DesignOf(*this);
