@@ -6,6 +6,7 @@
 #include "platform/dao/Database.h"
 #include "platform/dao/Error.h"
 #include "platform/forms/ControlTypes.h"
+#include "platform/forms/GridControl.h"
 #include "platform/forms/Prompts.h"
 #include "platform/forms/ShownText.h"
 #include "platform/system/Say.h"
@@ -85,6 +86,8 @@ Message::Message(FormServices &services, Prompts &prompts, dao::Database &localD
     ui_->MessageTo->completer()->setCompletionMode(QCompleter::PopupCompletion); // in place, "Al" would become "All"
     ShowItemsSafely(*ui_->MessageTo);
     RegisterControls();
+    static_cast<GridControl &>(*ControlOf(*ui_->HistoryGrid))
+        .SetLeastWidth(whenColumn, TimeWidth(ui_->HistoryGrid->fontMetrics()));
     auto messageData = std::make_unique<DataControl>(QStringLiteral("MessageData"));
     messageData_ = messageData.get();
     messageData_->RecordSource = QStringLiteral("MessageBuffer");

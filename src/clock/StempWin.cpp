@@ -6,6 +6,7 @@
 #include "clock/IOQuery.h"
 #include "clock/Notes.h"
 #include "platform/forms/ControlTypes.h"
+#include "platform/forms/GridControl.h"
 #include "platform/forms/Prompts.h"
 #include "platform/system/TimeSource.h"
 #include "settings/Options.h"
@@ -96,6 +97,10 @@ StempWin::StempWin(FormServices &services, Prompts &prompts, StempWinParts parts
         QLatin1String(QT_TRANSLATE_NOOP(
             "StempWin", "Lets the icons blink while a message waits to be read. It is not seen and changes no data.")));
 
+    auto &grid = static_cast<GridControl &>(*ControlOf(*ui_->StempGrid));
+    for (const int column : {inColumn, outColumn})
+        grid.SetLeastWidth(column, DateWidth(ui_->StempGrid->fontMetrics()));
+
     pickList_ = std::make_unique<PickList>(*ui_->TextUtil, *ControlOf(*ui_->TextUtil), *ui_->XList, parts_.lists,
                                            parts_.clock.state);
     saveTimer_.setInterval(savePeriod);
@@ -116,9 +121,8 @@ void StempWin::SetUpGrid()
     gridModel_.SetFormatter(outColumn, DateCell);
     ui_->StempGrid->setModel(&gridModel_);
     ui_->StempGrid->setColumnWidth(jobColumn, jobWidth);
-    const int dateWidth = DateWidth(ui_->StempGrid->fontMetrics());
-    ui_->StempGrid->setColumnWidth(inColumn, dateWidth);
-    ui_->StempGrid->setColumnWidth(outColumn, dateWidth);
+    ui_->StempGrid->setColumnWidth(inColumn, DateWidth(ui_->StempGrid->fontMetrics()));
+    ui_->StempGrid->setColumnWidth(outColumn, DateWidth(ui_->StempGrid->fontMetrics()));
 }
 
 void StempWin::Connect()

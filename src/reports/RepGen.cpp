@@ -1,6 +1,7 @@
 #include "reports/RepGen.h"
 
 #include "platform/forms/ControlTypes.h"
+#include "platform/forms/GridControl.h"
 #include "platform/system/TimeSource.h"
 #include "reports/ChartBars.h"
 #include "reports/Csv.h"
@@ -26,7 +27,8 @@ constexpr std::chrono::milliseconds untilBusy = 500ms; // what takes longer is w
 constexpr QSize leastSize(880, 360); // all buttons, and some lines of the grid
 
 enum Column { dayColumn, jobColumn, hoursColumn, roundedColumn, descriptionColumn, monthColumn };
-constexpr int dayWidth = 44; // as designed, pixels
+constexpr int cellMargin = 14; // beside the text of a cell
+constexpr int dayWidth = 44;   // as designed, pixels
 constexpr int monthWidth = 58;
 constexpr int jobWidth = 100;
 constexpr int hoursWidth = 70;
@@ -88,6 +90,12 @@ RepGen::RepGen(FormServices &services, Prompts &prompts, Printing &printing, Rep
     SetUpGrid();
     ui_->MSChart->SetTitleText(QLatin1String(QT_TRANSLATE_NOOP("RepGen", "Hours")));
     RegisterControls();
+    auto &grid = static_cast<GridControl &>(*ControlOf(*ui_->SummaryGrid));
+    const QFontMetrics metrics = ui_->SummaryGrid->fontMetrics();
+    for (const int column : {dayColumn, monthColumn})
+        grid.SetLeastWidth(column, metrics.horizontalAdvance(TwoDigits(28)) + cellMargin);
+    grid.SetLeastWidth(hoursColumn, metrics.horizontalAdvance(HoursCell(8888.888)) + cellMargin);
+    grid.SetLeastWidth(roundedColumn, metrics.horizontalAdvance(HoursCell(8888.888)) + cellMargin);
     RegisterHidden();
     SetUpAnchors();
     setMinimumSize(leastSize);

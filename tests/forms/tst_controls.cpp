@@ -66,6 +66,12 @@ private slots:
                 QCOMPARE(QStringList({*grid->Caption(), *grid->Value()}), each.mid(2));
             }
         }
+        TestForm form(services_);
+        Control *grid = form.At(u"Grid"_s);
+        static_cast<GridControl *>(grid)->SetLeastWidth(1, 90); // of a larger font
+        grid->SetValue(u"600;600;0;"_s);
+        QCOMPARE(form.WidgetAt<QTableView>(u"Grid"_s)->columnWidth(1), 90);
+        QCOMPARE(*grid->Value(), u"600;600;0;"_s);
     }
 
     void ValuesAreFreeOfTheLocale()

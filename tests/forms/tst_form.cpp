@@ -1,6 +1,9 @@
 #include "forms/TestForm.h"
 
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
@@ -280,6 +283,36 @@ private slots:
             QCOMPARE(services.stored->height, before.height + 20 * twipsPerPixel);
             QCOMPARE(form.stored[2], places[2].adjusted(0, 0, 0, 20));
         }
+    }
+
+    void OpensNoLargerThanItsScreen()
+    {
+        const QSize screen = QGuiApplication::primaryScreen()->availableSize();
+        const Geometry stored = ToTwips({QPoint(), screen + QSize(200, 150)});
+        for (const bool settles : {true, false}) {
+            RememberingServices services;
+            services.stored = stored;
+            AnchoredForm form(services);
+            QWidget *grid = form.At(u"Grid"_s)->Widget();
+            grid->setGeometry(QRect(QPoint(190, 110), screen));
+            const QList<QRect> placed = form.Places();
+            form.Load();
+            form.show();
+            QTRY_COMPARE(form.IsSettled(), settles);
+            QVERIFY(!settles || form.frameGeometry().size() == screen); // else its frame is not known yet
+            QVERIFY(form.Surface()->rect().contains(grid->geometry()));
+            form.Unload();
+            QCOMPARE(*services.stored, stored);
+            QCOMPARE(form.stored, placed);
+        }
+        RememberingServices services;
+        services.stored = stored;
+        TestForm form(services); // whose controls do not follow
+        form.At(u"OKButton"_s)->Widget()->move(0, screen.height() + 50);
+        form.Load();
+        form.show();
+        const auto *area = form.findChild<QScrollArea *>();
+        QVERIFY(area && area->verticalScrollBar()->maximum() > 0 && form.Surface() == area->widget());
     }
 
     void TheTitleBarStaysInReach()

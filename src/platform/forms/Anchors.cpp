@@ -22,16 +22,34 @@ void Anchors::Add(std::initializer_list<QWidget *> controls, const Share &share)
 
 void Anchors::Follow()
 {
-    if (form_.IsSettled())
+    if (form_.IsSettled()) {
         FitTo(form_.size() - QSize(0, form_.NoticeHeight()));
-    else
-        fitted_ = form_.size() - QSize(0, form_.LentHeight());
+        cutTaken_ = {0, 0};
+        return;
+    }
+    UndoCut(); // the frame may have become known, and with it the size that is stored
+    const QSize size = form_.size() - QSize(0, form_.LentHeight());
+    uncut_ = size + form_.Cut();
+    fitted_ = uncut_;
+    FitTo(size);
+    cutTaken_ = form_.Cut();
+}
+
+void Anchors::UndoCut()
+{
+    if (cutTaken_ == QSize(0, 0))
+        return;
+    fitted_ = uncut_ - cutTaken_;
+    FitTo(uncut_);
+    cutTaken_ = {0, 0};
 }
 
 void Anchors::PutBack()
 {
     if (form_.IsSettled())
         FitTo(form_.NormalSize());
+    else
+        UndoCut();
 }
 
 void Anchors::FitTo(QSize size)

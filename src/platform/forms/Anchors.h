@@ -25,8 +25,8 @@ public:
     explicit Anchors(Form &form); // outlives this
     void Add(std::initializer_list<QWidget *> controls, const Share &share);
 
-    // After each resize of the window, in every state. A window that is not settled moves nothing: the controls
-    // stand where they were stored for its size, which has no notice.
+    // After each resize of the window, in every state. A window that is not settled moves nothing: the controls stand where
+    // they were stored for its size, which has no notice. Only what the screen cuts off they follow at once.
     void Follow();
     // Before the places are stored, for that is done together with the size in the normal state.
     void PutBack();
@@ -41,8 +41,11 @@ private:
     };
 
     void FitTo(QSize size);
+    void UndoCut();
 
     Form &form_;
     std::vector<Anchor> anchors_;
-    QSize fitted_; // the window's size that the controls stand for
+    QSize fitted_;         // the window's size that the controls stand for
+    QSize cutTaken_{0, 0}; // of the cut, what they have followed while the window was not settled
+    QSize uncut_;          // what they stood for before that
 };

@@ -17,6 +17,7 @@
 #include <QMenuBar>
 #include <QRadioButton>
 #include <QScreen>
+#include <QScrollArea>
 #include <QTabWidget>
 #include <QTimer>
 #include <QToolTip>
@@ -54,6 +55,7 @@ Form::Form(QString name, FormServices &services, QWidget *parent)
     AltKeys::Install();             // sees only what the preview of all windows leaves
     qApp->installEventFilter(this); // key preview
     connect(place_.get(), &WindowPlace::Settled, this, [this] { anchors_.Follow(); });
+    connect(place_.get(), &WindowPlace::WasCut, this, &Form::ScrollWhatIsCut);
 }
 
 Form::~Form()
@@ -316,6 +318,39 @@ int Form::NoticeHeight() const
 int Form::LentHeight() const
 {
     return place_->LentHeight();
+}
+
+QSize Form::Cut() const
+{
+    return place_->Cut();
+}
+
+// Controls that follow the size are in sight all the same; for the others the surface scrolls.
+void Form::ScrollWhatIsCut()
+{
+    anchors_.Follow();
+    QRect taken;
+    const auto children = Surface()->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly);
+    for (const QWidget *child : children)
+        if (!child->isHidden() && !child->isWindow())
+            taken |= child->geometry();
+    const QSize needed(taken.right() + 1, taken.bottom() + 1);
+    if (surface_ || Cut() == QSize(0, 0) || QRect(QPoint(), Surface()->size()).contains(taken))
+        return;
+    const QPointer<QWidget> focus = focusWidget();
+    const bool hasColor = Surface()->autoFillBackground();
+    auto *area = new QScrollArea(this);
+    surface_ = takeCentralWidget();
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setWidgetResizable(true);
+    surface_->setMinimumSize(needed);
+    area->setWidget(surface_);
+    surface_->setAutoFillBackground(hasColor);
+    setCentralWidget(area);
+    surface_->show();
+    if (focus)
+        focus->setFocus();
 }
 
 void Form::PlaceNotice()

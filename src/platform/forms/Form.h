@@ -34,7 +34,7 @@ public:
     ~Form() override;
 
     const QString &Name() const { return name_; } // the name of its class and of its text table
-    QWidget *Surface() const { return centralWidget(); }
+    QWidget *Surface() const { return surface_ ? surface_ : centralWidget(); }
 
     void Load(); // once; further calls do nothing
     void
@@ -83,6 +83,7 @@ public:
     QString Notice() const;
     int NoticeHeight() const; // pixels; 0 while there is none
     int LentHeight() const;   // of these, what the window has grown by
+    QSize Cut() const;        // what it is smaller than stored, for want of room on the screen
 
     virtual bool CanBeDragged() const { return true; } // by its surface
     // Shows anew the captions that the program writes at run time ("RunTimeTexts" in the design): people's edits are to go.
@@ -147,6 +148,7 @@ private:
     void LendHeightToNotice();
     void ShowBackColor(const QColor &color); // an invalid one: that of any window
     bool IsNormal() const;
+    void ScrollWhatIsCut();
 
     QString name_;
     FormServices &services_;
@@ -160,6 +162,7 @@ private:
     std::optional<QColor> savedBackColor_; // while another colour covers it; invalid when the form has none of its own
     DialogKeys dialogKeys_;
     std::unique_ptr<WindowPlace> place_;
+    QWidget *surface_ = nullptr;   // once it lies in an area that scrolls
     NoticeLine *notice_ = nullptr; // from the first one on
     Anchors anchors_{*this};
     bool isModal_ = false; // is shown by OpenModal

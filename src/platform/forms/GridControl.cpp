@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QTableWidget>
 
+#include <algorithm>
 #include <set>
 #include <utility>
 
@@ -119,9 +120,16 @@ void GridControl::SetValue(const QString &text)
             continue;
         view_.setColumnHidden(column, *twips == 0);
         if (*twips > 0)
-            view_.setColumnWidth(column, qRound(*twips / twipsPerPixel));
+            view_.setColumnWidth(column, std::max(qRound(*twips / twipsPerPixel), leastWidths_[column]));
         widths_[static_cast<std::size_t>(column)] = Width{*twips, view_.columnWidth(column)};
     }
+}
+
+void GridControl::SetLeastWidth(int column, int pixels)
+{
+    leastWidths_[column] = pixels;
+    if (!view_.isColumnHidden(column))
+        view_.setColumnWidth(column, std::max(view_.columnWidth(column), pixels));
 }
 
 int GridControl::Columns() const

@@ -2,6 +2,7 @@
 
 #include "platform/forms/ControlTypes.h"
 
+#include <map>
 #include <vector>
 
 class QTableView;
@@ -19,6 +20,10 @@ public:
     std::optional<QString> Value() const override;
     void SetValue(const QString &text) override;
 
+    // A column whose content can't be cut, such as a time, is never shown narrower when the window opens, however narrow it was
+    // stored with a smaller font.
+    void SetLeastWidth(int column, int pixels);
+
 private:
     struct Width
     {
@@ -30,5 +35,6 @@ private:
     bool IsStretched(int column) const;
 
     QTableView &view_;
+    std::map<int, int> leastWidths_;           // pixels, by column
     std::vector<std::optional<Width>> widths_; // as they were set; a column's stays until its pixels change
 };

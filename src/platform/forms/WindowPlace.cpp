@@ -89,10 +89,10 @@ QRect WindowPlace::NormalPlace() const
     return IsNormal() ? PlaceNow() : seen_;
 }
 
-// Of the inside, without the height that is lent.
+// Of the inside, without the height that is lent, and as large as it would be on a larger screen.
 QRect WindowPlace::PlaceNow() const
 {
-    return window_.geometry().adjusted(0, 0, 0, -lentHeight_);
+    return window_.geometry().adjusted(0, 0, cut_.width(), cut_.height() - lentHeight_);
 }
 
 Geometry WindowPlace::StoredAt(const QRect &inner) const
@@ -117,8 +117,10 @@ bool WindowPlace::eventFilter(QObject *watched, QEvent *event)
             stored_ = StoredAt(seen_); // what a person did to it when it was last shown
             baseline_.reset();
             // At first it stands where it was put before it had a native window, which is when a place includes the frame.
+            isShown_ = true;
             if (margins_)
                 Apply();
+            FitToScreen();
             BeginToSettle();
         }
         break;
@@ -129,6 +131,8 @@ bool WindowPlace::eventFilter(QObject *watched, QEvent *event)
                 seeing_.stop();
                 seen_ = PlaceNow();
             }
+            isShown_ = false;
+            FitToScreen();
         }
         break;
     case QEvent::Move:
@@ -175,7 +179,32 @@ void WindowPlace::ResizeInside()
         inside.setWidth(designedInside_.width());
     if (stored_.height == design_.height)
         inside.setHeight(designedInside_.height());
-    window_.resize(inside.grownBy({0, 0, 0, lentHeight_}));
+    window_.resize(inside.grownBy({0, 0, 0, lentHeight_}) - cut_);
+    FitToScreen();
+}
+
+// A window opens no larger than its screen; where it would be, it stands whole on the screen. Hidden it has its full size.
+void WindowPlace::FitToScreen()
+{
+    if (window_.windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen))
+        return;
+    const QSize full = window_.size() + cut_;
+    QSize cut(0, 0);
+    if (isShown_) {
+        const QScreen *under = QGuiApplication::screenAt(window_.geometry().center());
+        const QRect room = (under ? under : window_.screen())->availableGeometry();
+        const QMargins frame = margins_ ? *margins_ : MarginsOfAnother();
+        cut = (full.grownBy(frame) - room.size()).expandedTo({0, 0});
+        if (cut != QSize(0, 0)) {
+            window_.setMinimumSize(window_.minimumSize().boundedTo(full - cut));
+            window_.move(WholePosition({window_.pos(), full.grownBy(frame) - cut}, {room}));
+        }
+    }
+    if (cut == cut_)
+        return;
+    cut_ = cut;
+    window_.resize(full - cut_);
+    emit WasCut();
 }
 
 void WindowPlace::LendHeight(int pixels)

@@ -34,10 +34,14 @@ public:
     void LendHeight(int pixels);
     int LentHeight() const { return lentHeight_; }
 
+    // By how much the inside is smaller than what is stored for it, because the screen has no more room; while it is shown.
+    QSize Cut() const { return cut_; }
+
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 signals:
     void Settled();
+    void WasCut(); // or is no longer, or by another size
 
 private:
     Geometry StoredAt(const QRect &inner) const;
@@ -46,6 +50,7 @@ private:
     bool IsNormal() const;
     void Apply();
     void ResizeInside();
+    void FitToScreen();
     void BeginToSettle();
     void GoOnSettling();
     void See();
@@ -59,6 +64,8 @@ private:
     std::optional<QRect> baseline_; // inner place and size that the stored numbers stand for
     QRect seen_;                    // the last ones in the normal window state
     int lentHeight_ = 0;            // counted in neither
+    QSize cut_{0, 0};               // counted in both
+    bool isShown_ = false;
     QTimer settling_;
     QTimer seeing_;
 };
