@@ -437,6 +437,18 @@ bruges ikke som firmadatabase: %2. Joblisten er nu den i programmappen.</transla
         <translation>Vis beskeder automatisk (&amp;PopUp)</translation>
     </message>
     <message>
+        <source>Let your colleagues see on the board what you work on</source>
+        <translation>Lad dine kolleger se på tavlen, hvad du arbejder på</translation>
+    </message>
+    <message>
+        <source>Shows your colleagues on the board which job you are stemped in on, and since when. Switch it off to keep that to yourself: your job is taken off the board when you press OK. They still see whether you are in or out, and your time rows stay as they are.</source>
+        <translation>Viser dine kolleger på tavlen, hvilket job du er stemplet ind på og siden hvornår. Slå det fra for at holde det for dig selv: Dit job tages af tavlen, når du trykker på OK. De ser stadig, om du er inde eller ude, og dine tidsrækker bliver, som de er.</translation>
+    </message>
+    <message>
+        <source>Show my job to &amp;colleagues</source>
+        <translation>Vis mit job for kolle&amp;gerne</translation>
+    </message>
+    <message>
         <source>Whole seconds from 1 to 60; below 1 counts as 15</source>
         <translation>Hele sekunder fra 1 til 60; under 1 regnes som 15</translation>
     </message>

@@ -257,6 +257,7 @@ void AdminForm::Accept()
     accepted_.CanSetOthersStatus = ui_->SuperCheck->isChecked();
     accepted_.AutoUpdate = ui_->AutoCheck->isChecked();
     accepted_.PopUpMessages = ui_->PopCheck->isChecked();
+    accepted_.ShowJob = ui_->ShowJobCheck->isChecked();
     accepted_.ShowToolTips = ui_->TipsCheck->isChecked();
     accepted_.SummaryRounding = ui_->Round1Hour->isChecked()   ? Rounding::WholeHours
                                 : ui_->Round30min->isChecked() ? Rounding::HalfHours
@@ -272,6 +273,7 @@ void AdminForm::Restore()
     ui_->SuperCheck->setChecked(accepted_.CanSetOthersStatus);
     ui_->AutoCheck->setChecked(accepted_.AutoUpdate);
     ui_->PopCheck->setChecked(accepted_.PopUpMessages);
+    ui_->ShowJobCheck->setChecked(accepted_.ShowJob);
     ui_->TipsCheck->setChecked(accepted_.ShowToolTips);
     ui_->Round15min->setChecked(accepted_.SummaryRounding == Rounding::Quarters);
     ui_->Round30min->setChecked(accepted_.SummaryRounding == Rounding::HalfHours);

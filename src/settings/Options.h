@@ -14,6 +14,7 @@ struct Options
     bool CanSetOthersStatus = false; // may change the status text of others
     bool AutoUpdate = false;         // rebuild the local copy of the company job list at exit
     bool PopUpMessages = true;
+    bool ShowJob = true; // colleagues see the current job on the board
     bool ShowToolTips = true;
     Rounding SummaryRounding = Rounding::Quarters;
     QString DaysInGrid = QStringLiteral("7"); // as typed; DaysToShow reads it

@@ -50,7 +50,7 @@ struct Settings : AtWindow
     QCheckBox *Check(const char *name) const { return Find<QCheckBox>(name); }
     void EditAll() const
     {
-        for (const char *name : {"AdminCheck", "SuperCheck", "AutoCheck", "PopCheck", "TipsCheck"})
+        for (const char *name : {"AdminCheck", "SuperCheck", "AutoCheck", "PopCheck", "ShowJobCheck", "TipsCheck"})
             QTest::mouseClick(Check(name), Qt::LeftButton, {}, QPoint(10, 10));
         QTest::mouseClick(Find<QRadioButton>("Round1Hour"), Qt::LeftButton, {}, QPoint(10, 10));
         TypeInto(Box("UserName"), u"aj"_s);
@@ -85,7 +85,7 @@ private slots:
             QCOMPARE(saved, way == "unload" ? u"7"_s : QString());
             QVERIFY(settings.accepted.isEmpty());
             QVERIFY(settings.Check("TipsCheck")->isChecked() && !settings.Check("AdminCheck")->isChecked());
-            QVERIFY(settings.Check("AutoCheck")->isChecked()
+            QVERIFY(settings.Check("AutoCheck")->isChecked() && settings.Check("ShowJobCheck")->isChecked()
                     && !settings.Find<QRadioButton>("Round1Hour")->isChecked());
             QCOMPARE(settings.Box("UserName")->text() + settings.Box("PollDelay")->text(), u"15"_s);
             QCOMPARE(settings.Path()->text(), oldPath);

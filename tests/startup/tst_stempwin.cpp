@@ -246,7 +246,7 @@ private slots:
             RunningCopy copy(folder);
             QVERIFY(copy.Start());
             copy.Accept([](QWidget &window) {
-                for (const char *name : {"AdminCheck", "SuperCheck", "PopCheck", "TipsCheck"})
+                for (const char *name : {"AdminCheck", "SuperCheck", "PopCheck", "ShowJobCheck", "TipsCheck"})
                     Child<QCheckBox>(window, name)->click();
                 Child<QRadioButton>(window, "Round1Hour")->click();
                 Child<QLineEdit>(window, "DaysInGrid")->setText(u"30"_s);
@@ -260,7 +260,8 @@ private slots:
         RunningCopy again(folder);
         QVERIFY(again.Start());
         const Options &options = again.program.options;
-        QVERIFY(options.AdminMode && options.CanSetOthersStatus && !options.PopUpMessages && !options.ShowToolTips);
+        QVERIFY(options.AdminMode && options.CanSetOthersStatus && !options.PopUpMessages && !options.ShowJob
+                && !options.ShowToolTips);
         QCOMPARE(options.SummaryRounding, Rounding::WholeHours);
         QCOMPARE(options.DaysInGrid + u' ' + options.PollDelay, u"30 60"_s);
     }
