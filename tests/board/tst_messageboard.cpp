@@ -174,6 +174,20 @@ private slots:
         QCOMPARE(desk.Outbox(), expected + expected);
     }
 
+    void AnAccessKeyEndsACompletion()
+    {
+        Desk desk(u"Bo"_s);
+        auto *box = desk.Find<QComboBox>("MessageTo");
+        box->setFocus();
+        box->lineEdit()->selectAll();
+        QTest::keyClicks(box, u"a"_s);
+        QTRY_VERIFY(QApplication::activePopupWidget());
+        QTest::keyClick(desk.form.windowHandle(), Qt::Key_M, Qt::AltModifier); // "&Message"
+        QVERIFY(!QApplication::activePopupWidget());
+        QTest::keyClicks(desk.form.focusWidget(), u"tea"_s);
+        QCOMPARE(box->currentText() + u'|' + desk.TextBox()->text(), u"a|tea"_s);
+    }
+
     void TellsOfWhatDoesNotFit()
     {
         Desk desk(u"Bo"_s);

@@ -454,6 +454,10 @@ bool Form::eventFilter(QObject *watched, QEvent *event)
         if (SeeKey(*watched, static_cast<QKeyEvent &>(*event)))
             return true;
         break;
+    case QEvent::Shortcut:
+    case QEvent::FocusOut:
+        EndCompletion(*watched, *event);
+        break;
     case QEvent::MouseButtonPress:
         if (watched == windowHandle()) { // which sees each press first
             surfaceIsPressed_ = false;
@@ -476,6 +480,24 @@ bool Form::eventFilter(QObject *watched, QEvent *event)
         break;
     }
     return QMainWindow::eventFilter(watched, event);
+}
+
+// An access key does its work while a box offers completions, but Qt leaves these open, and what is typed from then on goes to
+// the box still.
+void Form::EndCompletion(const QObject &receiver, const QEvent &event)
+{
+    QWidget *popup = QApplication::activePopupWidget();
+    const QWidget *box = popup ? popup->focusProxy() : nullptr;
+    if (!box || box->window() != this)
+        return;
+    while (box->focusProxy()) // the box of a combo box
+        box = box->focusProxy();
+    const auto *widget = qobject_cast<const QWidget *>(&receiver);
+    const bool isShortcut = event.type() == QEvent::Shortcut && widget && widget->window() == this;
+    const bool losesFocus = widget == box && event.type() == QEvent::FocusOut
+                            && static_cast<const QFocusEvent &>(event).reason() != Qt::PopupFocusReason;
+    if (isShortcut || losesFocus)
+        popup->hide();
 }
 
 // True: the key is not for the receiver.

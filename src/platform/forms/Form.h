@@ -141,6 +141,7 @@ private:
     void RegisterMenus(const QList<QAction *> &actions);
     bool SeeKey(QObject &receiver, QKeyEvent &key);
     bool IsOwnPopup(const QWidget *popup) const;
+    void EndCompletion(const QObject &receiver, const QEvent &event);
     const Control *MenuOf(const QAction *action) const;
     void ShowMenuTip(QMenuBar &bar, const QHelpEvent &help);
     void EndModal();
