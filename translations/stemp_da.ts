@@ -1980,6 +1980,18 @@ Disse tekster er ændret og ville forsvinde:
         <translation>&amp;Gem</translation>
     </message>
     <message>
+        <source>Take the text in the box out of the list</source>
+        <translation>Tag teksten i feltet ud af listen</translation>
+    </message>
+    <message>
+        <source>Takes the text in the box out of the list of saved texts. Choose from the list a text that you no longer need and press this button. The text stays in the box until you change it, so Save brings it back; your status is not changed by it.</source>
+        <translation>Tager teksten i feltet ud af listen over gemte tekster. Vælg en tekst på listen, som du ikke længere har brug for, og tryk på knappen. Teksten bliver i feltet, til du ændrer den, så Gem henter den tilbage; din status ændres ikke af det.</translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <translation>&amp;Fjern</translation>
+    </message>
+    <message>
         <source>Show this status on the board</source>
         <translation>Vis denne status på tavlen</translation>
     </message>
@@ -2004,12 +2016,12 @@ Disse tekster er ændret og ville forsvinde:
         <translation>&amp;Annuller</translation>
     </message>
     <message>
-        <source>What became of saving the text</source>
-        <translation>Hvordan det gik med at gemme teksten</translation>
+        <source>What became of saving or removing the text</source>
+        <translation>Hvordan det gik med at gemme eller fjerne teksten</translation>
     </message>
     <message>
-        <source>Tells you whether the text was saved in the list, or why it was not. A text that was not saved stays in its box, and can be sent all the same.</source>
-        <translation>Fortæller, om teksten blev gemt på listen, eller hvorfor den ikke blev. En tekst, der ikke blev gemt, bliver i sit felt og kan sendes alligevel.</translation>
+        <source>Tells you whether the text was saved in the list or removed from it, or why it was not. A text that was not saved stays in its box, and can be sent all the same.</source>
+        <translation>Fortæller, om teksten blev gemt på listen eller fjernet fra den, eller hvorfor den ikke blev. En tekst, der ikke blev gemt, bliver i sit felt og kan sendes alligevel.</translation>
     </message>
     <message>
         <source>Result of saving</source>

@@ -13,3 +13,8 @@ void AddPersonalStatus(dao::Database &localDB, const QString &status)
 {
     localDB.Insert(u"INSERT INTO PersonalStatus (Status) VALUES (?)"_s, {status}, u"saving a status text"_s);
 }
+
+void RemovePersonalStatus(dao::Database &localDB, const QString &status)
+{
+    localDB.Execute(u"DELETE FROM PersonalStatus WHERE Status = ?"_s, {status}, u"removing a saved status text"_s);
+}

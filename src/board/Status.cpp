@@ -42,6 +42,7 @@ Status::Status(FormServices &services, dao::Database &localDB, QString user, QSt
     box->completer()->setCaseSensitivity(Qt::CaseSensitive); // else what was typed would take a saved text's case
 
     connect(ui_->SaveButton, &QPushButton::clicked, this, &Status::SaveButton_Click);
+    connect(ui_->RemoveButton, &QPushButton::clicked, this, &Status::RemoveButton_Click);
     connect(ui_->SendButton, &QPushButton::clicked, this, &Status::SendButton_Click);
     connect(ui_->CancelButton, &QPushButton::clicked, this, &Status::Unload);
     connect(ui_->StatusCombo, &QComboBox::editTextChanged, ui_->StatusLabel, &QLabel::clear);
@@ -99,8 +100,13 @@ void Status::FillStatusCombo()
 
 void Status::List(const QString &status)
 {
-    if (!status.isEmpty() && ui_->StatusCombo->findText(status, Qt::MatchExactly | Qt::MatchCaseSensitive) < 0)
+    if (!status.isEmpty() && PlaceOf(status) < 0)
         ui_->StatusCombo->addItem(status);
+}
+
+int Status::PlaceOf(const QString &status) const
+{
+    return ui_->StatusCombo->findText(status, Qt::MatchExactly | Qt::MatchCaseSensitive);
 }
 
 void Status::SaveButton_Click()
@@ -121,6 +127,29 @@ void Status::SaveButton_Click()
     }
     List(status);
     ui_->StatusLabel->setText(Say("Saved in the list."));
+}
+
+// The text stays in the box: saving it again takes the removal back.
+void Status::RemoveButton_Click()
+{
+    ui_->StatusCombo->setFocus();
+    const QString status = ui_->StatusCombo->currentText();
+    const int place = PlaceOf(status);
+    if (place < 0) {
+        ui_->StatusLabel->setText(u"This text is not in the list. Choose one from it first."_s);
+        return;
+    }
+    try {
+        RemovePersonalStatus(localDB_, status);
+    } catch (const dao::Error &error) {
+        qCWarning(log).noquote() << error.Text();
+        ui_->StatusLabel->setText(
+            u"The text was not removed, because your database could not be written. Please try again."_s);
+        return;
+    }
+    ui_->StatusCombo->removeItem(place);
+    ui_->StatusCombo->setEditText(status);
+    ui_->StatusLabel->setText(u"Removed from the list."_s);
 }
 
 void Status::SendButton_Click()

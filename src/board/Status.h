@@ -33,10 +33,12 @@ protected:
 
 private:
     void SaveButton_Click();
+    void RemoveButton_Click();
     void SendButton_Click();
 
     void FillStatusCombo();
-    void List(const QString &status); // each text once
+    void List(const QString &status);         // each text once
+    int PlaceOf(const QString &status) const; // in the list; -1 when it is not there
 
     std::unique_ptr<Ui::Status> ui_;
     dao::Database &localDB_;

@@ -245,6 +245,10 @@ private slots:
         QTest::keyClicks(box, u"lunch"_s); // in place of the comment
         at.Press("SaveButton");
         QCOMPARE(ReadPersonalStatus(desk.localDB), QStringList({u"Lunch"_s, u"lunch"_s}));
+        at.Press("RemoveButton");
+        at.Press("RemoveButton"); // it is not in the list any more
+        QCOMPARE(ReadPersonalStatus(desk.localDB), QStringList(u"Lunch"_s));
+        QVERIFY(box->count() == 1 && box->currentText() == u"lunch");
         box->setEditText(QString(79, u'x') + u"\U0001F600"_s);
         QTest::keyClick(box, Qt::Key_Return);
         QVERIFY(form.IsAccepted() && !form.IsLoaded());
