@@ -16,19 +16,21 @@ CREATE TABLE MessageBuffer ( -- the outbox
   Id        INTEGER PRIMARY KEY,
   "To"      TEXT COLLATE NOCASE,
   Message   TEXT,
-  MessageId TEXT -- random; rows of earlier versions get theirs with the next poll
+  MessageId TEXT, -- random; rows of earlier versions get theirs with the next poll
+  BatchId   TEXT  -- the same for all rows of a message to several people; random; else null
 );
 
 CREATE INDEX "MessageBuffer.MessageId" ON MessageBuffer (MessageId);
 
 CREATE TABLE MessageHistory ( -- what was received and sent
   Id        INTEGER PRIMARY KEY,
-  MessageId TEXT NOT NULL,
+  MessageId TEXT NOT NULL,    -- of a message to several people their BatchId
   Received  INTEGER NOT NULL, -- -1 received, 0 sent
   Unread    INTEGER NOT NULL, -- -1 until it is clicked away
   Person    TEXT,             -- the sender, or the recipient
   Message   TEXT,
-  Time      REAL              -- when it was taken in, or left
+  Time      REAL,             -- when it was taken in, or left
+  Reached   INTEGER           -- of a message to several people, how many it has reached; else null
 );
 CREATE UNIQUE INDEX "MessageHistory.MessageId" ON MessageHistory (MessageId, Received); -- one can write to oneself
 CREATE INDEX "MessageHistory.Unread" ON MessageHistory (Unread);

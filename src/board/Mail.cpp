@@ -54,9 +54,10 @@ bool TakeIn(dao::Database &localDB, const Poll::IncomingMessage &message, const 
 void MoveToHistory(dao::Database &localDB, const QString &messageId, const QDateTime &now)
 {
     const QString purpose = u"taking a message out of the outbox"_s;
-    localDB.Insert(u"INSERT INTO MessageHistory (MessageId, Received, Unread, Person, Message, Time) "
-                   "SELECT MessageId, 0, 0, \"To\", Message, ? FROM MessageBuffer WHERE MessageId = ? "
-                   "ON CONFLICT (MessageId, Received) DO NOTHING"_s,
+    localDB.Insert(u"INSERT INTO MessageHistory (MessageId, Received, Unread, Person, Message, Time, Reached) "
+                   "SELECT ifnull(BatchId, MessageId), 0, 0, iif(BatchId IS NULL, \"To\", 'All'), Message, ?, "
+                   "iif(BatchId IS NULL, NULL, 1) FROM MessageBuffer WHERE MessageId = ? "
+                   "ON CONFLICT (MessageId, Received) DO UPDATE SET Reached = Reached + 1"_s,
                    {now, messageId}, purpose);
     localDB.Execute(u"DELETE FROM MessageBuffer WHERE MessageId = ?"_s, {messageId}, purpose);
 }
@@ -99,9 +100,12 @@ void Mail::Queue(const QStringList &recipients, const QString &message)
 {
     if (recipients.isEmpty())
         return;
-    dao::Transaction transaction(localDB_, u"queueing a message"_s);
+    const QString purpose = u"queueing a message"_s;
+    const QVariant batch = recipients.size() > 1 ? Poll::RandomId() : QVariant();
+    dao::Transaction transaction(localDB_, purpose);
     for (const QString &recipient : recipients)
-        AddBufferRow(recipient, message);
+        localDB_.Insert(u"INSERT INTO MessageBuffer (\"To\", Message, MessageId, BatchId) VALUES (?, ?, ?, ?)"_s,
+                        {recipient, message, Poll::RandomId(), batch}, purpose);
     transaction.Commit();
 }
 
@@ -124,9 +128,10 @@ qint64 Mail::AddBufferRow(const QString &to, const QString &message)
 // One that was only confirmed stays the same message: it may have been delivered just now.
 void Mail::ChangeBufferRow(const BufferRow &row)
 {
-    localDB_.Execute(u"UPDATE MessageBuffer SET \"To\" = ?, Message = ?, MessageId = ? WHERE Id = ? AND "
-                     "(ifnull(\"To\", '') <> ? OR ifnull(Message, '') <> ?)"_s,
-                     {row.to, row.message, Poll::RandomId(), row.id, row.to, row.message}, u"changing the outbox"_s);
+    localDB_.Execute(
+        u"UPDATE MessageBuffer SET \"To\" = ?, Message = ?, MessageId = ?, BatchId = NULL WHERE Id = ? AND "
+        "(ifnull(\"To\", '') <> ? OR ifnull(Message, '') <> ?)"_s,
+        {row.to, row.message, Poll::RandomId(), row.id, row.to, row.message}, u"changing the outbox"_s);
 }
 
 void Mail::DeleteBufferRow(qint64 id)
@@ -204,11 +209,12 @@ QList<HistoryRow> Mail::History()
 {
     QList<HistoryRow> rows;
     for (const QVariantList &row : localDB_.SelectRows({.table = u"MessageHistory"_s,
-                                   .fields = {u"Received"_s, u"Person"_s, u"Message"_s, u"Time"_s},
+                                   .fields = {u"Received"_s, u"Person"_s, u"Reached"_s, u"Message"_s, u"Time"_s},
                                    .newestFirst = true,
                                    .limit = keptInHistory},
                                                        u"reading the messages' history"_s))
-        rows.append({row[0].toInt() != 0, row[1].toString(), FirstCharactersOf(row[2], Poll::longestMessage),
-                     dao::ReadDateField(row[3]).value_or(QDateTime())});
+        rows.append({row[0].toInt() != 0, row[1].toString(), row[2].toInt(),
+                     FirstCharactersOf(row[3], Poll::longestMessage),
+                     dao::ReadDateField(row[4]).value_or(QDateTime())});
     return rows;
 }

@@ -31,7 +31,8 @@ using UnreadMessage = Poll::IncomingMessage; // until it is clicked away
 struct HistoryRow
 {
     bool received = false; // else sent
-    QString person;        // the sender or the recipient
+    QString person;        // the sender or the recipient; "All" for one that went to several
+    int reached = 0;       // of these, how many it has reached; 0 for one that went to one
     QString message;
     QDateTime time; // when it was taken in, or left
 };
@@ -43,7 +44,8 @@ class Mail
 public:
     explicit Mail(dao::Database &localDB) : localDB_(localDB) {} // outlives this
 
-    // The outbox. Rows are added for all recipients or for none. A row that is changed is another message from then on.
+    // The outbox. Rows are added for all recipients or for none; those for several become one row of the history. A row that is
+    // changed is another message from then on.
     void Queue(const QStringList &recipients, const QString &message);
     QList<BufferRow> Buffer();
     qint64 AddBufferRow(const QString &to, const QString &message); // its id

@@ -60,7 +60,8 @@ QString ReadyFor(const QString &receiver)
 
 RowsModel::Row RowOf(const HistoryRow &row)
 {
-    return {row.time, row.received ? u"From"_s : u"To"_s, row.person, row.message};
+    const QString person = row.reached > 0 ? u"%1 (%2)"_s.arg(row.person).arg(row.reached) : row.person;
+    return {row.time, row.received ? u"From"_s : u"To"_s, person, row.message};
 }
 
 } // namespace

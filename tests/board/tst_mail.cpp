@@ -86,6 +86,22 @@ private slots:
         QCOMPARE(copy.Request().acknowledgements, (Acknowledgements{{file, outbox[1].id, Receipt}}));
     }
 
+    void AMessageToSeveralIsOneRowOfTheHistory()
+    {
+        Copy copy;
+        copy.mail.Queue({u"BO"_s, u"EVA"_s, u"IDA"_s}, u"cake"_s);
+        const QList<Poll::OutgoingMessage> outbox = copy.Request().outbox;
+        copy.Take({}, {outbox[0].id, outbox[1].id});
+        copy.Take({}, {outbox[1].id}); // an answer that came twice
+        copy.mail.Queue({u"BO"_s}, u"to one"_s);
+        copy.Take({}, {copy.Request().outbox[1].id});
+        copy.Take({}, {outbox[2].id}); // the file was away in between
+        const QList<HistoryRow> history = copy.mail.History();
+        QCOMPARE(history.size(), 2);
+        QVERIFY(history[0].person == u"BO" && history[0].reached == 0);
+        QVERIFY(history[1].person == u"All" && history[1].reached == 3 && history[1].message == u"cake");
+    }
+
     void TakesInOnceThroughStops()
     {
         Copy copy;
