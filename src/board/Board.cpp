@@ -85,7 +85,7 @@ std::optional<QDateTime> Board::LastSign(const Presence::UserRow &user, const QD
     return known->heard;
 }
 
-bool Board::ShowMessages(const QList<UnreadMessage> &unread)
+std::optional<int> Board::ShowMessages(const QList<UnreadMessage> &unread)
 {
     for (const auto &[row, comment] : clearedComments_)
         rows_[row].comment = comment;
@@ -100,7 +100,6 @@ bool Board::ShowMessages(const QList<UnreadMessage> &unread)
         if (!rows_[i].name.isEmpty())
             rowOfSender.insert(UserNames[static_cast<qsizetype>(i)], i);
 
-    bool isNew = false;
     for (const UnreadMessage &message : unread) {
         const QString sender = message.from.toUpper();
         auto row = rowOfSender.constFind(sender);
@@ -108,15 +107,18 @@ bool Board::ShowMessages(const QList<UnreadMessage> &unread)
             row = rowOfSender.insert(sender, rows_.size());
             rows_.push_back(RowOfNoUser(message.from));
         }
-        std::optional<UnreadMessage> &place = rows_[*row].message;
-        if (place)
-            continue;
-        place = shown.value(sender, message);
-        isNew = isNew || !shownBefore_.contains(place->id);
-        shownBefore_.insert(place->id);
+        Row &place = rows_[*row];
+        if (place.message)
+            ++place.waiting;
+        else
+            place.message = shown.value(sender, message);
     }
     Alert = !unread.isEmpty();
-    return isNew;
+    if (!Alert || known_.contains(unread.last().id))
+        return std::nullopt;
+    for (qsizetype i = unread.size(); i-- > 0 && !known_.contains(unread[i].id);) // new ones stand last
+        known_.insert(unread[i].id);
+    return static_cast<int>(rowOfSender.value(unread.last().from.toUpper()));
 }
 
 // Those that are still unread, by their senders in upper case.
@@ -127,6 +129,7 @@ QHash<QString, UnreadMessage> Board::TakeShownMessages(const QList<UnreadMessage
         if (row.message)
             shownIds.insert(row.message->id);
         row.message.reset();
+        row.waiting = 0;
     }
     QHash<QString, UnreadMessage> shown;
     if (shownIds.isEmpty())

@@ -26,6 +26,7 @@ public:
         std::optional<QDateTime> lastSign;    // by the own clock, once one has followed another
         std::optional<UnreadMessage> message; // shown in place of the comment
         bool isUser = true; // false: a sender who is no user any more; such rows stand after the users
+        int waiting = 0;    // unread messages of the same sender that come after the one that is shown
     };
 
     QStringList UserNames; // in upper case, in the order of the rows
@@ -44,9 +45,9 @@ public:
     // Makes the rows anew; which messages are shown is forgotten, and settled by the next ShowMessages.
     void Users_Init(const QList<Presence::UserRow> &users, const QString &identity, const QDateTime &now);
 
-    // The step of a poll that concerns messages: rows that show none show the oldest unread one of their sender. True when
-    // one of them was never shown before by this object.
-    bool ShowMessages(const QList<UnreadMessage> &unread);
+    // The step of a poll that concerns messages: rows that show none show the oldest unread one of their sender. The row of
+    // the newest one that has come since the step before, also if it waits there; nothing when none has come.
+    std::optional<int> ShowMessages(const QList<UnreadMessage> &unread);
     // Clears the row's message; its id, for it is to be marked as read. The comment comes back with the next ShowMessages.
     QString ClearMessage(int row);
 
@@ -63,6 +64,6 @@ private:
 
     std::vector<Row> rows_;
     std::map<std::size_t, QString> clearedComments_; // of the rows that show nothing until the next ShowMessages
-    QSet<QString> shownBefore_;                      // ids
+    QSet<QString> known_;                            // ids of all that were ever unread
     QHash<QString, Sign> signs_;                     // by the name in upper case
 };

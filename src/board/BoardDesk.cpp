@@ -169,8 +169,8 @@ void BoardDesk::Polled(const Poll::News &news)
     }
     if (message_)
         message_->Refresh();
+    messageBoard_->ShowNotice(notice_.Text()); // first: it takes room that a new message may need
     ShowUsers();
-    messageBoard_->ShowNotice(notice_.Text());
     // The first poll of a file settles whether it can be written. What is refused later is said quietly.
     if (news.changed && !std::exchange(writingIsSettled_, true) && news.refusedWrite)
         prompts_.MsgBox(messageBoard_.get(), RefusedWriteText(parts_.jobDatabase.CompanyPath, *news.refusedWrite));
@@ -198,8 +198,13 @@ void BoardDesk::PollAgain()
 void BoardDesk::ShowUsers()
 {
     Board &board = parts_.board;
-    Succeeds([&] { popUpWaits_ = board.ShowMessages(mail_.Unread()) || popUpWaits_; });
+    std::optional<int> newest;
+    Succeeds([&] { newest = board.ShowMessages(mail_.Unread()); });
     messageBoard_->ShowRows(board.Rows(), parts_.time.Now());
+    if (newest) {
+        messageBoard_->ScrollTo(*newest);
+        popUpWaits_ = true;
+    }
     if (board.Alert) {
         if (!blinkTimer_.isActive())
             blinkTimer_.start();

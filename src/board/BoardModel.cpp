@@ -37,7 +37,13 @@ const QString &StatusText(const Board::Row &row)
 bool LookAlike(const Board::Row &a, const Board::Row &b)
 {
     return OfState(a.state, -1, 0, 1) == OfState(b.state, -1, 0, 1) && a.message.has_value() == b.message.has_value()
-           && StatusText(a) == StatusText(b);
+           && a.waiting == b.waiting && StatusText(a) == StatusText(b);
+}
+
+QString WaitingText(int waiting)
+{
+    return waiting == 1 ? u"1 more message waits behind this one"_s
+                        : u"%1 more messages wait behind this one"_s.arg(waiting);
 }
 
 // People's texts are no markup; as rich text a long one is wrapped.
@@ -130,6 +136,7 @@ QVariant BoardModel::NameData(const Board::Row &row, int role) const
 QVariant BoardModel::StatusData(const Board::Row &row, int role) const
 {
     const bool yellow = row.message.has_value();
+    const int waiting = yellow ? row.waiting : 0;
     switch (role) {
     case Qt::DisplayRole:
         return StatusText(row);
@@ -140,9 +147,14 @@ QVariant BoardModel::StatusData(const Board::Row &row, int role) const
     case Qt::ForegroundRole:
         return yellow ? QColor(Qt::black) : QVariant();
     case Qt::ToolTipRole:
-        return AsTip(ShownText(StatusText(row)));
-    case Qt::AccessibleTextRole:
-        return QString((yellow ? u"Message: "_s : QString()) + ShownText(StatusText(row)));
+        return AsTip(waiting > 0 ? ShownText(StatusText(row)) + u'\n' + WaitingText(waiting)
+                                 : ShownText(StatusText(row)));
+    case Qt::AccessibleTextRole: {
+        const QString text = (yellow ? u"Message: "_s : QString()) + ShownText(StatusText(row));
+        return waiting > 0 ? QString(text + u", "_s + WaitingText(waiting)) : text;
+    }
+    case WaitingRole:
+        return waiting;
     default:
         return {};
     }

@@ -18,6 +18,10 @@ public:
     static constexpr int nameColumn = 0; // holds the bare name
     static constexpr int statusColumn = 1;
 
+    enum Role {
+        WaitingRole = Qt::UserRole + 1 // of the status column: how many messages wait behind the one that is shown
+    };
+
     explicit BoardModel(QStringList captions, QObject *parent = nullptr);
 
     // Views are told of the rows that look different now; with other names than before, the model is reset. `now` tells from

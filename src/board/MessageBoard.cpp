@@ -1,66 +1,17 @@
 #include "board/MessageBoard.h"
 
-#include "platform/forms/ShownText.h"
+#include "board/BoardCells.h"
 #include "ui_MessageBoard.h"
 
 #include <QApplication>
-#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
-#include <QPainter>
 #include <QScreen>
 #include <QScrollBar>
-#include <QTextDocument>
-#include <QToolTip>
 
 #include <algorithm>
 
 using namespace Qt::Literals::StringLiterals;
-
-namespace {
-
-// Tells the current cell by a frame, as the colours of the cells have a meaning.
-class BoardDelegate : public ShownTextDelegate
-{
-public:
-    using ShownTextDelegate::ShownTextDelegate;
-
-    void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override
-    {
-        QStyleOptionViewItem plain = option;
-        plain.state &= ~(QStyle::State_HasFocus | QStyle::State_MouseOver);
-        ShownTextDelegate::paint(painter, plain, index);
-        if (!(option.state & QStyle::State_HasFocus))
-            return;
-        // One of the two is seen on a cell of any colour.
-        const QRect frame = option.rect.adjusted(0, 0, -1, -1);
-        painter->save();
-        painter->setPen(Qt::black);
-        painter->drawRect(frame);
-        painter->drawRect(frame.adjusted(1, 1, -1, -1));
-        painter->setPen(Qt::white);
-        painter->drawRect(frame.adjusted(2, 2, -2, -2));
-        painter->restore();
-    }
-
-    // A cell's tip goes before the grid's own. Where the latter was taken away, no tips are wanted.
-    bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
-                   const QModelIndex &index) override
-    {
-        const QString cellTip = index.data(Qt::ToolTipRole).toString();
-        if (event->type() != QEvent::ToolTip || cellTip.isEmpty())
-            return ShownTextDelegate::helpEvent(event, view, option, index);
-        const QString gridTip = view->toolTip();
-        const QString asMarkup = Qt::mightBeRichText(gridTip) ? gridTip : gridTip.toHtmlEscaped();
-        if (gridTip.isEmpty())
-            QToolTip::hideText();
-        else
-            QToolTip::showText(event->globalPos(), cellTip + u"<p>"_s + asMarkup, view, option.rect);
-        return true;
-    }
-};
-
-} // namespace
 
 MessageBoard::MessageBoard(FormServices &services)
     : Form(u"MessageBoard"_s, services),
@@ -86,7 +37,7 @@ void MessageBoard::SetUpGrid()
 {
     QTableView &grid = *ui_->UserGrid;
     grid.setModel(&model_);
-    grid.setItemDelegate(new BoardDelegate(&grid));
+    grid.setItemDelegate(new BoardCells(&grid));
     grid.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     grid.horizontalHeader()->setSectionsClickable(true);
     grid.horizontalHeader()->setHighlightSections(false);
@@ -159,6 +110,11 @@ void MessageBoard::ShowRows(const std::vector<Board::Row> &rows, const QDateTime
     const int current = found >= 0 ? found : std::clamp(row, 0, model_.rowCount() - 1);
     grid.setCurrentIndex(model_.index(current, std::max(column, BoardModel::nameColumn)));
     grid.verticalScrollBar()->setValue(scrolled);
+}
+
+void MessageBoard::ScrollTo(int row)
+{
+    ui_->UserGrid->scrollTo(model_.index(row, BoardModel::nameColumn));
 }
 
 void MessageBoard::ShowAlertIcon(bool yellow)
