@@ -14,7 +14,9 @@ CREATE TABLE Users ( -- the presence board
   State    INTEGER NOT NULL DEFAULT 0, -- -1 stemped in, 0 stemped out, 1 program closed
   Comment  TEXT,
   LastSign REAL, -- of life, in days since 30 December 1899, by the clock of the person's machine
-  Login    TEXT  -- by which a start on a network drive finds the row again
+  Login    TEXT, -- by which a start on a network drive finds the row again
+  Job      TEXT, -- what a person who is stemped in works on, unless that is kept private
+  JobSince REAL  -- since when, like LastSign
 );
 CREATE UNIQUE INDEX User ON Users (User);
 

@@ -1463,8 +1463,8 @@ Disse tekster er ændret og ville forsvinde:
         <translation>Fairosne</translation>
     </message>
     <message>
-        <source>The board shows all colleagues who share the company database: a white name with a full disc is stemped in, a light grey one with a ring is out, a dark grey one with a cross has closed the program. Beside the name stands the colleague&apos;s status text or a message to you. Closing the board only minimises it, so that messages still reach you.</source>
-        <translation>Tavlen viser alle kolleger, der deler firmadatabasen: Et hvidt navn med en fuld skive er stemplet ind, et lysegråt med en ring er ude, og et mørkegråt med et kryds har lukket programmet. Ved siden af navnet står kollegaens statustekst eller en besked til dig. Lukker du tavlen, minimeres den kun, så beskeder stadig når dig.</translation>
+        <source>The board shows all colleagues who share the company database: a white name with a full disc is stemped in, a light grey one with a ring is out, a dark grey one with a cross has closed the program. Beside the name stands the colleague&apos;s status text or a message to you and, where there is room, the job the colleague is stemped in on; rest the mouse on the name to see since when. Closing the board only minimises it, so that messages still reach you.</source>
+        <translation>Tavlen viser alle kolleger, der deler firmadatabasen: Et hvidt navn med en fuld skive er stemplet ind, et lysegråt med en ring er ude, og et mørkegråt med et kryds har lukket programmet. Ved siden af navnet står kollegaens statustekst eller en besked til dig og, hvor der er plads, det job, kollegaen er stemplet ind på; hvil musen på navnet for at se siden hvornår. Lukker du tavlen, minimeres den kun, så beskeder stadig når dig.</translation>
     </message>
     <message>
         <source>Click a name for messaging, click your status to change it, click a message to clear it</source>

@@ -66,6 +66,7 @@ void Board::FillRows(const QList<Presence::UserRow> &users, const QString &ident
         row.state = user.state;
         row.comment = user.comment;
         row.lastSign = LastSign(user, now);
+        row.work = user.state < 0 ? user.work : std::nullopt; // a copy that knows no jobs clears none
         if (Presence::SameName(user.user, identity))
             OwnName = user.user;
     }

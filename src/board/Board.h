@@ -25,8 +25,9 @@ public:
         QString comment;
         std::optional<QDateTime> lastSign;    // by the own clock, once one has followed another
         std::optional<UnreadMessage> message; // shown in place of the comment
-        bool isUser = true; // false: a sender who is no user any more; such rows stand after the users
-        int waiting = 0;    // unread messages of the same sender that come after the one that is shown
+        bool isUser = true;                 // false: a sender who is no user any more; such rows stand after the users
+        std::optional<Presence::Work> work; // only of one who is stemped in
+        int waiting = 0;                    // unread messages of the same sender that come after the one that is shown
     };
 
     QStringList UserNames; // in upper case, in the order of the rows

@@ -15,9 +15,17 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr int margin = 6; // pixels, beside the badge
-0.7;                      // how much of its colour a quiet letter keeps; well readable on white, yellow and dark cells
+constexpr int margin = 6;    // pixels, beside the job and the badge
+constexpr int leastJob = 10; // letters; a shorter piece of a job says nothing
+// How much of its colour a quiet letter keeps: well readable on white, yellow and dark cells.
+constexpr double quiet = 0.7;
 constexpr QRgb badgeColor = 0xff404040;
+
+QColor Mixed(const QColor &letters, const QColor &ground)
+{
+    const auto mix = [](int letter, int behind) { return static_cast<int>(letter * quiet + behind * (1 - quiet)); };
+    return {mix(letters.red(), ground.red()), mix(letters.green(), ground.green()), mix(letters.blue(), ground.blue())};
+}
 
 // Draws the badge at the right end of `cell`; what is left of the cell.
 QRect DrawBadge(QPainter &painter, const QRect &cell, const QFont &cellFont, int waiting)
@@ -39,6 +47,25 @@ QRect DrawBadge(QPainter &painter, const QRect &cell, const QFont &cellFont, int
     painter.setFont(font);
     painter.drawText(badge, Qt::AlignCenter, text);
     return cell.adjusted(0, 0, -(width + margin), 0);
+}
+
+// By the style, as the text before it is.
+void DrawJob(QPainter &painter, const QStyle &style, const QStyleOptionViewItem &cell, const QRect &room,
+             const QString &job)
+{
+    const QFontMetrics &metrics = cell.fontMetrics;
+    if (room.width() < std::min(metrics.horizontalAdvance(job) + margin, metrics.averageCharWidth() * leastJob))
+        return;
+    const bool isPlain = cell.backgroundBrush.style() == Qt::NoBrush;
+    const QColor ground = isPlain ? cell.palette.color(QPalette::Base) : cell.backgroundBrush.color();
+    QStyleOptionViewItem text = cell;
+    text.rect = room;
+    text.text = job;
+    text.displayAlignment = Qt::AlignRight | Qt::AlignVCenter;
+    text.features = QStyleOptionViewItem::HasDisplay;
+    text.backgroundBrush = Qt::NoBrush;
+    text.palette.setColor(QPalette::Text, Mixed(cell.palette.color(QPalette::Text), ground));
+    style.drawControl(QStyle::CE_ItemViewItem, &text, &painter, cell.widget);
 }
 
 void DrawFrame(QPainter &painter, const QRect &cell)
@@ -69,6 +96,13 @@ void BoardCells::paint(QPainter *painter, const QStyleOptionViewItem &option, co
     style.drawControl(QStyle::CE_ItemViewItem, &cell, painter, option.widget);
 
     painter->save();
+    if (const QString job = index.data(BoardModel::WorkRole).toString(); !job.isEmpty()) {
+        const QRect text = style.subElementRect(QStyle::SE_ItemViewItemText, &cell, option.widget);
+        const int end = cell.text.isEmpty() ? text.left() : text.left() + cell.fontMetrics.horizontalAdvance(cell.text);
+        QRect room = cell.rect;
+        room.setLeft(end + 4 * margin);
+        DrawJob(*painter, style, cell, room, job);
+    }
     if (option.state & QStyle::State_HasFocus)
         DrawFrame(*painter, option.rect);
     painter->restore();

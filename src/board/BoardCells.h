@@ -3,7 +3,7 @@
 #include "platform/forms/ShownText.h"
 
 // Draws the cells of a BoardModel. The current cell bears a frame, as the colours of the cells have a meaning. At the right end
-// of a yellow cell stands how many messages wait behind it.
+// of a status stand, in quiet letters, the job where the text leaves room for it, and how many messages wait behind a yellow one.
 class BoardCells : public ShownTextDelegate
 {
     Q_OBJECT

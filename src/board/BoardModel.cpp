@@ -37,7 +37,7 @@ const QString &StatusText(const Board::Row &row)
 bool LookAlike(const Board::Row &a, const Board::Row &b)
 {
     return OfState(a.state, -1, 0, 1) == OfState(b.state, -1, 0, 1) && a.message.has_value() == b.message.has_value()
-           && a.waiting == b.waiting && StatusText(a) == StatusText(b);
+           && a.work == b.work && a.waiting == b.waiting && StatusText(a) == StatusText(b);
 }
 
 QString WaitingText(int waiting)
@@ -153,6 +153,8 @@ QVariant BoardModel::StatusData(const Board::Row &row, int role) const
         const QString text = (yellow ? u"Message: "_s : QString()) + ShownText(StatusText(row));
         return waiting > 0 ? QString(text + u", "_s + WaitingText(waiting)) : text;
     }
+    case WorkRole:
+        return row.work ? ShownText(row.work->job) : QString();
     case WaitingRole:
         return waiting;
     default:
@@ -166,8 +168,20 @@ QStringList BoardModel::StateInWords(const Board::Row &row) const
     if (!row.isUser)
         return {ShownText(row.name), u"Not among the users"_s};
     QStringList words{ShownText(row.name), OfState(row.state, u"Stemped in"_s, u"Stemped out"_s, u"Program closed"_s)};
+    if (row.work)
+        words[1] = InSince(*row.work);
     const bool isOff = row.state > 0;
     if (!isOff && row.lastSign && row.lastSign->msecsTo(now_) > longSilence.count())
         words.append(u"Nothing heard since "_s + QLocale().toString(*row.lastSign, QLocale::ShortFormat));
     return words;
+}
+
+QString BoardModel::InSince(const Presence::Work &work) const
+{
+    const QString job = ShownText(work.job);
+    if (!work.since.isValid())
+        return u"Stemped in on %1"_s.arg(job);
+    const bool isToday = work.since.date() == now_.date();
+    return u"Stemped in since %1 on %2"_s.arg(QLocale().toString(work.since, isToday ? u"hh:mm"_s : u"d MMM hh:mm"_s),
+                                              job);
 }

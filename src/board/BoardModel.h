@@ -19,7 +19,8 @@ public:
     static constexpr int statusColumn = 1;
 
     enum Role {
-        WaitingRole = Qt::UserRole + 1 // of the status column: how many messages wait behind the one that is shown
+        WorkRole = Qt::UserRole + 1, // of the status column: the job of one who is stemped in
+        WaitingRole                  // of the status column: how many messages wait behind the one that is shown
     };
 
     explicit BoardModel(QStringList captions, QObject *parent = nullptr);
@@ -37,6 +38,7 @@ private:
     QVariant NameData(const Board::Row &row, int role) const;
     QVariant StatusData(const Board::Row &row, int role) const;
     QStringList StateInWords(const Board::Row &row) const;
+    QString InSince(const Presence::Work &work) const;
 
     std::vector<Board::Row> rows_;
     QDateTime now_;

@@ -29,11 +29,26 @@ std::optional<UserRow> FindRow(const QList<UserRow> &rows, QString UserRow::*fie
 QStringList MissingFields(dao::Database &database)
 {
     const QStringList there = database.FieldNames(u"Users"_s);
-    QStringList missing{u"FullName TEXT"_s, u"State INTEGER NOT NULL DEFAULT 0"_s, u"Comment TEXT"_s,
-                        u"LastSign REAL"_s, u"Login TEXT"_s};
+    QStringList missing{u"FullName TEXT"_s, u"State INTEGER NOT NULL DEFAULT 0"_s,
+                        u"Comment TEXT"_s,  u"LastSign REAL"_s,
+                        u"Login TEXT"_s,    u"Job TEXT"_s,
+                        u"JobSince REAL"_s};
     missing.removeIf(
         [&there](const QString &field) { return there.contains(field.section(u' ', 0, 0), Qt::CaseInsensitive); });
     return missing;
+}
+
+std::optional<Work> ReadWork(const QVariant &job, const QVariant &since)
+{
+    if (job.toString().isEmpty())
+        return std::nullopt;
+    return Work{job.toString(), dao::ReadDateField(since).value_or(QDateTime())};
+}
+
+bool HasJobFields(dao::Database &database)
+{
+    const QStringList fields = database.FieldNames(u"Users"_s);
+    return fields.contains(u"Job"_s, Qt::CaseInsensitive) && fields.contains(u"JobSince"_s, Qt::CaseInsensitive);
 }
 
 } // namespace
@@ -59,7 +74,9 @@ QList<UserRow> ReadUsers(dao::Database &database)
                              ifThere(u"State"_s, u"State"_s),
                              cut(u"Comment"_s, longestComment),
                              ifThere(u"LastSign"_s, u"LastSign"_s),
-                             cut(u"Login"_s, longestName)};
+                             cut(u"Login"_s, longestName),
+                             cut(u"Job"_s, longestJob),
+                             ifThere(u"JobSince"_s, u"JobSince"_s)};
     QList<UserRow> users;
     for (const QVariantList &row : database.SelectRows({u"Users"_s, fields, user}, u"reading the users"_s)) {
         if (row[user].isNull())
@@ -73,6 +90,7 @@ QList<UserRow> ReadUsers(dao::Database &database)
         read.comment = FirstCharactersOf(row[4], longestComment);
         read.lastSign = dao::ReadDateField(row[5]);
         read.login = row[6].toString();
+        read.work = ReadWork(row[7], row[8]);
     }
     return users;
 }
@@ -149,13 +167,22 @@ void AddSelfToUsers(dao::Database &database, const QString &user, const QString 
     transaction.Commit();
 }
 
-void WriteState(dao::Database &database, const QString &user, State state)
+void WriteState(dao::Database &database, const QString &user, State state, const std::optional<Work> &work)
 {
+    const QString purpose = u"writing a user's state"_s;
     const int value = static_cast<int>(state);
+    std::optional<Work> shown = work;
+    if (shown)
+        shown->job = FirstCharacters(shown->job, longestJob);
     const std::optional<UserRow> row = FindRow(ReadUsers(database), &UserRow::user, user);
-    if (row && row->state != value)
-        database.ExecuteOnLarge(u"UPDATE Users SET State = ? WHERE \"User\" = ?"_s, {value, row->user},
-                                u"writing a user's state"_s);
+    if (!row || (row->state == value && row->work == shown))
+        return;
+    if (HasJobFields(database))
+        database.ExecuteOnLarge(u"UPDATE Users SET State = ?, Job = ?, JobSince = ? WHERE \"User\" = ?"_s,
+                                {value, shown ? shown->job : QVariant(), shown ? shown->since : QVariant(), row->user},
+                                purpose);
+    else if (row->state != value)
+        database.ExecuteOnLarge(u"UPDATE Users SET State = ? WHERE \"User\" = ?"_s, {value, row->user}, purpose);
 }
 
 void WriteComment(dao::Database &database, const QString &user, const QString &comment)

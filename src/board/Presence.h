@@ -21,7 +21,17 @@ enum class State { In = -1, Out = 0, Off = 1 };
 constexpr qsizetype longestComment = 80; // characters
 constexpr qsizetype longestName = 255;   // of whom messages can be sent to; no identity is as long
 
+constexpr qsizetype longestJob = 255;
+
 constexpr std::chrono::seconds signPeriod{60}; // between two heartbeats of a copy that polls
+
+// What a person who is stemped in works on, as far as colleagues may see it.
+struct Work
+{
+    QString job;     // "id : name"; never empty
+    QDateTime since; // by the clock of that person's machine; may be invalid in a file of another program
+    bool operator==(const Work &) const = default;
+};
 
 struct UserRow
 {
@@ -34,6 +44,7 @@ struct UserRow
     QString login = {};  // empty where it is not known
     qint64 row = 0;      // as long as the transaction lasts
     bool isNamed = true; // false: the name is too large to be read, and `user` says so
+    std::optional<Work> work = {};
 };
 
 // The file's own comparison knows only the letters A to Z, so people are compared here.
@@ -65,8 +76,9 @@ void AddMissingFields(dao::Database &database);
 void AddSelfToUsers(dao::Database &database, const QString &user, const QString &fullName, const QString &login = {});
 
 // Nothing when the row is missing, or holds that already. Of a comment the first `longestComment` characters are
-// written.
-void WriteState(dao::Database &database, const QString &user, State state);
+// written, of a job the first `longestJob`. State and work are written by one statement; without `work` the fields of the job
+// are cleared. A file that lacks these fields takes the state alone.
+void WriteState(dao::Database &database, const QString &user, State state, const std::optional<Work> &work = {});
 void WriteComment(dao::Database &database, const QString &user, const QString &comment);
 
 // Deletes the user's row, and the message table too if no message waits in it. Nothing when the row is missing.

@@ -265,7 +265,7 @@ void StempWin::StempIn(const QString &item)
         StempInLook();
         EnableOwnLists();
         AfterStemp();
-        parts_.jobDatabase.Set_In();
+        parts_.jobDatabase.Set_In(WorkToShow(parts_.clock.state, parts_.options));
         emit Stemped();
     } else {
         if (wasIn) {

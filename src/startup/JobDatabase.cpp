@@ -1,6 +1,8 @@
 #include "startup/JobDatabase.h"
 
+#include "clock/Clock.h"
 #include "clock/JobLists.h"
+#include "settings/Options.h"
 #include "startup/DataFiles.h"
 #include "startup/Identity.h"
 
@@ -26,6 +28,13 @@ auto WhetherWritten(std::function<void(bool)> done)
 }
 
 } // namespace
+
+std::optional<Presence::Work> WorkToShow(const ClockState &clock, const Options &options)
+{
+    if (!options.ShowJob || !clock.IsStempedIn || !clock.OpenSince || clock.CurrentJob.isEmpty())
+        return std::nullopt;
+    return Presence::Work{clock.CurrentJob, *clock.OpenSince};
+}
 
 JobDatabase::JobDatabase(CompanyLink::Mode mode, const Identity &identity, JobLists &lists)
     : identity_(identity), lists_(lists), link_(mode)
@@ -61,14 +70,14 @@ void JobDatabase::AddSelfToUsers()
         });
 }
 
-void JobDatabase::WriteState(Presence::State state)
+void JobDatabase::WriteState(Presence::State state, const std::optional<Presence::Work> &work)
 {
     if (!EnterpriseOn)
         return;
     link_.Ask(
         this,
-        [user = identity_.UserInitials, state](dao::Database &database) {
-            Presence::WriteState(database, user, state);
+        [user = identity_.UserInitials, state, work](dao::Database &database) {
+            Presence::WriteState(database, user, state, work);
         },
         [this](const Answer<void> &answer) { MissedIfFailed(answer); });
 }

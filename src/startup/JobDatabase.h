@@ -18,8 +18,13 @@
 #include <memory>
 #include <optional>
 
+struct ClockState;
 struct Identity;
 struct JobLists;
+struct Options;
+
+// What colleagues may see of the job that the person is stemped in on; nothing when that is kept private.
+std::optional<Presence::Work> WorkToShow(const ClockState &clock, const Options &options);
 
 // The job database in use: which file it is, and all that is asked of it. Choose, ChooseLooked, MatchLoginToUser,
 // RowsForLocalCopy and Close wait for the file system, each in all at most for its limit; a file that was
@@ -60,8 +65,8 @@ public:
     std::optional<QString> MatchLoginToUser(const QString &path, const QString &login);
 
     void AddSelfToUsers();
-    void Set_In() { WriteState(Presence::State::In); }
-    void Set_Out() { WriteState(Presence::State::Out); }
+    void Set_In(const std::optional<Presence::Work> &work) { WriteState(Presence::State::In, work); }
+    void Set_Out() { WriteState(Presence::State::Out, {}); }
     void Set_OFF();
 
     // Each goes on in `done`, unless `context` is gone by then or another file is in use: whether it was written. The first two
@@ -155,7 +160,7 @@ private:
     void TakeJudgement(const PathJudgement &judgement);
     PathJudgement JudgementOf(const QString &path, const dao::Error &error) const;
 
-    void WriteState(Presence::State state);
+    void WriteState(Presence::State state, const std::optional<Presence::Work> &work);
     void ForgetJobs();
     void FillFromLocalCopy();
     void TakeJobList(const JobList &list);

@@ -20,6 +20,8 @@
 #include <QLoggingCategory>
 #include <QTimer>
 
+#include <utility>
+
 namespace {
 
 Q_LOGGING_CATEGORY(log, "stemp.startup")
@@ -282,9 +284,10 @@ void Main::mnuSummary_Click()
 
 void Main::SettingsAccepted()
 {
-    const QString pathBefore = program_.options.EnterpriseMDBText;
-    program_.options = adminForm_->CurrentOptions();
-    if (program_.options.EnterpriseMDBText == pathBefore) {
+    const Options before = std::exchange(program_.options, adminForm_->CurrentOptions());
+    if (program_.options.ShowJob != before.ShowJob)
+        PublishState();
+    if (program_.options.EnterpriseMDBText == before.EnterpriseMDBText) {
         stempWin_->Enterprise_Init();
         return;
     }
@@ -339,7 +342,7 @@ void Main::TakeUpJobDatabase()
 void Main::PublishState()
 {
     if (program_.clock.state.IsStempedIn)
-        program_.jobDatabase.Set_In();
+        program_.jobDatabase.Set_In(WorkToShow(program_.clock.state, program_.options));
     else
         program_.jobDatabase.Set_Out();
 }

@@ -13,7 +13,7 @@ QList<Presence::UserRow> Users(const QStringList &names)
 {
     QList<Presence::UserRow> users;
     for (const QString &name : names)
-        users.append({name, {}, 0, u"c"_s, {}});
+        users.append({name, {}, 0, u"c"_s, {}, {}});
     return users;
 }
 

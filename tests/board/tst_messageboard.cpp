@@ -20,9 +20,9 @@ namespace {
 
 const QDateTime now = SettableTime().Now();
 
-const std::vector<Board::Row> people{{u"ANNA"_s, -1, u"here"_s, now, {}, true},
-                                     {u"Bjørn"_s, 0, {}, now, {}, true},
-                                     {u"GONE"_s, 0, {}, {}, UnreadMessage{u"1"_s, u"GONE"_s, u"bye"_s}, false}};
+const std::vector<Board::Row> people{{u"ANNA"_s, -1, u"here"_s, now, {}, true, {}},
+                                     {u"Bjørn"_s, 0, {}, now, {}, true, {}},
+                                     {u"GONE"_s, 0, {}, {}, UnreadMessage{u"1"_s, u"GONE"_s, u"bye"_s}, false, {}}};
 
 struct ShownBoard : AtWindow
 {
@@ -92,7 +92,7 @@ private slots:
     {
         BoardModel model({u"User"_s, u"Status"_s});
         const auto words = [&model](int state, int seconds) {
-            model.SetRows({{u"a <b>"_s, state, u"<i>x"_s, now, {}, true}}, now.addSecs(seconds));
+            model.SetRows({{u"a <b>"_s, state, u"<i>x"_s, now, {}, true, {}}}, now.addSecs(seconds));
             return model.index(0, 0).data(Qt::AccessibleTextRole).toString();
         };
         const QString since = u", Nothing heard since "_s + QLocale().toString(now, QLocale::ShortFormat);
@@ -107,7 +107,7 @@ private slots:
     {
         std::vector<Board::Row> rows;
         for (int i = 100; i < 150; ++i)
-            rows.push_back({QString::number(i), 0, {}, {}, {}, true});
+            rows.push_back({QString::number(i), 0, {}, {}, {}, true, {}});
         ShownBoard board(rows);
         board.grid.setCurrentIndex(board.grid.model()->index(40, 0));
         board.grid.verticalScrollBar()->setValue(10); // the person looks elsewhere

@@ -85,6 +85,23 @@ private slots:
         Presence::WriteState(jobs_, u"ANNA"_s, State::In);
         QVERIFY_THROWS_EXCEPTION(dao::Error, Presence::WriteState(jobs_, u"ANNA"_s, State::Out));
     }
+
+    void WritesTheJobWithTheState()
+    {
+        Add(jobs_, {{u"Anna"_s, {}}});
+        const Presence::Work work{u"K-1 : "_s + QString(300, u'x'), QDateTime({2026, 3, 7}, {14, 5}, Qt::UTC)};
+        const Presence::Work cut{work.job.left(Presence::longestJob), work.since};
+        Presence::WriteState(jobs_, u"ANNA"_s, State::In, work);
+        QCOMPARE(Presence::ReadUsers(jobs_)[0].work, cut);
+        const Presence::Work next{u"K-2 : y"_s, work.since.addSecs(60)}; // the state stays
+        Presence::WriteState(jobs_, u"ANNA"_s, State::In, next);
+        QCOMPARE(Presence::ReadUsers(jobs_)[0].work, next);
+        Presence::WriteState(jobs_, u"ANNA"_s, State::Off);
+        QCOMPARE(folder_.Rows(jobsFile, u"SELECT State, Job IS NULL, JobSince IS NULL FROM Users"_s), u"1 1 1"_s);
+        folder_.Sql(jobsFile, u"ALTER TABLE Users RENAME COLUMN JobSince TO Other"_s); // as another version leaves it
+        Presence::WriteState(jobs_, u"ANNA"_s, State::In, work);
+        QCOMPARE(folder_.Rows(jobsFile, u"SELECT State, Job IS NULL FROM Users"_s), u"-1 1"_s);
+    }
 };
 
 QTEST_GUILESS_MAIN(TestPresence)

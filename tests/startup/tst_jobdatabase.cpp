@@ -82,7 +82,7 @@ private slots:
         QVERIFY(!folder.Has(jobsFile));
         QVERIFY(copy.jobs.RowsForLocalCopy(1s));
         copy.jobs.AddSelfToUsers();
-        copy.jobs.Set_In();
+        copy.jobs.Set_In({});
         copy.jobs.FillJobList();
         QCOMPARE(copy.lists.CompanyList.Items(), QStringList(u"C1 : x"_s));
         QVERIFY(copy.jobs.Close(1s));
@@ -109,7 +109,7 @@ private slots:
         QVERIFY(copy.UsesLocalCopy());
         QCOMPARE(copy.jobs.CompanyPath, folder.File(jobsFile));
         copy.jobs.AddSelfToUsers();
-        copy.jobs.Set_In(); // presence writes are skipped
+        copy.jobs.Set_In({}); // presence writes are skipped
         copy.jobs.LookForConfigured();
         QVERIFY(copy.found.isEmpty() && copy.jobs.LooksForConfigured());
         QCOMPARE(folder.Content(companyFile), content);
@@ -180,7 +180,7 @@ private slots:
         const QString backup = u"backup.mdb"_s; // with as many jobs
         folder.MakeJobs(backup, {u"D1"_s});
         QVERIFY(QFile::remove(folder.Company()) && QFile::rename(folder.File(backup), folder.Company()));
-        copy.jobs.Set_In();
+        copy.jobs.Set_In({});
         copy.Poll();
         QCOMPARE(copy.cameBack.size(), 1);
         copy.jobs.FillJobList();
