@@ -9,6 +9,7 @@
 #include <QLoggingCategory>
 #include <QPointer>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -49,13 +50,14 @@ JobDatabase::JobDatabase(CompanyLink::Mode mode, const Identity &identity, JobLi
     connect(&judgeTimer_, &QTimer::timeout, this, [this] { TakeJudgement({PathJudgement::Outcome::NoAnswer}); });
     connect(&link_, &CompanyLink::Replaced, this, [this] {
         missed_ = true;
+        addedSelf_ = false;
         ForgetJobs();
     });
 }
 
 void JobDatabase::AddSelfToUsers()
 {
-    if (identity_.UserInitials.isEmpty() || (!CompanyJobs && !LocalJobs))
+    if (identity_.UserInitials.isEmpty() || (!CompanyJobs && !LocalJobs) || addedSelf_)
         return;
     link_.Ask(
         this,
@@ -64,22 +66,49 @@ void JobDatabase::AddSelfToUsers()
             Presence::AddSelfToUsers(database, user, fullName, login);
         },
         [this](const Answer<void> &answer) {
+            addedSelf_ = !answer.error;
             if (!answer.error)
                 loggedError_.clear();
             MissedIfFailed(answer);
         });
 }
 
-void JobDatabase::WriteState(Presence::State state, const std::optional<Presence::Work> &work)
+void JobDatabase::Publish(const Published &state)
+{
+    published_ = state;
+    WriteState(state);
+}
+
+void JobDatabase::WriteState(const Published &state)
 {
     if (!EnterpriseOn)
         return;
     link_.Ask(
         this,
-        [user = identity_.UserInitials, state, work](dao::Database &database) {
-            Presence::WriteState(database, user, state, work);
+        [user = identity_.UserInitials, state](dao::Database &database) {
+            Presence::WriteState(database, user, state.state, state.work);
         },
         [this](const Answer<void> &answer) { MissedIfFailed(answer); });
+}
+
+// Only from "off": two copies of one person that overwrote each other's "in" and "out" would do so for ever.
+void JobDatabase::SetRightIfOff(const Poll::News &news)
+{
+    const auto own = std::find_if(news.users.cbegin(), news.users.cend(), [this](const Presence::UserRow &row) {
+        return Presence::SameName(row.user, identity_.UserInitials);
+    });
+    if (published_ && own != news.users.cend() && own->state > 0)
+        WriteState(*published_);
+}
+
+// A file that was away and came back may be another one, in which nobody has deleted the own row.
+void JobDatabase::NoteFile(const QString &fileId)
+{
+    if (fileId.isEmpty())
+        return;
+    if (!fileId_.isEmpty() && fileId != fileId_)
+        addedSelf_ = false;
+    fileId_ = fileId;
 }
 
 void JobDatabase::WriteComment(QObject *context, const QString &user, const QString &comment,
@@ -104,10 +133,12 @@ void JobDatabase::DeleteUser(QObject *context, const QString &user, std::functio
 // The file goes out of use: no answer will be heard.
 void JobDatabase::Set_OFF()
 {
-    if (EnterpriseOn)
-        link_.Tell([user = identity_.UserInitials](dao::Database &database) {
-            Presence::WriteState(database, user, Presence::State::Off);
-        });
+    published_.reset();
+    if (!EnterpriseOn)
+        return;
+    link_.Tell([user = identity_.UserInitials](dao::Database &database) {
+        Presence::WriteState(database, user, Presence::State::Off);
+    });
 }
 
 void JobDatabase::MissedIfFailed(const Answer<void> &answer)
@@ -222,11 +253,17 @@ void JobDatabase::Poll(const Poll::Request &request)
             }
             if (answer.value->jobs)
                 TakeJobList(*answer.value->jobs);
-            emit Polled(answer.value->news);
-            if (answer.value->news.refusedWrite)
+            const Poll::News &news = answer.value->news;
+            NoteFile(news.fileId);
+            emit Polled(news);
+            if (news.refusedWrite) {
                 missed_ = true; // the state was, or will be
-            else if (std::exchange(missed_, false))
+                return;
+            }
+            if (std::exchange(missed_, false))
                 emit CameBack();
+            else
+                SetRightIfOff(news);
         });
 }
 

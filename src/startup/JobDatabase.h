@@ -64,9 +64,12 @@ public:
     // Choose only; the two share what they may wait.
     std::optional<QString> MatchLoginToUser(const QString &path, const QString &login);
 
+    // Once for each file: a row that is deleted while the program runs stays so, unless another file takes the place of this one.
     void AddSelfToUsers();
-    void Set_In(const std::optional<Presence::Work> &work) { WriteState(Presence::State::In, work); }
-    void Set_Out() { WriteState(Presence::State::Out, {}); }
+    // The state that was written last is written again when a poll finds the own row at "off", where another copy of the same
+    // person has put it as it closed.
+    void Set_In(const std::optional<Presence::Work> &work) { Publish({Presence::State::In, work}); }
+    void Set_Out() { Publish({Presence::State::Out, {}}); }
     void Set_OFF();
 
     // Each goes on in `done`, unless `context` is gone by then or another file is in use: whether it was written. The first two
@@ -160,7 +163,16 @@ private:
     void TakeJudgement(const PathJudgement &judgement);
     PathJudgement JudgementOf(const QString &path, const dao::Error &error) const;
 
-    void WriteState(Presence::State state, const std::optional<Presence::Work> &work);
+    struct Published
+    {
+        Presence::State state;
+        std::optional<Presence::Work> work;
+    };
+
+    void Publish(const Published &state);
+    void WriteState(const Published &state);
+    void SetRightIfOff(const Poll::News &news);
+    void NoteFile(const QString &fileId);
     void ForgetJobs();
     void FillFromLocalCopy();
     void TakeJobList(const JobList &list);
@@ -192,6 +204,9 @@ private:
     bool missed_ = false;   // a request failed, the file did not answer at first, or it was replaced; no poll since
     QString loggedError_;   // since the person was last known to be among the users
     bool listRead_ = false; // the list in memory is that of the file in use
+    std::optional<Published> published_;
+    bool addedSelf_ = false; // to this file
+    QString fileId_;         // of the file that was polled last; empty when it has none
     Seen seen_;
     std::chrono::milliseconds nextLimit_ =
         waitLimit; // of the next Choose: what was waited for at start before counts, too

@@ -104,6 +104,8 @@ void JobDatabase::TakeIntoUse(const QString &configured, Finding finding, Deadli
         EnterpriseOn = true;
 
     missed_ = !finding.answers;
+    addedSelf_ = false;
+    fileId_.clear();
     wanted_.clear();
     seen_ = {};
     retryTimer_.stop();

@@ -189,6 +189,34 @@ private slots:
         QCOMPARE(copy.cameBack.size(), 1);
     }
 
+    void SetsItsRowRightWhenAnotherCopyHasClosed()
+    {
+        const WithCompany folder;
+        Copy copy(folder);
+        copy.jobs.Choose(folder.Company());
+        copy.jobs.AddSelfToUsers();
+        copy.jobs.Set_In({});
+        const auto afterPolls = [&](const QString &written) {
+            folder.Sql(companyFile, u"UPDATE Users SET State = "_s + written);
+            copy.Poll(), copy.Poll();
+            return folder.Rows(companyFile, u"SELECT State FROM Users"_s);
+        };
+        QCOMPARE(afterPolls(u"1"_s), u"-1"_s);
+        QCOMPARE(afterPolls(u"0"_s), u"0"_s); // two copies would fight
+        QCOMPARE(afterPolls(u"1"_s), u"-1"_s);
+        folder.Sql(companyFile, u"DELETE FROM Users"_s);
+        {
+            const Holder other(folder.Company());
+            copy.Poll();
+        }
+        copy.Poll();
+        QCOMPARE(copy.cameBack.size(), 1);
+        copy.jobs.AddSelfToUsers();
+        QCOMPARE(folder.Rows(companyFile, u"SELECT count(*) FROM Users"_s), u"0"_s); // it was deleted
+        copy.jobs.Set_OFF();
+        QCOMPARE(afterPolls(u"1"_s), QString());
+    }
+
     void TakesTheFileThatWasPickedLast()
     {
         const WithCompany folder;
