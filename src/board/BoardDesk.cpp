@@ -48,6 +48,10 @@ BoardDesk::BoardDesk(FormServices &services, Prompts &prompts, BoardDeskParts pa
     connect(messageBoard_.get(), &MessageBoard::DeletePressed, this, &BoardDesk::DeleteUser);
     connect(&parts_.jobDatabase, &JobDatabase::Polled, this, &BoardDesk::Polled);
     connect(&parts_.jobDatabase, &JobDatabase::PollFailed, this, &BoardDesk::PollFailed);
+    connect(&parts_.jobDatabase, &JobDatabase::KeptStatusesChanged, this, [this] {
+        if (messageBoard_->IsLoaded())
+            ShowNotice();
+    });
     connect(&parts_.jobDatabase, &JobDatabase::UsersRead, this, [this](const QList<Presence::UserRow> &users) {
         parts_.board.TakeUsers(users, parts_.identity.UserInitials, parts_.time.Now());
         ShowUsers();
@@ -109,7 +113,7 @@ void BoardDesk::Enterprise_Init()
         Refresh_Enterprise();
     else if (parts_.jobDatabase.EnterpriseOn || parts_.jobDatabase.LocalJobs)
         parts_.jobDatabase.ReadUsers(); // the first poll ends the start, which may have a question to ask
-    messageBoard_->ShowNotice(notice_.Text());
+    ShowNotice();
 }
 
 void BoardDesk::Refresh_Enterprise()
@@ -169,7 +173,7 @@ void BoardDesk::Polled(const Poll::News &news)
     }
     if (message_)
         message_->Refresh();
-    messageBoard_->ShowNotice(notice_.Text()); // first: it takes room that a new message may need
+    ShowNotice(); // first: it takes room that a new message may need
     ShowUsers();
     // The first poll of a file settles whether it can be written. What is refused later is said quietly.
     if (news.changed && !std::exchange(writingIsSettled_, true) && news.refusedWrite)
@@ -183,8 +187,8 @@ void BoardDesk::PollFailed(std::optional<dao::ErrorKind> kind)
     patience_.stop();
     notice_.isStale = true;
     notice_.failure = kind;
+    ShowNotice();
     ShowUsers();
-    messageBoard_->ShowNotice(notice_.Text());
     if (kind)
         PollAgain();
 }
@@ -287,45 +291,35 @@ void BoardDesk::WriteTo(const QString &recipient)
 
 void BoardDesk::EditUserStatus(const QString &user, const QString &comment)
 {
-    if (!CanWriteUsers())
-        return;
     status_ = std::make_unique<Status>(services_, parts_.localDB, user, comment);
     Open(*status_, [this, user] {
         if (status_->IsAccepted())
-            WriteStatus(user, status_->Text());
+            parts_.jobDatabase.WriteComment(user, status_->Text());
         status_.reset();
     });
 }
 
-void BoardDesk::WriteStatus(const QString &user, const QString &comment)
-{
-    parts_.jobDatabase.WriteComment(
-        this, user, comment,
-        [this, comment](bool written) {
-            TellUnlessWritten(written, u"The status\n%1\ncould not be written, because the company database is locked, "
-                                       "write-protected or not there. Please try again."_s.arg(ShownText(comment)));
-        });
-}
-
 void BoardDesk::DeleteUser(const QString &user)
 {
-    if (parts_.startingUp || dialogIsOpen_ || parts_.board.IsOwn(user) || !CanWriteUsers())
+    if (parts_.startingUp || dialogIsOpen_ || parts_.board.IsOwn(user) || !CanDeleteUsers())
         return;
     BeforeDialog();
     prompts_.AskYesNo(messageBoard_.get(), u"Are you sure you want to DELETE user :%1"_s.arg(ShownText(user)),
                       [this, user](bool yes) {
-                          if (yes && CanWriteUsers())
+                          if (yes && CanDeleteUsers())
                               parts_.jobDatabase.DeleteUser(this, user, [this, user](bool written) {
-                                  TellUnlessWritten(written, u"%1 could not be deleted, because the company database "
-                                                             "is locked, write-protected or not there. Please try "
-                                                             "again."_s.arg(ShownText(user)));
+                                  if (!written)
+                                      prompts_.MsgBox(
+                                          messageBoard_.get(),
+                                          u"%1 could not be deleted, because the company database is locked, "
+                                          "write-protected or not there. Please try again."_s.arg(ShownText(user)));
                               });
                           AfterDialog();
                       });
 }
 
 // The file in use is the copy on this machine meanwhile, and nobody would come to know what is written there.
-bool BoardDesk::CanWriteUsers()
+bool BoardDesk::CanDeleteUsers()
 {
     if (!parts_.jobDatabase.EnterpriseOn)
         prompts_.MsgBox(messageBoard_.get(),
@@ -334,10 +328,10 @@ bool BoardDesk::CanWriteUsers()
     return parts_.jobDatabase.EnterpriseOn;
 }
 
-void BoardDesk::TellUnlessWritten(bool written, const QString &message)
+void BoardDesk::ShowNotice()
 {
-    if (!written)
-        prompts_.MsgBox(messageBoard_.get(), message);
+    notice_.withKeptStatuses = parts_.jobDatabase.UsersWithKeptStatus();
+    messageBoard_->ShowNotice(notice_.Text());
 }
 
 void BoardDesk::Open(Form &dialog, const std::function<void()> &closed)

@@ -78,12 +78,11 @@ private:
     void WriteTo(const QString &recipient);
     void EditUserStatus(const QString &user, const QString &comment); // as it is now
     void DeleteUser(const QString &user);
-    void WriteStatus(const QString &user, const QString &comment);
     void Open(Form &dialog, const std::function<void()> &closed); // as a modal window of the board
     void BeforeDialog();
     void AfterDialog();
-    bool CanWriteUsers(); // else it is said why not
-    void TellUnlessWritten(bool written, const QString &message);
+    bool CanDeleteUsers(); // else it is said why not
+    void ShowNotice();
 
     FormServices &services_;
     Prompts &prompts_;

@@ -42,6 +42,16 @@ QString WhatIsWrong(std::optional<dao::ErrorKind> failure)
 
 QString CompanyNotice::Text() const
 {
+    const QString text = TextOfFile();
+    if (withKeptStatuses.isEmpty())
+        return text;
+    return u"%1 The new status of %2 waits here and is written as soon as that is possible."_s
+        .arg(text, withKeptStatuses.join(u", "_s))
+        .trimmed();
+}
+
+QString CompanyNotice::TextOfFile() const
+{
     if (!isThere)
         return (failure && failure != dao::ErrorKind::CannotOpen
                     ? Say("The file that the settings name as the company database is not used: %1.")

@@ -4,6 +4,7 @@
 
 #include <QDateTime>
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -15,9 +16,13 @@ struct CompanyNotice
     std::optional<dao::ErrorKind>
         failure; // of the poll, nothing: it has not been answered; or why the file is not used
     bool canBeWritten = true;
-    QDateTime lastCurrent; // when a poll was answered; invalid until then
+    QDateTime lastCurrent;        // when a poll was answered; invalid until then
+    QStringList withKeptStatuses; // users whose new status is still to be written
 
     QString Text() const; // empty while all is well
+
+private:
+    QString TextOfFile() const;
 };
 
 // Why a configured file is not used, as the end of a sentence: "it is a folder".

@@ -111,14 +111,28 @@ void JobDatabase::NoteFile(const QString &fileId)
     fileId_ = fileId;
 }
 
-void JobDatabase::WriteComment(QObject *context, const QString &user, const QString &comment,
-                               std::function<void(bool)> done)
+QString JobDatabase::PathOfUsers() const
 {
-    if (!EnterpriseOn)
-        return done(false);
+    return EnterpriseOn ? CompanyPath : SoughtPath();
+}
+
+void JobDatabase::WriteComment(const QString &user, const QString &comment)
+{
+    const KeptStatus status{PathOfUsers(), user, comment};
+    if (!EnterpriseOn) {
+        KeepStatus(status);
+        return;
+    }
     link_.Ask(
-        context, [user, comment](dao::Database &database) { Presence::WriteComment(database, user, comment); },
-        WhetherWritten(std::move(done)));
+        this, [user, comment](dao::Database &database) { Presence::WriteComment(database, user, comment); },
+        [this, status](const Answer<void> &answer) {
+            if (!answer.error) {
+                ForgetStatus(status);
+                return;
+            }
+            Missed(*answer.error);
+            KeepStatus(status);
+        });
 }
 
 void JobDatabase::DeleteUser(QObject *context, const QString &user, std::function<void(bool)> done)
@@ -139,6 +153,49 @@ void JobDatabase::Set_OFF()
     link_.Tell([user = identity_.UserInitials](dao::Database &database) {
         Presence::WriteState(database, user, Presence::State::Off);
     });
+    for (const KeptStatus &status : KeptStatuses()) {
+        link_.Tell(
+            [status](dao::Database &database) { Presence::WriteComment(database, status.user, status.comment); });
+        ForgetStatus(status);
+    }
+}
+
+QList<JobDatabase::KeptStatus> JobDatabase::KeptStatuses() const
+{
+    QList<KeptStatus> kept = keptStatuses_;
+    kept.removeIf([this](const KeptStatus &status) { return status.path != PathOfUsers(); });
+    return kept;
+}
+
+QStringList JobDatabase::UsersWithKeptStatus() const
+{
+    QStringList users;
+    for (const KeptStatus &status : KeptStatuses())
+        users.append(status.user);
+    return users;
+}
+
+void JobDatabase::KeepStatus(const KeptStatus &status)
+{
+    ForgetStatus(status);
+    keptStatuses_.append(status);
+    emit KeptStatusesChanged();
+}
+
+// An earlier one for the same user, too.
+void JobDatabase::ForgetStatus(const KeptStatus &status)
+{
+    const auto forgotten = keptStatuses_.removeIf([&status](const KeptStatus &kept) {
+        return kept.path == status.path && Presence::SameName(kept.user, status.user);
+    });
+    if (forgotten > 0)
+        emit KeptStatusesChanged();
+}
+
+void JobDatabase::WriteKeptStatuses()
+{
+    for (const KeptStatus &status : KeptStatuses())
+        WriteComment(status.user, status.comment);
 }
 
 void JobDatabase::MissedIfFailed(const Answer<void> &answer)
@@ -260,6 +317,7 @@ void JobDatabase::Poll(const Poll::Request &request)
                 missed_ = true; // the state was, or will be
                 return;
             }
+            WriteKeptStatuses();
             if (std::exchange(missed_, false))
                 emit CameBack();
             else

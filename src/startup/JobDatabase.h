@@ -72,9 +72,13 @@ public:
     void Set_Out() { Publish({Presence::State::Out, {}}); }
     void Set_OFF();
 
-    // Each goes on in `done`, unless `context` is gone by then or another file is in use: whether it was written. The first two
+    // Writes a status. One that the file does not take is kept until a poll finds that it can be written, or until Set_OFF, the
+    // last one for each user; also one for a file that is being looked for. KeptStatusesChanged() tells of either.
+    void WriteComment(const QString &user, const QString &comment);
+    QStringList UsersWithKeptStatus() const; // for the file in use, or that which is looked for
+
+    // Each goes on in `done`, unless `context` is gone by then or another file is in use: whether it was written. The first
     // never in a local copy; DeleteJob fills the list anew.
-    void WriteComment(QObject *context, const QString &user, const QString &comment, std::function<void(bool)> done);
     void DeleteUser(QObject *context, const QString &user, std::function<void(bool)> done);
     void DeleteJob(QObject *context, const QString &item, std::function<void(bool)> done);
 
@@ -115,6 +119,7 @@ signals:
     void Polled(const Poll::News &news);
     void PollFailed(dao::ErrorKind kind);
     void UsersRead(const QList<Presence::UserRow> &users);
+    void KeptStatusesChanged();
     // A poll was answered after a request had failed, after a start without an answer, or after another file took the place of
     // the one in use: states and lists may have been missed.
     void CameBack();
@@ -168,11 +173,22 @@ private:
         Presence::State state;
         std::optional<Presence::Work> work;
     };
+    struct KeptStatus
+    {
+        QString path; // of the file
+        QString user;
+        QString comment;
+    };
 
     void Publish(const Published &state);
     void WriteState(const Published &state);
     void SetRightIfOff(const Poll::News &news);
     void NoteFile(const QString &fileId);
+    QString PathOfUsers() const;
+    void KeepStatus(const KeptStatus &status);
+    void ForgetStatus(const KeptStatus &status);
+    QList<KeptStatus> KeptStatuses() const;
+    void WriteKeptStatuses();
     void ForgetJobs();
     void FillFromLocalCopy();
     void TakeJobList(const JobList &list);
@@ -207,6 +223,7 @@ private:
     std::optional<Published> published_;
     bool addedSelf_ = false; // to this file
     QString fileId_;         // of the file that was polled last; empty when it has none
+    QList<KeptStatus> keptStatuses_;
     Seen seen_;
     std::chrono::milliseconds nextLimit_ =
         waitLimit; // of the next Choose: what was waited for at start before counts, too

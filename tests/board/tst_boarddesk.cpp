@@ -2,6 +2,7 @@
 #include "support/AtWindow.h"
 #include "support/RunningCopy.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QStyledItemDelegate>
 #include <QTableView>
@@ -57,6 +58,11 @@ QStringList Shown(RunningCopy &copy)
     return ShownRows(*Grid(copy), u"="_s);
 }
 
+QString Words(RunningCopy &copy, int row)
+{
+    return Grid(copy)->model()->index(row, 0).data(Qt::AccessibleTextRole).toString();
+}
+
 // Clicks a name and sends what is typed in the window that opens.
 void Send(RunningCopy &copy, int row, const QString &text, const char *button = "OKButton")
 {
@@ -107,6 +113,10 @@ private slots:
         anna.Poll();
         QCOMPARE(anna.program.board.Rows()[1].state, -1);
         QCOMPARE(Shown(anna)[1], u"BO="_s + QString(80, u'x'));
+        QCOMPARE(Words(anna, 1), u"BO, Stemped in since 09:00 on K-12 : Kolding"_s);
+        bo.Accept([](QWidget &window) { Child<QCheckBox>(window, "ShowJobCheck")->click(); });
+        anna.Poll();
+        QCOMPARE(Words(anna, 1), u"BO, Stemped in"_s);
 
         QVERIFY(!SetStatus(anna, 1, u"not mine"_s));
         anna.program.options.CanSetOthersStatus = true;
@@ -183,19 +193,30 @@ private slots:
         QVERIFY(anna.prompts.messages.isEmpty());
     }
 
-    // The copy of the file on this machine stands in for it then.
-    void TakesNoStatusThatNobodyWouldSee()
+    void KeepsAStatusUntilItCanBeWritten()
     {
         Team team({u"anna"_s});
+        const QString company = team.company.File(companyFile);
+        const QString away = team.company.File(u"away.mdb"_s);
+        {
+            const Holder other(company);
+            QVERIFY(SetStatus(team[u"anna"_s], 0, u"lunch"_s));
+            QVERIFY(Notice(team[u"anna"_s]).contains(u"status of ANNA waits"_s));
+        }
+        team[u"anna"_s].Poll();
+        QCOMPARE(Notice(team[u"anna"_s]), QString());
+        QCOMPARE(team.company.Rows(companyFile, u"SELECT Comment FROM Users"_s), u"lunch"_s);
+
         team.Stop(u"anna"_s);
-        QVERIFY(QFile::rename(team.company.File(companyFile), team.company.File(u"away.mdb"_s)));
-        team.Start(u"anna"_s);
-        RunningCopy &anna = team[u"anna"_s];
-        QTRY_COMPARE(Shown(anna), QStringList(u"ANNA="_s));
-        anna.prompts.messages.clear();
-        SetStatus(anna, 0, u"lunch"_s);
-        QCOMPARE(anna.prompts.messages.size(), 1);
-        QVERIFY(anna.prompts.messages[0].startsWith(u"The company database is not there"_s));
+        QVERIFY(QFile::rename(company, away));
+        team.Start(u"anna"_s); // the copy of the file on this machine stands in for it
+        QTRY_COMPARE(Shown(team[u"anna"_s]), QStringList(u"ANNA="_s));
+        QVERIFY(SetStatus(team[u"anna"_s], 0, u"back"_s));
+        QVERIFY(QFile::rename(away, company));
+        team[u"anna"_s].program.jobDatabase.LookForConfigured();
+        team[u"anna"_s].Poll();
+        QCOMPARE(team.company.Rows(companyFile, u"SELECT Comment FROM Users"_s), u"back"_s);
+        QVERIFY(team[u"anna"_s].prompts.messages.isEmpty());
     }
 
     void SaysThatItCannotWriteAndCatchesUp()
@@ -270,24 +291,30 @@ private slots:
         QVERIFY(!name.data(Qt::ToolTipRole).toString().contains(u'\u202e'));
     }
 
-    void BringsAMinimisedBoardBackForANewMessageOnly()
+    void BringsTheBoardAndTheRowOfANewMessageInSight()
     {
         Team team({u"anna"_s, u"bo"_s});
         RunningCopy &anna = team[u"anna"_s];
         RunningCopy &bo = team[u"bo"_s];
         QWidget &board = bo.main.Desk()->Window();
         QTRY_VERIFY(board.isVisible());
-        anna.Poll();
-        Send(anna, 1, u"one"_s);
+        team.company.Sql(companyFile, u"WITH RECURSIVE n(i) AS (SELECT 10 UNION ALL SELECT i + 1 FROM n WHERE i < 49) "
+                                      "INSERT INTO Users (User) SELECT 'B' || i FROM n"_s);
+        team.Poll({u"anna"_s, u"bo"_s});
+        Send(anna, 41, u"one"_s);
+        Grid(bo)->scrollToBottom();
         board.showMinimized();
         bo.Poll();
         QVERIFY(!board.isMinimized());
+        QVERIFY(Grid(bo)->rect().contains(Grid(bo)->visualRect(Grid(bo)->model()->index(0, 1))));
         board.showMinimized();
         bo.Poll();
         QVERIFY(board.isMinimized()); // it is not new any more
-        Send(anna, 1, u"two"_s);
+        Send(anna, 41, u"two"_s);
         bo.Poll();
-        QVERIFY(board.isMinimized()); // waits for the first
+        QVERIFY(!board.isMinimized()); // though it waits behind the first
+        QCOMPARE(Grid(bo)->model()->index(0, 1).data(BoardModel::WaitingRole).toInt(), 1);
+        board.showMinimized();
         bo.program.options.PopUpMessages = false;
         ClickCell(*Grid(bo), 0, 1);
         QVERIFY(board.isMinimized());
