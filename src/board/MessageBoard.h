@@ -24,7 +24,7 @@ public:
 
     // Shows these rows. The current cell stays on its user, and the scroll place where it is, also when users come and go.
     void ShowRows(const std::vector<Board::Row> &rows, const QDateTime &now);
-    void ScrollTo(int row); // as little as makes it seen
+    void ScrollTo(int row);          // as little as makes it seen
     void ShowAlertIcon(bool yellow); // else the quiet picture
 
     // Shows the board without taking the keys from another window. One that is minimised stays so unless `restore` is set,
