@@ -9,9 +9,10 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 const QString blank = u"Blank Jobs.mdb"_s;
-const LocalJobCopy::Snapshot snapshot{{{u"1"_s, u"Roof"_s}, {u"2"_s, QVariant()}},
-                                      {{u"ANNA"_s, u"Anna Ø"_s, -1, u"at lunch"_s, {}}, {u"BO"_s, {}, 1, {}, {}}},
-                                      {}};
+const LocalJobCopy::Snapshot snapshot{
+    {{u"1"_s, u"Roof"_s}, {u"2"_s, QVariant()}},
+    {{u"ANNA"_s, u"Anna Ø"_s, -1, u"at lunch"_s, {}, {}}, {u"BO"_s, {}, 1, {}, {}, {}}},
+    {}};
 
 void Write(const ProgramFolder &folder)
 {
