@@ -113,7 +113,7 @@ void JobDatabase::NoteFile(const QString &fileId)
 
 QString JobDatabase::PathOfUsers() const
 {
-    return EnterpriseOn ? CompanyPath : SoughtPath();
+    return EnterpriseOn ? CompanyPath : configured_;
 }
 
 void JobDatabase::WriteComment(const QString &user, const QString &comment)
