@@ -15,12 +15,15 @@ dao::Database &CompanyFile::Connection()
 {
     // Identified before it is opened: if it is replaced in between, the next request notices.
     const FileId file = Identify();
-    if (database_.IsOpen() && file == opened_)
+    if (database_.IsOpen() && file == opened_) {
+        database_.KeepJournalMode();
         return database_;
+    }
     const bool replaced = database_.IsOpen();
     Close(); // what was written to a file that is gone would be lost
-    dao::Database database = dao::Database::OpenDatabase(path_);
-    for (const QString &table : {u"Projects"_s, u"Users"_s})
+    const QStringList tables{u"Projects"_s, u"Users"_s};
+    dao::Database database = dao::Database::OpenDatabase(path_, dao::Database::defaultBusyWait, {}, tables);
+    for (const QString &table : tables)
         if (!database.HasTable(table))
             throw dao::Error(dao::ErrorKind::Foreign, u"opening the job database"_s, path_, u"no table "_s + table);
     database_ = std::move(database);

@@ -100,8 +100,8 @@ std::optional<dao::Error> SummaryTask::Perform(const std::shared_ptr<Run> &run, 
 {
     const Read read = std::exchange(run->read, nullptr); // what it captured goes with this thread
     try {
-        dao::Database timeDb =
-            dao::Database::OpenDatabase(timeDbPath, dao::Database::defaultBusyWait, {run, &run->stopped});
+        dao::Database timeDb = dao::Database::OpenDatabase(timeDbPath, dao::Database::defaultBusyWait,
+                                                           {run, &run->stopped}, {QStringLiteral("Stemp")});
         timeDb.RegisterFunctions([] { return QDateTime(); });
         if (!run->stopped)
             read(timeDb);

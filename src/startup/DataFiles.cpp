@@ -9,6 +9,8 @@
 #include <QFileInfo>
 #include <QLoggingCategory>
 #include <QStorageInfo>
+#include <QStringList>
+#include <QUuid>
 
 #include <chrono>
 #include <filesystem>
@@ -17,11 +19,16 @@ namespace {
 
 Q_LOGGING_CATEGORY(log, "stemp.startup")
 
-constexpr QLatin1String journalSuffix("-journal");
+// What SQLite keeps beside a file, and plays back into whatever file it finds there.
+const QStringList journalSuffixes{QStringLiteral("-journal"), QStringLiteral("-wal"), QStringLiteral("-shm")};
 
+const QStringList timeTables{QStringLiteral("Stemp")};
+constexpr std::chrono::milliseconds busyWait{250};
+
+// A new one each time: several programs may make the same file at the same moment.
 QString TemporaryName(const QString &target)
 {
-    return target + QStringLiteral(".new");
+    return target + QStringLiteral(".new-") + QUuid::createUuid().toString(QUuid::Id128);
 }
 
 // Byte by byte into a new file, so that permissions and group come from the folder and the umask. A template may be read-only,
@@ -62,11 +69,8 @@ std::optional<dao::ErrorKind> CopyTemplate(const QString &source, const QString 
 {
     if (QFileInfo::exists(target))
         return std::nullopt;
-    // Both left behind: a copy that was interrupted, and the journal of a file that was removed, which would be played back
-    // into the new one.
     const QString temporary = TemporaryName(target);
-    QFile::remove(temporary);
-    QFile::remove(target + journalSuffix);
+    RemoveJournals(target);
     std::optional<dao::ErrorKind> failure = CopyContent(source, temporary);
     if (!failure && QFile::rename(temporary, target))
         return std::nullopt;
@@ -103,11 +107,10 @@ QString WhyNotMade(dao::ErrorKind failure, const QString &source, const QString 
 void CreateTimeDb(const QString &blank, const QString &target)
 {
     const QString temporary = TemporaryName(target);
-    QFile::remove(temporary);
-    QFile::remove(target + journalSuffix);
+    RemoveJournals(target);
     if (const std::optional<dao::ErrorKind> failure = CopyTemplate(blank, temporary))
         throw dao::Error(*failure, QStringLiteral("copying the template of the time database"), target, blank);
-    dao::Database copy = dao::Database::OpenDatabase(temporary);
+    dao::Database copy = dao::Database::OpenDatabase(temporary, busyWait, {}, timeTables);
     copy.Execute(QStringLiteral("DELETE FROM Stemp"), {}, QStringLiteral("emptying the new time database"));
     copy.Close();
     if (QFile::rename(temporary, target))
@@ -122,7 +125,7 @@ bool IsDamagedTimeDb(const QString &path)
 {
     try {
         // A file that is locked is none the worse for it, and is waited for when it is opened for use.
-        dao::Database database = dao::Database::OpenDatabase(path, std::chrono::milliseconds(250));
+        dao::Database database = dao::Database::OpenDatabase(path, busyWait, {}, timeTables);
         if (!database.HasTable(QStringLiteral("Stemp")))
             return true;
         database.Select(QStringLiteral("SELECT count(StempInTime), count(JobName) FROM Stemp NOT INDEXED"), {},
@@ -146,8 +149,7 @@ std::optional<QString> SetAside(const QString &path, const QDateTime &now)
         qCWarning(log) << "setting aside" << path << "failed";
         return std::nullopt;
     }
-    // A journal belongs to its file: left behind, it would be played back into the new one.
-    for (const QLatin1String suffix : {journalSuffix, QLatin1String("-wal"), QLatin1String("-shm")})
+    for (const QString &suffix : journalSuffixes)
         if (QFileInfo::exists(path + suffix))
             QFile::rename(path + suffix, target + suffix);
     return target;
@@ -158,6 +160,12 @@ QString SetAsideMessage(const QString &path, const std::optional<QString> &aside
     if (!aside)
         return Say("The file %1 is damaged and could not be set aside.").arg(path);
     return Say("The file %1 is damaged. It was set aside as\n%2\nand a new one was made.").arg(path, *aside);
+}
+
+void RemoveJournals(const QString &path)
+{
+    for (const QString &suffix : journalSuffixes)
+        QFile::remove(path + suffix);
 }
 
 bool SameFile(const QString &a, const QString &b)

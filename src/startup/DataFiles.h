@@ -35,6 +35,9 @@ std::optional<QString> SetAside(const QString &path, const QDateTime &now);
 // For the person: what SetAside has done.
 QString SetAsideMessage(const QString &path, const std::optional<QString> &aside);
 
+// Removes what SQLite has left beside a file that is gone: it would be played back into the next file of that name.
+void RemoveJournals(const QString &path);
+
 // Whether two paths name one file, under any spelling: drive letter and share name, separators, links.
 bool SameFile(const QString &a, const QString &b);
 

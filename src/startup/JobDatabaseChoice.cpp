@@ -163,7 +163,9 @@ JobDatabase::Finding JobDatabase::FindingOf(const QString &path, const QString &
                                             const std::optional<Answer<bool>> &answer)
 {
     const auto failed = [&](dao::ErrorKind kind) { return answer->error && answer->error->Kind() == kind; };
-    if (!answer || failed(dao::ErrorKind::Busy) || failed(dao::ErrorKind::Stopped)) {
+    // A write-ahead log goes when those who have the file open close it, as a lock does.
+    if (!answer || failed(dao::ErrorKind::Busy) || failed(dao::ErrorKind::Stopped)
+        || failed(dao::ErrorKind::JournalMode)) {
         qCWarning(log) << path << "does not answer";
         return {false, true, QDir::cleanPath(path) == QDir::cleanPath(own)};
     }

@@ -38,7 +38,7 @@ public:
     ~Unfinished()
     {
         QFile::remove(path_);
-        QFile::remove(path_ + u"-journal"_s);
+        DataFiles::RemoveJournals(path_);
     }
     Unfinished(const Unfinished &) = delete;
     Unfinished &operator=(const Unfinished &) = delete;
@@ -86,7 +86,7 @@ dao::Database HoldOldCopy(const QString &target, const QString &fileId)
     dao::Database old;
     try {
         if (QFileInfo::exists(target)) {
-            old = dao::Database::OpenDatabase(target, oldCopyWait);
+            old = dao::Database::OpenDatabase(target, oldCopyWait, {}, {u"Projects"_s, u"Users"_s});
             old.Execute(u"BEGIN EXCLUSIVE"_s, {}, purpose);
             // A drive may have several letters, a share several names, and each its own number for the same file.
             if (!fileId.isEmpty() && Poll::ReadFileId(old) == fileId)
@@ -98,7 +98,7 @@ dao::Database HoldOldCopy(const QString &target, const QString &fileId)
             throw;
         old.Close();
     }
-    QFile::remove(target + u"-journal"_s);
+    DataFiles::RemoveJournals(target);
     return old;
 }
 
@@ -134,7 +134,8 @@ LocalJobCopy::Snapshot LocalJobCopy::Read(dao::Database &jobDatabase)
 void LocalJobCopy::Write(const QString &blank, const QString &target, const Snapshot &snapshot)
 {
     const Unfinished file(blank, target);
-    dao::Database copy = dao::Database::OpenDatabase(file.Path());
+    dao::Database copy =
+        dao::Database::OpenDatabase(file.Path(), dao::Database::defaultBusyWait, {}, {u"Projects"_s, u"Users"_s});
     Fill(copy, snapshot);
     copy.Close();
     file.RemoveAbandoned(QFileInfo(target));

@@ -70,13 +70,35 @@ private slots:
         }
     }
 
-    void LeavesAnotherProgramsWriteAheadLogAlone()
+    void PutsItsFilesWriteAheadLogBackWhenAlone()
     {
         const QString path = NewFile();
-        Database::OpenDatabase(path).Select(u"PRAGMA journal_mode = WAL"_s, {}, u"a test"_s);
+        const auto open = [&path](const QString &table) {
+            return Database::OpenDatabase(path, std::chrono::milliseconds(10), {}, {table});
+        };
+        const auto add = [](Database &database) {
+            Transaction transaction(database, {});
+            database.Execute(u"INSERT INTO People (Name) VALUES (hex(randomblob(8)))"_s, {}, {});
+            transaction.Commit();
+        };
+        Database ours = open(u"people"_s); // while it is open, another program switches
+        Database::OpenDatabase(path).Select(u"PRAGMA journal_mode = WAL"_s, {}, {});
+        add(ours);
+        QCOMPARE(Database::OpenDatabase(path).HasTable(u"People"_s), true);
+
+        Database other = Database::OpenDatabase(path); // switches, and keeps the file open
+        other.Select(u"PRAGMA journal_mode = WAL"_s, {}, {});
+        other.Execute(u"INSERT INTO People (Name) VALUES ('other')"_s, {}, {});
+        QCOMPARE(KindThrownBy([&] { add(ours); }), ErrorKind::JournalMode);
+        QCOMPARE(KindThrownBy([&] { ours.KeepJournalMode(); }), ErrorKind::JournalMode);
+        ours.Close();
+        QCOMPARE(KindThrownBy([&] { open(u"People"_s); }), ErrorKind::JournalMode);
+        other.Close();
         const QByteArray before = Content(path);
-        QCOMPARE(KindThrownBy([&] { Database::OpenDatabase(path); }), ErrorKind::Other);
+        QCOMPARE(KindThrownBy([&] { open(u"Stemp"_s); }), ErrorKind::JournalMode); // another program's file
         QCOMPARE(Content(path), before);
+        ours = open(u"People"_s);
+        QCOMPARE(Value(ours, u"count(*) FROM People"_s).toInt(), 2);
         QVERIFY(!QFile::exists(path + u"-wal"_s));
     }
 

@@ -44,7 +44,10 @@ private slots:
     {
         const ProgramFolder folder;
         folder.Sql(u"Blank.mdb"_s, u"INSERT INTO Stemp (JobID) VALUES ('X')"_s);
+        for (const QString &orphan : {u"-journal"_s, u"-wal"_s, u"-shm"_s})
+            folder.Write(timeFile + orphan, "of a file that was removed");
         QCOMPARE(Module1::PrepareTimeDb(Anna(folder), now).path, folder.File(timeFile));
+        QCOMPARE(folder.Names().filter(timeFile), QStringList(timeFile));
         QCOMPARE(folder.Rows(timeFile, u"SELECT JobID FROM Stemp"_s), QString());
         QCOMPARE(folder.Rows(u"Blank.mdb"_s, u"SELECT JobID FROM Stemp"_s), u"X"_s);
     }
@@ -75,9 +78,13 @@ private slots:
         const QString aside = u".damaged-20260302-090000"_s;
         folder.Write(timeFile, content);
         folder.Write(personalFile, content);
+        const QByteArray journal(512, '\0'); // one that has been played back
+        const bool keepsJournal = !content.isEmpty();
+        folder.Write(timeFile + u"-journal"_s, journal);
 
         QVERIFY(Module1::PrepareTimeDb(Anna(folder), now).message.contains(aside));
         QVERIFY(folder.Has(timeFile + aside));
+        QCOMPARE(folder.Content(timeFile + aside + u"-journal"_s), keepsJournal ? journal : QByteArray());
         QCOMPARE(folder.Rows(timeFile, u"SELECT * FROM Stemp"_s), QString());
 
         {

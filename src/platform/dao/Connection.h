@@ -6,12 +6,12 @@
 #include <QSqlDatabase>
 #include <QSqlQuery>
 
+#include <sqlite3.h>
+
 #include <atomic>
 #include <map>
 #include <optional>
 #include <thread>
-
-struct sqlite3;
 
 // For the files of this folder only.
 namespace dao {
@@ -31,9 +31,12 @@ struct Database::Connection
     std::chrono::steady_clock::time_point waitBegun;
     std::optional<std::chrono::steady_clock::time_point> deadline; // of what is under way
     quint64 commits = 0;
+    sqlite3_stmt *journalMode = nullptr; // asks for it
+    bool isOwn = false;                  // a file of this program, whose journal mode may be changed
 
     ~Connection()
     {
+        sqlite3_finalize(journalMode);
         changes.clear();
         session = QSqlDatabase(); // the driver refuses to go while a copy is about
         QSqlDatabase::removeDatabase(name);

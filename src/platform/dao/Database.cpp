@@ -19,6 +19,7 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <atomic>
 #include <optional>
 #include <utility>
@@ -144,17 +145,50 @@ void Database::SetUp()
     const QString purpose = u"setting up a database"_s;
     // Reading the schema also tells at once what is no database.
     Select(u"SELECT count(*) FROM sqlite_master"_s, {}, purpose);
-    // A mode that is set would be written to the file, which may be another program's.
-    const QString mode = Select(u"PRAGMA journal_mode"_s, {}, purpose).value(0).value(0).toString();
+    KeepJournalMode();
     Execute(u"PRAGMA synchronous = FULL"_s, {}, purpose);
     const int synchronous = Select(u"PRAGMA synchronous"_s, {}, purpose).value(0).value(0).toInt();
     constexpr int full = 2;
-    if (mode.compare("delete"_L1, Qt::CaseInsensitive) != 0 || synchronous != full)
-        throw Error(ErrorKind::Other, purpose, Path(),
-                    u"journal mode is %1, synchronous is %2"_s.arg(mode).arg(synchronous));
+    if (synchronous != full)
+        throw Error(ErrorKind::Other, purpose, Path(), u"synchronous is %1"_s.arg(synchronous));
 }
 
-Database Database::OpenDatabase(const QString &path, std::chrono::milliseconds busyWait, const StopFlag &stop)
+bool Database::HasOwnJournalMode() const
+{
+    Connection &connection = Connected(u"asking for the journal mode"_s);
+    if (!connection.journalMode)
+        sqlite3_prepare_v2(connection.handle, "PRAGMA journal_mode", -1, &connection.journalMode, nullptr);
+    // It reads the schema anew where that has changed, for which a lock may be in the way.
+    const bool answered = sqlite3_step(connection.journalMode) == SQLITE_ROW;
+    const auto *mode = answered ? reinterpret_cast<const char *>(sqlite3_column_text(connection.journalMode, 0)) : "";
+    const bool isOwn = qstricmp(mode, "delete") == 0;
+    const int code = sqlite3_reset(connection.journalMode);
+    if (!answered)
+        throw Error(KindOf(code), u"asking for the journal mode"_s, Path(),
+                    QString::fromUtf8(sqlite3_errmsg(connection.handle)));
+    return isOwn;
+}
+
+void Database::KeepJournalMode()
+{
+    if (HasOwnJournalMode())
+        return;
+    const QString purpose = u"putting the journal mode back"_s;
+    // The mode is written to the file, so a file of another program keeps its own.
+    if (Connected(purpose).isOwn) {
+        try {
+            Select(u"PRAGMA journal_mode = DELETE"_s, {}, purpose);
+        } catch (const Error &error) { // it is refused at once, without a wait, while others have the file open
+            if (error.Kind() != ErrorKind::Busy)
+                throw;
+        }
+    }
+    if (!HasOwnJournalMode())
+        throw Error(ErrorKind::JournalMode, purpose, Path(), u"the file keeps a write-ahead log"_s);
+}
+
+Database Database::OpenDatabase(const QString &path, std::chrono::milliseconds busyWait, const StopFlag &stop,
+                                const QStringList &ownTables)
 {
     if (QFileInfo(path).isDir())
         throw Error(ErrorKind::Folder, u"opening a database"_s, path, u"it is a folder"_s);
@@ -163,6 +197,10 @@ Database Database::OpenDatabase(const QString &path, std::chrono::milliseconds b
     Database database = Connect(path, busyWait);
     if (stop)
         database.StopWhen(stop);
+    database.connection_->isOwn =
+        !ownTables.isEmpty() && std::all_of(ownTables.cbegin(), ownTables.cend(), [&database](const QString &table) {
+            return database.HasTable(table);
+        });
     database.SetUp();
     return database;
 }

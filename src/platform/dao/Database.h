@@ -86,12 +86,12 @@ public:
     using StopFlag = std::shared_ptr<const std::atomic<bool>>;
 
     // Opens an existing file, with rollback journal DELETE and synchronous FULL: fit for a file that several machines share.
-    // Never creates a file. One that is no database gives ErrorKind::Corrupt; one that keeps a write-ahead log, as other
-    // programs' files may, ErrorKind::Other, and stays as it is. Opening and every statement fail soon after another thread has
-    // set `stop`: while they wait for a lock, with ErrorKind::Busy, else with Stopped. What waits for the file system can't be
-    // stopped.
+    // Never creates a file. One that is no database gives ErrorKind::Corrupt. One in another journal mode gives
+    // ErrorKind::JournalMode and stays as it is, unless it has all of `ownTables`, which make it a file of this program: that
+    // is put back as soon as nobody else has it open. Opening and every statement fail soon after another thread has set
+    // `stop`: while they wait for a lock, with ErrorKind::Busy, else with Stopped. What waits for the file system can't be stopped.
     static Database OpenDatabase(const QString &path, std::chrono::milliseconds busyWait = defaultBusyWait,
-                                 const StopFlag &stop = {});
+                                 const StopFlag &stop = {}, const QStringList &ownTables = {});
     // Opens a file for this process alone, until it is closed or the process ends in whatever way: the per-login file. Tells
     // how that failed instead of throwing. The file must have one of `ownTables`.
     static Held OpenHeld(const QString &path, const QStringList &ownTables);
@@ -108,6 +108,10 @@ public:
     quint64 Number() const; // of the connection, which no other of this process ever has; 0 when closed
     void Close();           // closed already: nothing
     void SetBusyWait(std::chrono::milliseconds wait);
+    // Another program may switch the file's journal mode while it is open here, and the next read follows it without a word.
+    // Puts the mode back as OpenDatabase does, or throws. Each Transaction does so; what only reads calls it between two reads.
+    // Costs next to nothing, as the file is not asked. Not within a transaction.
+    void KeepJournalMode();
 
     // Runs a statement without a result; the number of rows it changed. Placeholders are "?". `purpose` says for the log
     // what the statement is for.
@@ -165,6 +169,7 @@ private:
     void Rollback(const QString &purpose);
     void SetUp();
     void Step(const QString &select, const QString &purpose, const std::function<void(sqlite3_stmt *)> &row);
+    bool HasOwnJournalMode() const; // as far as the last read of the file has shown
     void Run(QSqlQuery &query, const QString &sql, const QVariantList &values, const QString &purpose);
     Change RunChange(const QString &sql, const QVariantList &values, const QString &purpose);
     void Prepare(QSqlQuery &query, const QString &sql, const QString &purpose);

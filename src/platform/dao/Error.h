@@ -17,6 +17,9 @@ enum class ErrorKind {
     Stopped,    // it took longer than it may, or another thread has stopped it; a transaction was rolled back
     Folder,     // there is a folder of that name
     Foreign,    // a database of another program: tables of ours are missing
+    // Another program has switched the file to a write-ahead log, which is not fit for a file that several machines share, and
+    // it can't be put back while others have the file open.
+    JournalMode,
     Other
 };
 

@@ -16,7 +16,17 @@ Q_LOGGING_CATEGORY(log, "stemp.dao")
 Transaction::Transaction(Database &database, QString purpose, For what)
     : database_(database), purpose_(std::move(purpose))
 {
-    database_.Execute(what == For::Writing ? QStringLiteral("BEGIN IMMEDIATE") : QStringLiteral("BEGIN"), {}, purpose_);
+    const auto begin = [&] {
+        database_.Execute(what == For::Writing ? QStringLiteral("BEGIN IMMEDIATE") : QStringLiteral("BEGIN"), {},
+                          purpose_);
+    };
+    begin();
+    if (!database_.HasOwnJournalMode()) {
+        // Beginning has shown that another program switched it. It can't be put back from within.
+        database_.Execute(QStringLiteral("ROLLBACK"), {}, purpose_);
+        database_.KeepJournalMode();
+        begin();
+    }
     limit_.emplace(database_);
 }
 
