@@ -48,7 +48,7 @@ struct RunningClock
 
     RunningClock()
     {
-        table.Open(TimeFileCopy(u"clock.mdb"_s));
+        table.Open({TimeFileCopy(u"clock.mdb"_s)});
         QStringList items;
         for (int i = 0; i < personalJobs; ++i)
             items.append(JobItemText(JobIdOf(i), JobNameOf(i)));

@@ -47,3 +47,16 @@ CREATE TABLE PersonalStatus (
   Id     INTEGER PRIMARY KEY,
   Status TEXT
 );
+
+CREATE TABLE ParkedStemps ( -- time rows that their file did not take, until it does. Files that lack it get it when needed
+  Id           INTEGER PRIMARY KEY,
+  StempId      TEXT NOT NULL, -- the row's own
+  Person       TEXT NOT NULL, -- whose row it is: the file may serve several
+  TimeFile     TEXT NOT NULL, -- the name of the file that it belongs to
+  StoredId     INTEGER,       -- its Id there when it was last seen, 0 if it never was
+  JobID        TEXT,
+  JobName      TEXT,
+  StempInTime  REAL,
+  StempOutTime REAL           -- null while the row is open
+);
+CREATE UNIQUE INDEX "ParkedStemps.StempId" ON ParkedStemps (StempId);

@@ -4,7 +4,9 @@ CREATE TABLE Stemp (
   JobID        TEXT COLLATE NOCASE,
   JobName      TEXT,
   StempInTime  REAL,
-  StempOutTime REAL -- null while the row is open
+  StempOutTime REAL, -- null while the row is open
+  StempId      TEXT  -- random, the row's own; rows of earlier versions and of other tools have none
 );
 CREATE INDEX StempInTime ON Stemp (StempInTime);
+CREATE UNIQUE INDEX StempId ON Stemp (StempId) WHERE StempId IS NOT NULL;
 CREATE INDEX OpenRows ON Stemp (StempOutTime) WHERE StempOutTime IS NULL; -- so that no start looks through years of rows

@@ -1160,16 +1160,6 @@ Indtil da ser du dine kolleger, men de ser ikke dig, og dine beskeder venter på
         <translation>Skriv søgetegn her</translation>
     </message>
     <message>
-        <source>Your last stemps could not be saved in
-%1
-
-The file is locked, read-only, damaged or not there, or the disk is full. If you close the program now, they are lost.</source>
-        <translation>Dine seneste stemplinger kunne ikke gemmes i
-%1
-
-Filen er låst, skrivebeskyttet, beskadiget eller ikke på sin plads, eller disken er fuld. Lukker du programmet nu, går de tabt.</translation>
-    </message>
-    <message>
         <source>&amp;Try again</source>
         <translation>&amp;Prøv igen</translation>
     </message>
@@ -1280,18 +1270,6 @@ kunne ikke gemmes. Måske er dens mappe skrivebeskyttet eller ikke på sin plads
     <message>
         <source>File missing: Blank.mdb</source>
         <translation>Filen mangler: Blank.mdb</translation>
-    </message>
-    <message>
-        <source>Your time database
-%1
-cannot be read: another program has locked it, or it is missing.
-
-If you go on without it, your stemps are kept in memory until it can be written. A row that is still open in it is then asked about at the next start only.</source>
-        <translation>Din tidsdatabase
-%1
-kan ikke læses: et andet program har låst den, eller den mangler.
-
-Fortsætter du uden den, gemmes dine stemplinger i hukommelsen, til den kan skrives. En række, der stadig er åben i den, bliver der så først spurgt om ved næste start.</translation>
     </message>
     <message>
         <source>&amp;Go on</source>
@@ -1454,6 +1432,118 @@ Disse tekster er ændret og ville forsvinde:
     <message>
         <source> OK keeps the file in use.</source>
         <translation> OK beholder filen, der er i brug.</translation>
+    </message>
+    <message>
+        <source>1 stemp</source>
+        <translation>1 stempling</translation>
+    </message>
+    <message>
+        <source>%1 stemps</source>
+        <translation>%1 stemplinger</translation>
+    </message>
+    <message>
+        <source>Not yet in &quot;%1&quot;, as %2: %3, kept in &quot;%4&quot; until then.</source>
+        <translation>Endnu ikke i &quot;%1&quot;, fordi %2: %3, gemt i &quot;%4&quot; indtil da.</translation>
+    </message>
+    <message>
+        <source>%1 in memory only! &quot;%2&quot;: %3.</source>
+        <translation>%1 kun i hukommelsen! &quot;%2&quot;: %3.</translation>
+    </message>
+    <message>
+        <source>another program has locked it</source>
+        <translation>et andet program har låst den</translation>
+    </message>
+    <message>
+        <source>it is damaged</source>
+        <translation>den er beskadiget</translation>
+    </message>
+    <message>
+        <source>it or its folder is write-protected</source>
+        <translation>den eller dens mappe er skrivebeskyttet</translation>
+    </message>
+    <message>
+        <source>it is not there or may not be read</source>
+        <translation>den er der ikke eller må ikke læses</translation>
+    </message>
+    <message>
+        <source>the disk is full</source>
+        <translation>disken er fuld</translation>
+    </message>
+    <message>
+        <source>another program keeps it in a mode (a write-ahead log) that is not fit for sharing</source>
+        <translation>et andet program holder den i en tilstand (write-ahead log), hvor den ikke kan deles</translation>
+    </message>
+    <message>
+        <source>it could not be written</source>
+        <translation>den kunne ikke skrives</translation>
+    </message>
+    <message>
+        <source>it is not there, nor is its template &quot;Blank.mdb&quot;</source>
+        <translation>hverken den eller dens skabelon &quot;Blank.mdb&quot; er der</translation>
+    </message>
+    <message>
+        <source>it is not there, and its template &quot;Blank.mdb&quot; is damaged</source>
+        <translation>den er der ikke, og dens skabelon &quot;Blank.mdb&quot; er beskadiget</translation>
+    </message>
+    <message>
+        <source>it is not there and could not be made: %1</source>
+        <translation>den er der ikke og kunne ikke oprettes: %1</translation>
+    </message>
+    <message>
+        <source>The file %1 is damaged. It was set aside as
+%2
+No new one could be made yet.</source>
+        <translation>Filen %1 er beskadiget. Den blev lagt til side som
+%2
+Der kunne endnu ikke oprettes en ny.</translation>
+    </message>
+    <message>
+        <source>Your time database
+%1
+cannot be read: %2.
+
+If you go on without it, your stemps are kept in
+%3
+until it can be written. A row that is still open in it is then asked about at the next start only.</source>
+        <translation>Din tidsdatabase
+%1
+kan ikke læses: %2.
+
+Hvis du går videre uden den, gemmes dine stemplinger i
+%3
+indtil den kan skrives. Hvis en stempling stadig er åben i den, spørges der først om den ved næste start.</translation>
+    </message>
+    <message>
+        <source>Your last stemps could not be saved. These files do not take them:
+
+%1
+(%2)
+
+%3
+(%4)
+
+If you close the program now, the stemps are lost.</source>
+        <translation>Dine seneste stemplinger kunne ikke gemmes. Disse filer tager ikke imod dem:
+
+%1
+(%2)
+
+%3
+(%4)
+
+Hvis du lukker programmet nu, går stemplingerne tabt.</translation>
+    </message>
+    <message>
+        <source>another program keeps the company database in a mode (a write-ahead log) in which it can't be shared. Close that program.</source>
+        <translation>et andet program holder firmadatabasen i en tilstand (write-ahead log), hvor den ikke kan deles. Luk det program.</translation>
+    </message>
+    <message>
+        <source>stemps that wait for their file</source>
+        <translation>stemplinger, der venter på deres fil</translation>
+    </message>
+    <message>
+        <source>there is a folder of that name</source>
+        <translation>der er en mappe med det navn</translation>
     </message>
 </context>
 <context>
@@ -2059,8 +2149,8 @@ Disse tekster er ændret og ville forsvinde:
         <translation>Der kan ikke skrives i tidsdatabasen lige nu</translation>
     </message>
     <message>
-        <source>Shown while your last stemps could not be written to your time database: it is locked, read-only or not there, or the disk is full. Nothing is lost: the stemps are kept in memory and written as soon as it is possible. Do not close the program before this line has gone.</source>
-        <translation>Vises, mens dine seneste stemplinger ikke kunne skrives i din tidsdatabase: den er låst, skrivebeskyttet eller væk, eller disken er fuld. Intet går tabt: stemplingerne gemmes i hukommelsen og skrives, så snart det kan lade sig gøre. Luk ikke programmet, før denne linje er væk.</translation>
+        <source>Shown while your last stemps are not yet in your time database: it is locked, read-only, damaged or not there, or the disk is full. The line says where they are kept meanwhile. They are written to the time database as soon as it is possible, also by a later start. Keep the program open only if the line says that they are in memory alone.</source>
+        <translation>Vises, mens dine seneste stemplinger endnu ikke står i din tidsdatabase: den er låst, skrivebeskyttet, beskadiget eller væk, eller disken er fuld. Linjen siger, hvor de gemmes imens. De skrives i tidsdatabasen, så snart det kan lade sig gøre, også ved en senere start. Lad kun programmet blive åbent, hvis linjen siger, at de alene er i hukommelsen.</translation>
     </message>
     <message>
         <source>Not saved yet - the program keeps trying</source>

@@ -32,8 +32,9 @@ QString WhatIsWrong(std::optional<dao::ErrorKind> failure)
     if (failure == dao::ErrorKind::Busy)
         return u"another program keeps the company database locked."_s;
     if (failure == dao::ErrorKind::JournalMode)
-        return u"another program keeps the company database in a mode (a write-ahead log) in which it can't be shared. "
-               "Close that program."_s;
+        return Say(
+            "another program keeps the company database in a mode (a write-ahead log) in which it can't be shared. "
+            "Close that program.");
     if (failure == dao::ErrorKind::Corrupt)
         return u"the company database is damaged. Please have it restored."_s;
     if (failure == dao::ErrorKind::CannotOpen)

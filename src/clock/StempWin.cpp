@@ -8,12 +8,11 @@
 #include "platform/forms/ControlTypes.h"
 #include "platform/forms/GridControl.h"
 #include "platform/forms/Prompts.h"
+#include "platform/system/Say.h"
 #include "platform/system/TimeSource.h"
 #include "settings/Options.h"
-#include "startup/DataFiles.h"
 #include "startup/Identity.h"
 #include "startup/JobDatabase.h"
-#include "startup/Module1.h"
 #include "ui_StempWin.h"
 
 #include <QDir>
@@ -152,6 +151,8 @@ StempWin::~StempWin() = default;
 void StempWin::Form_Load()
 {
     LoadTexts();
+    unsavedHeight_ = ui_->UnsavedLabel->height();
+    unsavedText_ = ui_->UnsavedLabel->text();
     pickList_->ShowCurrentJob(); // sets its text and tip again
     stempList_->RecordSource = RollBackQuery(DaysToShow(parts_.options.DaysInGrid));
     RefreshGrid();
@@ -178,6 +179,9 @@ void StempWin::Form_Unload()
     parts_.timeTable.Flush();
     emit UnloadOthers();
     parts_.jobDatabase.Set_OFF();
+    ui_->UnsavedLabel->hide(); // as it is to be stored
+    ui_->UnsavedLabel->setText(unsavedText_);
+    PlaceUnsavedLabel();
     SaveTexts();
 }
 
@@ -192,37 +196,25 @@ void StempWin::EndSession()
     Unload();
 }
 
-// Rows that can't be written would be lost: the person may wait until they can, or leave all the same.
+// Rows that neither file takes would be lost: the person may wait until one does, or leave all the same.
 void StempWin::SaveAndUnload()
 {
     if (!IsLoaded()) // the session has ended
         return;
-    if (parts_.timeTable.Flush())
+    TimeTable &table = parts_.timeTable;
+    const bool isKept = table.Flush() || table.IsAllKept();
+    ShowUnsaved();
+    if (isKept)
         return Unload();
-    prompts_.AskChoice(
-        this,
-        QStringLiteral(
-            "Your last stemps could not be saved in\n%1\n\nThe file is locked, read-only, damaged or not there, or "
-            "the disk is full. If you close the program now, they are lost.")
-            .arg(parts_.timeTable.Path()),
-        {.answers = {QStringLiteral("&Try again"), QStringLiteral("&Close without saving")},
-         .settled = [this] { return parts_.timeTable.UnsavedCount() == 0; }}, // the timer goes on trying
-        [this](int answer) {
-            if (answer != 0)
-                return Unload();
-            MakeTimeDb();
-            SaveAndUnload();
-        });
-}
-
-// Unless it is there and sound.
-void StempWin::MakeTimeDb()
-{
-    if (DataFiles::FileExists(parts_.timeTable.Path()) && !parts_.timeTable.IsDamaged())
-        return;
-    const QString message = Module1::PrepareTimeDb(parts_.identity, parts_.time.Now()).message;
-    if (!message.isEmpty())
-        prompts_.MsgBox(this, message);
+    const UnsavedNotice notice = table.Notice();
+    const QString question =
+        Say("Your last stemps could not be saved. These files do not take them:\n\n%1\n(%2)\n\n%3\n(%4)\n\n"
+            "If you close the program now, the stemps are lost.")
+            .arg(table.Path(), notice.trouble, parts_.identity.LocalDBPath, notice.parkTrouble);
+    prompts_.AskChoice(this, question,
+                       {.answers = {Say("&Try again"), Say("&Close without saving")},
+                        .settled = [&table] { return table.IsAllKept(); }}, // the timer goes on trying
+                       [this](int answer) { answer != 0 ? Unload() : SaveAndUnload(); });
 }
 
 void StempWin::StempInLook()
@@ -441,12 +433,26 @@ void StempWin::SaveTimer_Timer()
 
 void StempWin::ShowUnsaved()
 {
-    const bool unsaved = parts_.timeTable.UnsavedCount() > 0;
-    ui_->UnsavedLabel->setVisible(unsaved);
-    if (!unsaved)
+    const QString notice = parts_.timeTable.Notice().Text();
+    ui_->UnsavedLabel->setText(notice);
+    ui_->UnsavedLabel->setVisible(!notice.isEmpty());
+    PlaceUnsavedLabel();
+    if (notice.isEmpty())
         saveTimer_.stop();
     else if (!saveTimer_.isActive())
         saveTimer_.start();
+    const QString message = parts_.timeTable.TakeMessage();
+    if (!message.isEmpty()) // once the stemp is through
+        QTimer::singleShot(0, this, [this, message] { prompts_.MsgBox(this, message); });
+}
+
+// As wide as the grid. A text of several lines covers the grid's beginning.
+void StempWin::PlaceUnsavedLabel()
+{
+    QLabel &label = *ui_->UnsavedLabel;
+    const int width = ui_->StempGrid->width();
+    label.resize(width, label.isHidden() ? unsavedHeight_ : std::max(unsavedHeight_, label.heightForWidth(width)));
+    label.stackUnder(ui_->XList);
 }
 
 void StempWin::Form_Resize()
@@ -462,6 +468,7 @@ void StempWin::Form_Resize()
                            height > leastGridHeight ? qRound(height / twipsPerPixel) : ui_->StempGrid->height());
     if (aligned)
         ui_->TextUtil->resize(ui_->StempGrid->geometry().right() + 1 - ui_->TextUtil->x(), ui_->TextUtil->height());
+    PlaceUnsavedLabel();
     if (newestShown)
         ShowNewestRow();
     if (pickList_->IsListVisible())

@@ -105,8 +105,8 @@ private:
     void RefreshGrid();
     void SaveTimer_Timer();
     void ShowUnsaved();
+    void PlaceUnsavedLabel();
     void SaveAndUnload();
-    void MakeTimeDb();
 
     FormServices &services_;
     Prompts &prompts_;
@@ -121,5 +121,7 @@ private:
     std::unique_ptr<IOQuery> outQuery_;    // while it is shown
     std::unique_ptr<CreateJob> createJob_; // while it is shown
     std::unique_ptr<Notes> notes_;         // while it is shown
-    QTimer saveTimer_;                     // runs while rows are unsaved
+    QTimer saveTimer_;                     // runs while rows are not in the time database
+    QString unsavedText_;
+    int unsavedHeight_ = 0; // of the note's one line
 };

@@ -7,8 +7,10 @@
 #include <QLoggingCategory>
 #include <QSet>
 #include <QSqlQuery>
+#include <QUuid>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -16,8 +18,11 @@ namespace {
 
 Q_LOGGING_CATEGORY(log, "stemp.clock")
 
-// Short, as the window stands still meanwhile: a row that finds the file locked waits in memory, and is tried again.
+// Short, as the window stands still meanwhile: a row that finds the file locked is parked, and is tried again.
+// In all, however many locks there are to be waited for.
 constexpr std::chrono::milliseconds busyWait{250};
+// For the rows on the screen, while those read last will do.
+constexpr std::chrono::milliseconds repeatedWait{20};
 // At start an open row that is not seen would not be asked about.
 constexpr std::chrono::milliseconds startWait{2000};
 
@@ -33,6 +38,24 @@ QString TextField(const QString &text)
     return text.isNull() ? u""_s : text;
 }
 
+// Whether a row of the file is the one that `row` was stored as. One without an id of its own is told by its key; another
+// person on the same file, or another tool, may have deleted it, and a new row may have got its key since. It is still the
+// same one while it has its job and in-time, or is open and has one of them, should the other have been corrected.
+bool IsStoredAs(const TimeRow &stored, const TimeRow &row)
+{
+    if (!stored.stempId.isEmpty())
+        return stored.stempId == row.stempId;
+    const bool sameJob = stored.jobID == row.jobID;
+    const bool sameTime = stored.stempInTime == row.stempInTime;
+    return row.id != 0 && stored.id == row.id
+           && ((sameJob && sameTime) || (!stored.stempOutTime && (sameJob || sameTime)));
+}
+
+QString NewStempId()
+{
+    return QUuid::createUuid().toString(QUuid::WithoutBraces);
+}
+
 } // namespace
 
 QString RollBackQuery(int days)
@@ -42,28 +65,51 @@ QString RollBackQuery(int days)
 
 TimeTable::TimeTable(const TimeSource &time) : time_(time) {}
 
-bool TimeTable::Open(const QString &path)
+bool TimeTable::Open(const TimeFile &file)
 {
     Close();
-    path_ = path;
+    file_ = file;
+    if (file.localDB)
+        parked_.emplace(*file.localDB, file.person, QFileInfo(file.path).fileName());
+    TakeUpParked();
+    WaitAtMost(startWait);
     try {
-        Connect(startWait);
-        database_.SetBusyWait(busyWait);
+        EnsureOpen();
     } catch (const dao::Error &error) {
         Failed(error);
     }
-    return database_.IsOpen();
+    const bool isOpen = database_.IsOpen();
+    Flush();
+    return isOpen;
 }
 
 void TimeTable::Close()
 {
     database_.Close();
-    path_.clear();
+    file_ = TimeFile();
+    parked_.reset();
     lastRead_.clear();
+}
+
+void TimeTable::TakeUpParked()
+{
+    if (!parked_)
+        return;
+    try {
+        for (const TimeRow &row : parked_->Read()) {
+            const bool known = std::any_of(unsaved_.cbegin(), unsaved_.cend(),
+                                           [&row](const TimeRowPtr &each) { return each->stempId == row.stempId; });
+            if (!known)
+                unsaved_.append(std::make_shared<TimeRow>(row));
+        }
+    } catch (const dao::Error &error) {
+        qCWarning(log).noquote() << error.Text();
+    }
 }
 
 QList<TimeRow> TimeTable::Rows(const QString &rollBackQuery)
 {
+    WaitAtMost(unsaved_.isEmpty() ? busyWait : repeatedWait);
     try {
         EnsureOpen();
         // The query has no order of its own, and the engine may give the rows in that of their in-times, which is not that of
@@ -76,86 +122,165 @@ QList<TimeRow> TimeTable::Rows(const QString &rollBackQuery)
     if (unsaved_.isEmpty())
         return rows;
 
-    QSet<qint64> shown;
+    QSet<QString> shown;
     for (TimeRow &row : rows) {
-        if (const TimeRowPtr changed = Unsaved(row.id)) {
-            row.stempOutTime = changed->stempOutTime;
-            shown.insert(row.id);
+        if (const TimeRowPtr changed = UnsavedOf(row)) {
+            if (changed->stempOutTime)
+                row.stempOutTime = changed->stempOutTime;
+            shown.insert(changed->stempId);
         }
     }
     const int days = rollBackQuery.mid(WindowQuery().size()).toInt();
     const QDateTime begin = time_.Now().addDays(-days);
     for (const TimeRowPtr &row : std::as_const(unsaved_))
-        if (!shown.contains(row->id) && row->stempInTime > begin)
+        if (!shown.contains(row->stempId) && row->stempInTime > begin)
             rows.append(*row);
     return rows;
 }
 
 TimeRowPtr TimeTable::OpenOrLastRow()
 {
+    const auto newest = [this](const auto &isMeant) {
+        const auto found = std::find_if(unsaved_.crbegin(), unsaved_.crend(), isMeant);
+        return found == unsaved_.crend() ? TimeRowPtr() : *found;
+    };
+    if (const TimeRowPtr open = newest([](const TimeRowPtr &row) { return row->IsOpen(); }))
+        return open;
+
     const QString purpose = u"looking for the open time row"_s;
     QList<TimeRow> rows;
+    WaitAtMost(busyWait);
     try {
         EnsureOpen();
-        rows = StoredRows(u"Stemp WHERE StempInTime IS NOT NULL AND StempOutTime IS NULL ORDER BY Id DESC LIMIT 1"_s,
+        // One that was completed here, but not yet there, is not open any more.
+        const QString limit = QString::number(unsaved_.size() + 1);
+        rows = StoredRows(u"Stemp WHERE StempInTime IS NOT NULL AND StempOutTime IS NULL ORDER BY Id DESC LIMIT "_s
+                              + limit,
                           {}, purpose);
-        if (rows.isEmpty())
+        rows.removeIf([this](const TimeRow &row) { return UnsavedOf(row) != nullptr; });
+        if (rows.isEmpty()) {
+            if (const TimeRowPtr added = newest([](const TimeRowPtr &row) { return row->id == 0; }))
+                return added;
             rows = StoredRows(u"Stemp ORDER BY Id DESC LIMIT 1"_s, {}, purpose);
+            if (const TimeRowPtr changed = rows.isEmpty() ? nullptr : UnsavedOf(rows.constFirst()))
+                return changed;
+        }
     } catch (const dao::Error &error) {
         Failed(error);
     }
-    return rows.isEmpty() ? nullptr : std::make_shared<TimeRow>(rows.first());
+    if (!rows.isEmpty())
+        return std::make_shared<TimeRow>(rows.constFirst());
+    return unsaved_.isEmpty() ? nullptr : unsaved_.constLast();
 }
 
 TimeRowPtr TimeTable::Add(const QString &jobID, const QString &jobName, const QDateTime &in)
 {
-    unsaved_.append(std::make_shared<TimeRow>(TimeRow{0, jobID, jobName, in, std::nullopt}));
+    unsaved_.append(std::make_shared<TimeRow>(TimeRow{0, jobID, jobName, in, std::nullopt, NewStempId()}));
     return unsaved_.last();
 }
 
 void TimeTable::Complete(const TimeRowPtr &row, const QDateTime &out)
 {
     row->stempOutTime = out;
+    if (row->stempId.isEmpty())
+        row->stempId = NewStempId();
     if (!unsaved_.contains(row))
         unsaved_.append(row);
 }
 
 bool TimeTable::Flush()
 {
-    if (unsaved_.isEmpty())
-        return true;
+    if (!unsaved_.isEmpty()) {
+        WaitAtMost(busyWait);
+        // A connection to a file that was replaced, or whose drive failed, shows its fault only now: a new one may do.
+        const bool wasOpen = database_.IsOpen();
+        if (!TryToWrite() && wasOpen && !database_.IsOpen())
+            TryToWrite();
+    }
+    Park();
+    return unsaved_.isEmpty();
+}
+
+bool TimeTable::TryToWrite()
+{
     try {
         EnsureOpen();
         WriteUnsaved();
+        trouble_.clear();
+        return true;
     } catch (const dao::Error &error) {
         Failed(error);
+        return false;
     }
-    return unsaved_.isEmpty();
+}
+
+// Brings the parked rows in line with the unsaved ones. What was stored just now goes only here, after its commit: a process
+// that dies in between stores it once more, under the same id.
+void TimeTable::Park()
+{
+    if (!parked_)
+        return;
+    try {
+        parked_->ForgetAllBut(unsaved_);
+        parked_->Keep(unsaved_);
+        parkTrouble_.clear();
+    } catch (const dao::Error &error) {
+        qCWarning(log).noquote() << error.Text();
+        parkTrouble_ = TroubleText(error.Kind());
+    }
+}
+
+bool TimeTable::IsAllKept() const
+{
+    return std::all_of(
+        unsaved_.cbegin(), unsaved_.cend(), [this](const TimeRowPtr &row) { return parked_ && parked_->Holds(*row); });
+}
+
+UnsavedNotice TimeTable::Notice() const
+{
+    return {UnsavedCount(), QFileInfo(file_.path).fileName(),          trouble_,
+            IsAllKept(),    parked_ ? parked_->FileName() : QString(), parkTrouble_};
 }
 
 void TimeTable::EnsureOpen()
 {
     // Where a file may be deleted while it is open, its connection would go on writing into nothing.
-    if (!QFileInfo::exists(path_))
+    const bool isThere = QFileInfo::exists(file_.path);
+    const bool wasDamaged = std::exchange(damaged_, false);
+    if (!isThere || wasDamaged)
         database_.Close();
-    if (!database_.IsOpen())
-        Connect(busyWait);
+    if (database_.IsOpen()) {
+        database_.SetBusyWait(WaitLeft());
+        database_.KeepJournalMode();
+        return;
+    }
+    if (file_.makeSure && (!isThere || wasDamaged)) {
+        const TimeFile::Outcome outcome = file_.makeSure(wasDamaged);
+        notMade_ = outcome.trouble;
+        if (!outcome.message.isEmpty())
+            message_ = outcome.message;
+    }
+    Connect();
+    notMade_.clear();
 }
 
-void TimeTable::Connect(std::chrono::milliseconds wait)
+void TimeTable::Connect()
 {
-    database_ = dao::Database::OpenDatabase(path_, wait);
+    database_ = dao::Database::OpenDatabase(file_.path, WaitLeft(), {}, {u"Stemp"_s});
     database_.RegisterFunctions([this] { return time_.Now(); });
+    hasStempIds_ = database_.FieldNames(u"Stemp"_s).contains(u"StempId"_s);
 }
 
 QList<TimeRow> TimeTable::StoredRows(const QString &source, const QVariantList &values, const QString &purpose)
 {
     QList<TimeRow> rows;
     try {
-        database_.ForEach(u"SELECT Id, JobID, JobName, StempInTime, StempOutTime FROM "_s + source, values, purpose,
-                          [&rows](const QSqlQuery &row) {
+        const QString stempId = hasStempIds_ ? u"StempId"_s : u"NULL"_s;
+        database_.ForEach(u"SELECT Id, JobID, JobName, StempInTime, StempOutTime, "_s + stempId + u" FROM "_s + source,
+                          values, purpose, [&rows](const QSqlQuery &row) {
                               rows.append({row.value(0).toLongLong(), row.value(1).toString(), row.value(2).toString(),
-                                           dao::ReadDateField(row.value(3)), dao::ReadDateField(row.value(4))});
+                                           dao::ReadDateField(row.value(3)), dao::ReadDateField(row.value(4)),
+                                           row.value(5).toString()});
                           });
         return rows;
     } catch (const dao::Error &error) {
@@ -164,14 +289,17 @@ QList<TimeRow> TimeTable::StoredRows(const QString &source, const QVariantList &
     }
     // One job that is too large must not hide all other rows.
     rows.clear();
-    const QStringList fields{u"JobID"_s, u"JobName"_s, u"StempInTime"_s, u"StempOutTime"_s};
+    QStringList fields{u"JobID"_s, u"JobName"_s, u"StempInTime"_s, u"StempOutTime"_s};
+    if (hasStempIds_)
+        fields.append(u"StempId"_s);
     const auto text = [](const QVariant &value) {
         return dao::IsTooLarge(value) ? u"(too large to be read)"_s : value.toString();
     };
     for (const QVariantList &number : database_.Select(u"SELECT Id FROM "_s + source, values, purpose)) {
         const qint64 id = number.value(0).toLongLong();
         if (const QVariantList row = database_.SelectRow(u"Stemp"_s, fields, id, purpose); !row.isEmpty())
-            rows.append({id, text(row[0]), text(row[1]), dao::ReadDateField(row[2]), dao::ReadDateField(row[3])});
+            rows.append({id, text(row[0]), text(row[1]), dao::ReadDateField(row[2]), dao::ReadDateField(row[3]),
+                         row.value(4).toString()});
     }
     return rows;
 }
@@ -179,10 +307,19 @@ QList<TimeRow> TimeTable::StoredRows(const QString &source, const QVariantList &
 void TimeTable::WriteUnsaved()
 {
     QList<qint64> ids; // given to the rows after the commit only: until then no row is stored
+    database_.SetBusyWait(WaitLeft());
     dao::Transaction transaction(database_, u"storing time rows"_s);
-    for (const TimeRowPtr &row : std::as_const(unsaved_))
-        ids.append(Store(*row));
-    transaction.Commit();
+    CompleteLayout();
+    const bool hadStempIds = std::exchange(hasStempIds_, true);
+    try {
+        for (const TimeRowPtr &row : std::as_const(unsaved_))
+            ids.append(Store(*row));
+        database_.SetBusyWait(WaitLeft());
+        transaction.Commit();
+    } catch (const dao::Error &) {
+        hasStempIds_ = hadStempIds; // rolled back
+        throw;
+    }
 
     for (qsizetype i = 0; i < ids.size(); ++i) {
         TimeRow &row = *unsaved_.at(i);
@@ -198,36 +335,74 @@ void TimeTable::WriteUnsaved()
     unsaved_.clear();
 }
 
+// A file of an earlier version lacks the field; another copy may have added it meanwhile.
+void TimeTable::CompleteLayout()
+{
+    if (hasStempIds_ || database_.FieldNames(u"Stemp"_s).contains(u"StempId"_s))
+        return;
+    const QString purpose = u"completing the time database"_s;
+    database_.Execute(u"ALTER TABLE Stemp ADD COLUMN StempId TEXT"_s, {}, purpose);
+    database_.Execute(u"CREATE UNIQUE INDEX IF NOT EXISTS StempId ON Stemp (StempId) WHERE StempId IS NOT NULL"_s, {},
+                      purpose);
+}
+
 qint64 TimeTable::Store(const TimeRow &row)
 {
-    if (row.id != 0) {
-        // Another person on the same file, or another tool, may have deleted the row, and a new row may have got its key since.
-        // The row is still this one while it has its job or, should that have been corrected, its in-time.
-        const int changed = database_.Execute(
-            u"UPDATE Stemp SET StempOutTime = ? WHERE Id = ? AND (ifnull(JobID, '') = ? OR StempInTime = ?)"_s,
-            {dao::DateField(row.stempOutTime), row.id, TextField(row.jobID), dao::DateField(row.stempInTime)},
-            u"completing a time row"_s);
-        if (changed > 0)
-            return row.id;
+    const QList<QVariantList> stored =
+        database_.Select(u"SELECT Id FROM Stemp WHERE StempId = ?"_s, {row.stempId}, u"looking for a time row"_s);
+    if (!stored.isEmpty()) {
+        const qint64 id = stored.constFirst().constFirst().toLongLong();
+        // What is parked as open may have been completed since.
+        if (row.stempOutTime)
+            database_.Execute(u"UPDATE Stemp SET StempOutTime = ? WHERE Id = ?"_s,
+                              {dao::DateField(row.stempOutTime), id}, u"completing a time row"_s);
+        return id;
     }
-    return database_.Insert(u"INSERT INTO Stemp (JobID, JobName, StempInTime, StempOutTime) VALUES (?, ?, ?, ?)"_s,
-                            {TextField(row.jobID), TextField(row.jobName), dao::DateField(row.stempInTime),
-                             dao::DateField(row.stempOutTime)},
-                            u"adding a time row"_s);
+    if (row.id != 0 && CompleteByKey(row))
+        return row.id;
+    return database_.Insert(
+        u"INSERT INTO Stemp (JobID, JobName, StempInTime, StempOutTime, StempId) VALUES (?, ?, ?, ?, ?)"_s,
+        {TextField(row.jobID), TextField(row.jobName), dao::DateField(row.stempInTime),
+         dao::DateField(row.stempOutTime), row.stempId},
+        u"adding a time row"_s);
+}
+
+bool TimeTable::CompleteByKey(const TimeRow &row)
+{
+    const QList<TimeRow> stored =
+        StoredRows(u"Stemp WHERE Id = ?"_s, {row.id}, u"looking for a time row without an id of its own"_s);
+    if (stored.isEmpty() || !IsStoredAs(stored.constFirst(), row))
+        return false;
+    database_.Execute(u"UPDATE Stemp SET StempOutTime = ?, StempId = ? WHERE Id = ?"_s,
+                      {dao::DateField(row.stempOutTime), row.stempId, row.id}, u"completing a time row"_s);
+    return true;
 }
 
 void TimeTable::Failed(const dao::Error &error)
 {
     qCWarning(log).noquote() << error.Text();
     damaged_ = error.Kind() == dao::ErrorKind::Corrupt;
+    trouble_ = notMade_.isEmpty() ? TroubleText(error.Kind()) : notMade_;
     // A file that was replaced or whose drive failed needs a new connection; a lock only needs time.
     if (error.Kind() != dao::ErrorKind::Busy)
         database_.Close();
 }
 
-TimeRowPtr TimeTable::Unsaved(qint64 id) const
+void TimeTable::WaitAtMost(std::chrono::milliseconds wait)
 {
-    const auto found =
-        std::find_if(unsaved_.cbegin(), unsaved_.cend(), [id](const TimeRowPtr &row) { return row->id == id; });
+    deadline_ = std::chrono::steady_clock::now() + wait;
+}
+
+std::chrono::milliseconds TimeTable::WaitLeft() const
+{
+    const auto left =
+        std::chrono::duration_cast<std::chrono::milliseconds>(deadline_ - std::chrono::steady_clock::now());
+    return std::max(left, std::chrono::milliseconds(0));
+}
+
+TimeRowPtr TimeTable::UnsavedOf(const TimeRow &stored) const
+{
+    const auto found = std::find_if(unsaved_.cbegin(), unsaved_.cend(),
+                                    [&stored](const TimeRowPtr &row) { return IsStoredAs(stored, *row); });
     return found == unsaved_.cend() ? TimeRowPtr() : *found;
 }

@@ -110,9 +110,17 @@ void CreateTimeDb(const QString &blank, const QString &target)
     RemoveJournals(target);
     if (const std::optional<dao::ErrorKind> failure = CopyTemplate(blank, temporary))
         throw dao::Error(*failure, QStringLiteral("copying the template of the time database"), target, blank);
-    dao::Database copy = dao::Database::OpenDatabase(temporary, busyWait, {}, timeTables);
-    copy.Execute(QStringLiteral("DELETE FROM Stemp"), {}, QStringLiteral("emptying the new time database"));
-    copy.Close();
+    try {
+        dao::Database copy = dao::Database::OpenDatabase(temporary, busyWait, {}, timeTables);
+        if (!copy.HasTable(timeTables.constFirst()))
+            throw dao::Error(dao::ErrorKind::Corrupt, QStringLiteral("emptying the new time database"), blank,
+                             QStringLiteral("the template has no table of time rows"));
+        copy.Execute(QStringLiteral("DELETE FROM Stemp"), {}, QStringLiteral("emptying the new time database"));
+    } catch (const dao::Error &) {
+        QFile::remove(temporary);
+        RemoveJournals(temporary);
+        throw;
+    }
     if (QFile::rename(temporary, target))
         return;
     QFile::remove(temporary);
@@ -136,6 +144,20 @@ bool IsDamagedTimeDb(const QString &path)
             return false;
         qCWarning(log).noquote() << error.Text();
         return true;
+    }
+}
+
+bool MendTimeDb(const QString &path)
+{
+    const QString purpose = QStringLiteral("mending the time database");
+    try {
+        dao::Database database = dao::Database::OpenDatabase(path, busyWait, {}, timeTables);
+        database.Execute(QStringLiteral("REINDEX"), {}, purpose);
+        const QList<QVariantList> found = database.Select(QStringLiteral("PRAGMA quick_check(1)"), {}, purpose);
+        return !found.isEmpty() && found.constFirst().value(0).toString() == QStringLiteral("ok");
+    } catch (const dao::Error &error) {
+        qCWarning(log).noquote() << error.Text();
+        return error.Kind() != dao::ErrorKind::Corrupt;
     }
 }
 

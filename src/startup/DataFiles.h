@@ -22,12 +22,16 @@ std::optional<dao::ErrorKind> CopyTemplate(const QString &source, const QString 
 // What CopyTemplate, or opening a copy of `source`, failed of, as a sentence for the person.
 QString WhyNotMade(dao::ErrorKind failure, const QString &source, const QString &target);
 
-// Makes an empty time database from its template; throws dao::Error.
+// Makes an empty time database from its template; throws dao::Error: CannotOpen where the template is missing, Corrupt where it
+// is damaged, Full and ReadOnly as they say.
 void CreateTimeDb(const QString &blank, const QString &target);
 
 // Whether the file can't be a time database: damaged, no database, or without the table Stemp. A file that is only locked or
 // unreadable is not damaged.
 bool IsDamagedTimeDb(const QString &path);
+
+// Makes the indexes of a time database anew; false when it is damaged all the same. Reads more than IsDamagedTimeDb.
+bool MendTimeDb(const QString &path);
 
 // Renames a damaged file, and what belongs to it, to "<name>.damaged-<date-time>"; the new path, or nothing when that failed.
 std::optional<QString> SetAside(const QString &path, const QDateTime &now);

@@ -127,7 +127,7 @@ bool Main::InitInterfaceTexts()
 void Main::PrepareTimeDb()
 {
     if (!program_.identity.UserInitials.isEmpty())
-        timeDb_ = std::async(std::launch::async, Module1::PrepareTimeDb, program_.identity, program_.time.Now());
+        timeDb_ = std::async(std::launch::async, Module1::PrepareTimeDb, program_.identity, program_.time.Now(), false);
 }
 
 void Main::LoadWindows()
@@ -229,17 +229,16 @@ void Main::OpenTimeDb()
 void Main::AskUntilReadable(const QString &timeDbPath)
 {
     bool tryAgain = true;
-    while (tryAgain && !program_.timeTable.Open(timeDbPath) && !ended_) {
+    while (tryAgain && !program_.OpenTimeTable(timeDbPath) && !ended_) {
+        Tell(program_.timeTable.TakeMessage());
         WaitFor([&](const std::function<void()> &done) {
             prompts_.AskChoice(
                 nullptr,
-                QStringLiteral(
-                    "Your time database\n%1\ncannot be read: another program has locked it, or it is missing.\n\nIf "
-                    "you go on without it, your stemps are kept in memory until it can be written. A row that is still "
-                    "open in it is then asked about at the next start only.")
-                    .arg(timeDbPath),
-                {{QStringLiteral("&Try again"), QStringLiteral("&Go on")}},
-                [&tryAgain, done](int answer) {
+                Say("Your time database\n%1\ncannot be read: %2.\n\nIf you go on without it, your stemps are kept "
+                    "in\n%3\nuntil "
+                    "it can be written. A row that is still open in it is then asked about at the next start only.")
+                    .arg(timeDbPath, program_.timeTable.Trouble(), program_.identity.LocalDBPath),
+                {{Say("&Try again"), Say("&Go on")}}, [&tryAgain, done](int answer) {
                     tryAgain = answer == 0;
                     done();
                 });

@@ -1,6 +1,8 @@
 #include "startup/Module1.h"
 
+#include "clock/UnsavedNotice.h"
 #include "platform/dao/Error.h"
+#include "platform/system/Say.h"
 #include "platform/system/System.h"
 #include "startup/DataFiles.h"
 #include "startup/JobDatabase.h"
@@ -12,6 +14,19 @@
 namespace {
 
 Q_LOGGING_CATEGORY(log, "stemp.startup")
+
+// As the end of a sentence.
+QString NotMadeText(dao::ErrorKind kind)
+{
+    switch (kind) {
+    case dao::ErrorKind::CannotOpen:
+        return Say("it is not there, nor is its template \"Blank.mdb\"");
+    case dao::ErrorKind::Corrupt:
+        return Say("it is not there, and its template \"Blank.mdb\" is damaged");
+    default:
+        return Say("it is not there and could not be made: %1").arg(TroubleText(kind));
+    }
+}
 
 } // namespace
 
@@ -91,18 +106,24 @@ QString LocalDBPathOf(const Identity &identity)
     return path;
 }
 
-TimeDbChoice PrepareTimeDb(const Identity &identity, const QDateTime &now)
+TimeDbChoice PrepareTimeDb(const Identity &identity, const QDateTime &now, bool foundDamaged)
 {
-    TimeDbChoice choice{identity.InAppFolder(identity.UserInitials + QStringLiteral(".mdb")), {}};
+    TimeDbChoice choice{identity.InAppFolder(identity.UserInitials + QStringLiteral(".mdb")), {}, {}};
+    std::optional<QString> aside;
     try {
-        if (DataFiles::FileExists(choice.path) && DataFiles::IsDamagedTimeDb(choice.path)) {
-            const std::optional<QString> aside = DataFiles::SetAside(choice.path, now);
+        if (DataFiles::FileExists(choice.path)
+            && (DataFiles::IsDamagedTimeDb(choice.path) || (foundDamaged && !DataFiles::MendTimeDb(choice.path)))) {
+            aside = DataFiles::SetAside(choice.path, now);
             choice.message = DataFiles::SetAsideMessage(choice.path, aside);
         }
         if (!QFileInfo::exists(choice.path))
             DataFiles::CreateTimeDb(identity.InAppFolder(QStringLiteral("Blank.mdb")), choice.path);
     } catch (const dao::Error &error) {
         qCWarning(log).noquote() << error.Text();
+        choice.trouble = NotMadeText(error.Kind());
+        if (aside)
+            choice.message = Say("The file %1 is damaged. It was set aside as\n%2\nNo new one could be made yet.")
+                                 .arg(choice.path, *aside);
     }
     return choice;
 }

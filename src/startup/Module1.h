@@ -57,9 +57,12 @@ struct TimeDbChoice
 {
     QString path;
     QString message; // for the person: a damaged file was set aside; empty otherwise
+    QString trouble; // why there is none that can be used, as the end of a sentence; empty when there is
 };
 
-// The time database of the identity, made from its template when it is missing.
-TimeDbChoice PrepareTimeDb(const Identity &identity, const QDateTime &now);
+// Makes sure that the time database of the identity is there: makes a missing one from its template, and sets a damaged one
+// aside for a new one. The file is read through for damage; one that was `found damaged` while it was used is examined more
+// closely, and its indexes are made anew if that will do. For the start and whenever it can't be opened later.
+TimeDbChoice PrepareTimeDb(const Identity &identity, const QDateTime &now, bool foundDamaged = false);
 
 } // namespace Module1

@@ -1,5 +1,6 @@
 #include "startup/PersonalFile.h"
 
+#include "clock/ParkedRows.h"
 #include "platform/dao/Completion.h"
 #include "platform/dao/Database.h"
 #include "platform/dao/TableDef.h"
@@ -36,6 +37,7 @@ const QList<dao::TableDef> &Tables()
          {{u"FileId"_s, text, false, true}, {u"MessageId"_s, text, false, true}, {u"Kind"_s, number, false, true}},
          {{u"MessageId"_s, {u"MessageId"_s}}}},
         {u"PersonalStatus"_s, {{u"Status"_s, text}}, {}},
+        ParkedRows::Layout(),
     };
     return tables;
 }
@@ -49,6 +51,7 @@ QString NameOf(const QString &table)
         {u"MessageBuffer"_s, Say("messages to be sent")},
         {u"MessageHistory"_s, Say("messages")},
         {u"PersonalStatus"_s, Say("status texts")},
+        {ParkedRows::Layout().name, Say("stemps that wait for their file")},
     };
     return names.value(table);
 }

@@ -1,7 +1,10 @@
 #include "startup/Program.h"
 
 #include "platform/dao/Error.h"
+#include "platform/system/TimeSource.h"
+#include "startup/Module1.h"
 
+#include <QFileInfo>
 #include <QLoggingCategory>
 
 using namespace std::chrono_literals;
@@ -43,6 +46,23 @@ void Program::AddPersonalJob(const JobItem &job)
         // The list on the screen has the job; the table gets it with the next pick of a later run.
         qCWarning(log).noquote() << error.Text();
     }
+}
+
+bool Program::OpenTimeTable(const QString &path)
+{
+    return timeTable.Open(
+        {path, identity.UserInitials, &LocalDB, [this](bool damaged) { return MakeSureOfTimeDb(damaged); }});
+}
+
+TimeFile::Outcome Program::MakeSureOfTimeDb(bool damaged)
+{
+    // A file that a person is just copying back is not whole either. One that is damaged stays as it is until the next look.
+    const QFileInfo file(timeTable.Path());
+    const std::pair found(file.size(), file.lastModified());
+    if (damaged && std::exchange(damagedTimeDb_, found) != found)
+        return {{}, TroubleText(dao::ErrorKind::Corrupt)};
+    const Module1::TimeDbChoice choice = Module1::PrepareTimeDb(identity, time.Now(), damaged);
+    return {choice.message, choice.trouble};
 }
 
 bool Program::CloseDatabases()

@@ -12,6 +12,7 @@
 #include "texts/TextState.h"
 
 #include <optional>
+#include <utility>
 
 class System;
 class TimeSource;
@@ -39,6 +40,9 @@ public:
     Clock clock;
 
     void FillPersonalList(); // from LocalDB
+    // Opens the time database at `path`, which is made anew whenever it turns out to be missing or damaged. False when it can't
+    // be read.
+    bool OpenTimeTable(const QString &path);
 
     // Closes the time database, the job database and LocalDB, in that order, and renews the local copy of the job list if that
     // is to be done. The job database is waited for within one limit, whatever it is asked. False when it does not answer: its
@@ -47,6 +51,8 @@ public:
 
 private:
     void AddPersonalJob(const JobItem &job);
+    TimeFile::Outcome MakeSureOfTimeDb(bool damaged);
 
-    std::optional<bool> closed_; // what CloseDatabases said
+    std::pair<qint64, QDateTime> damagedTimeDb_; // size and time of the file that was found damaged last
+    std::optional<bool> closed_;                 // what CloseDatabases said
 };

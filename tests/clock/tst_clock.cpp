@@ -4,8 +4,13 @@
 #include "support/ProgramFolder.h"
 #include "support/SettableTime.h"
 
+#include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QFile>
+#include <QProcess>
 #include <QTest>
+
+#include <cstdlib>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -38,17 +43,37 @@ QStringList Texts(const QList<TimeRow> &rows)
 // One running copy's clock on the time database of a folder.
 struct Copy
 {
-    Copy(const ProgramFolder &folder, const TimeSource &time)
+    Copy(const TimeFile &opened, const TimeSource &time)
         : table(time), clock(table, lists, time, [this](auto &job) { stored.append(job.id + u'|' + job.name); })
     {
-        table.Open(folder.File(file));
+        table.Open(opened);
     }
+    Copy(const ProgramFolder &folder, const TimeSource &time) : Copy({folder.File(file)}, time) {}
 
     TimeTable table;
     JobLists lists;
     QStringList stored; // the jobs added to the personal table
     Clock clock;
 };
+
+int statementsLeft = 0; // 0: the process lives
+
+// The copy of a process of its own: ends an open row and begins a new one, or dies just before a statement.
+int RunCopy(const QStringList &arguments)
+{
+    statementsLeft = arguments.value(5).toInt();
+    dao::SetStatementHook([] {
+        if (--statementsLeft == 0)
+            std::_Exit(EXIT_FAILURE); // nothing is unwound
+    });
+    dao::Held held = dao::Database::OpenHeld(arguments.value(3), {});
+    const SettableTime time;
+    Copy copy({arguments.value(2), u"ANNA"_s, &held.database}, time);
+    if (copy.clock.TakeUpLastRow())
+        copy.clock.StempOut();
+    copy.clock.StempIn(arguments.value(4), {});
+    return EXIT_SUCCESS;
+}
 
 } // namespace
 
@@ -206,6 +231,92 @@ private slots:
         }
     }
 
+    void ParksWhatTheFileDoesNotTake()
+    {
+        folder_->MakePersonal();
+        Sql(u"INSERT INTO Stemp (JobID, StempInTime) VALUES ('0', 46083)"_s); // by another tool, without an id
+        folder_->Sql(personalFile, u"DROP TABLE ParkedStemps"_s);             // as an earlier version made it
+        dao::Database localDB = dao::Database::OpenDatabase(folder_->File(personalFile));
+        const TimeFile annas{folder_->File(file), u"ANNA"_s, &localDB};
+        Holder other(annas.path, Holder::Writing);
+        {
+            Copy first(annas, time_);
+            QVERIFY(first.clock.TakeUpLastRow());
+            first.clock.StempOut();
+            QElapsedTimer waited;
+            waited.start();
+            first.clock.StempIn(u"1 : Roof"_s, {});
+            QVERIFY(waited.elapsed() < 600); // 0.3 s; the rest is the machine's
+            QVERIFY(first.table.IsAllKept());
+            QCOMPARE(
+                first.table.Notice().Text(),
+                u"Not yet in \"Blank.mdb\", as another program has locked it: 2 stemps, kept in \"ANNA Stemp.mdb\" "
+                "until then."_s);
+        }
+        for (const TimeFile &others :
+             {TimeFile{annas.path, u"BO"_s, &localDB}, TimeFile{u"C.mdb"_s, u"ANNA"_s, &localDB}})
+            QCOMPARE(Copy(others, time_).table.UnsavedCount(), 0);
+        Copy next(annas, time_);
+        QVERIFY(next.clock.TakeUpLastRow());
+        QCOMPARE(next.clock.state.CurrentJob, u"1 : Roof"_s);
+        QCOMPARE(Texts(next.table.Rows(RollBackQuery(7))),
+                 QStringList({u"0  02 00:00:00 02 09:00:00"_s, u"1 Roof 02 09:00:00 -"_s}));
+        localDB.Execute(u"CREATE UNIQUE INDEX Full ON ParkedStemps (StempOutTime IS NULL)"_s, {}, {});
+        time_.Advance(60);
+        next.clock.StempOut();
+        QVERIFY(!next.table.IsAllKept());
+        QVERIFY(next.table.Notice().Text().contains(u"2 stemps in memory only!"_s));
+        other.LetGo();
+        QVERIFY(next.table.Flush());
+        QCOMPARE(Rows(), u"0 -540-0, 1 0-1"_s);
+        QVERIFY(localDB.Texts(u"SELECT JobID FROM ParkedStemps"_s, {}).isEmpty());
+    }
+
+    void StoresEachRowOnceWhereverItDies_data()
+    {
+        QTest::addColumn<bool>("parking"); // else taking in
+        QTest::newRow("parking") << true;
+        QTest::newRow("taking in") << false;
+    }
+
+    void StoresEachRowOnceWhereverItDies()
+    {
+        QFETCH(bool, parking);
+        const auto run = [this](const QString &job, int statement) {
+            return QProcess::execute(QCoreApplication::applicationFilePath(),
+                                     {u"--copy"_s, folder_->File(timeFile), folder_->File(personalFile), job,
+                                      QString::number(statement)})
+                   == EXIT_SUCCESS;
+        };
+        const QString older = u"older.mdb"_s; // made by an earlier version, which stored an open row; and full
+        folder_->Copy(file, older);
+        for (const QString &statement : {u"DROP INDEX StempId"_s, u"ALTER TABLE Stemp DROP COLUMN StempId"_s,
+                                         u"INSERT INTO Stemp (JobID, StempInTime) VALUES ('0', 46083)"_s,
+                                         u"CREATE UNIQUE INDEX Full ON Stemp (JobID IS NULL)"_s})
+            folder_->Sql(older, statement);
+        bool lived = false;
+        for (int statement = 1; !lived; ++statement) {
+            for (const QString &left : folder_->Names().filter(u"ANNA"_s))
+                QFile::remove(folder_->File(left));
+            folder_->MakePersonal();
+            folder_->Copy(older, timeFile);
+            lived = run(u"1"_s, parking ? statement : 0);
+            const QString parked = u"SELECT JobID FROM ParkedStemps WHERE JobID > 0"_s;
+            const QString stored = u"SELECT JobID FROM Stemp WHERE JobID > 0 ORDER BY JobID"_s;
+            QString kept = u"0"_s; // what the file is to hold in the end
+            if (!folder_->Rows(personalFile, parked).isEmpty())
+                kept += u", 1"_s;
+            folder_->Sql(timeFile, u"DROP INDEX Full"_s);
+            lived = run(u"2"_s, parking ? 0 : statement) && lived;
+            if (QString(folder_->Rows(timeFile, stored) + folder_->Rows(personalFile, parked)).contains(u'2'))
+                kept += u", 2"_s;
+            QVERIFY(run(u"3"_s, 0));
+            QCOMPARE(folder_->Rows(timeFile, u"SELECT JobID FROM Stemp ORDER BY JobID"_s), kept + u", 3"_s);
+            QCOMPARE(folder_->Rows(timeFile, u"SELECT JobID FROM Stemp WHERE StempOutTime IS NULL"_s), u"3"_s);
+            QCOMPARE(folder_->Rows(personalFile, u"SELECT JobID FROM ParkedStemps"_s), QString());
+        }
+    }
+
     void FileComesBackAfterItWasAway()
     {
         if (!openFilesCanBeRenamed)
@@ -311,7 +422,7 @@ private:
     QStringList Stored() // what another connection sees
     {
         TimeTable other(time_);
-        other.Open(folder_->File(file));
+        other.Open({folder_->File(file)});
         return Texts(other.Rows(RollBackQuery(30'000)));
     }
     void Sql(const QString &statement) { folder_->Sql(file, statement); }
@@ -322,5 +433,12 @@ private:
     TimeTable *table_ = nullptr; // its own
 };
 
-QTEST_GUILESS_MAIN(TestClock)
+int main(int argc, char *argv[])
+{
+    const QCoreApplication application(argc, argv);
+    if (QCoreApplication::arguments().value(1) == "--copy"_L1)
+        return RunCopy(QCoreApplication::arguments());
+    TestClock test;
+    return QTest::qExec(&test, argc, argv);
+}
 #include "tst_clock.moc"

@@ -318,23 +318,68 @@ private slots:
         QCOMPARE(folder.Rows(timeFile, allRows), u"A a 1"_s);
     }
 
-    void WarnsOfAnUnsavedRowAtClosing()
+    void KeepsAStempThatItsFileRefuses_data()
     {
+        QTest::addColumn<bool>("parked");
+        QTest::newRow("parked until the next start") << true;
+        QTest::newRow("asked about at closing") << false; // as neither file takes it
+    }
+
+    void KeepsAStempThatItsFileRefuses()
+    {
+        QFETCH(bool, parked);
         const ProgramFolder folder;
-        RunningCopy copy(folder);
-        QVERIFY(copy.Start());
-        auto *note = copy.Find<QWidget>("UnsavedLabel");
-        QVERIFY(note->isHidden());
-        Holder backup(folder.File(timeFile), Holder::Writing);
-        copy.main.Window()->StempIn(u"A : a"_s);
-        QVERIFY(copy.Clock().IsStempedIn); // the look changes all the same
-        QVERIFY(copy.prompts.messages.isEmpty());
-        QVERIFY(!note->isHidden());
-        copy.main.Window()->StempOut();
-        copy.prompts.whileAsking = [&] { backup.LetGo(); }; // the person waits
-        copy.Close();
-        QCOMPARE(copy.prompts.messages.size(), 1);
+        {
+            RunningCopy copy(folder);
+            QVERIFY(copy.Start());
+            const auto *note = copy.Find<QLabel>("UnsavedLabel");
+            QVERIFY(note->isHidden());
+            Holder backup(folder.File(timeFile), Holder::Writing);
+            if (!parked)
+                copy.program.LocalDB.Execute(u"ALTER TABLE ParkedStemps RENAME COLUMN Person TO Nobody"_s, {}, {});
+            copy.main.Window()->StempIn(u"A : a"_s);
+            QVERIFY(copy.Clock().IsStempedIn); // the look changes all the same
+            QVERIFY(!note->isHidden());
+            QCOMPARE(note->text().contains(u"in memory only"_s), !parked);
+            copy.main.Window()->StempOut();
+            copy.prompts.whileAsking = [&] { backup.LetGo(); }; // the person waits
+            copy.Close();
+            QCOMPARE(copy.prompts.messages.size(), parked ? 0 : 1);
+            QCOMPARE(folder.Rows(timeFile, allRows), parked ? QString() : u"A a 0"_s);
+        }
+        RunningCopy next(folder);
+        QVERIFY(next.Start());
+        QCOMPARE(next.Clock().CurrentJob, u"A : a"_s);
         QCOMPARE(folder.Rows(timeFile, allRows), u"A a 0"_s);
+    }
+
+    void MakesTheTimeFileAnewWhereverItIsMissed()
+    {
+#ifdef Q_OS_WIN
+        QSKIP("an open file can be neither removed nor overwritten here");
+#endif
+        const ProgramFolder folder;
+        const QByteArray blank = folder.Content(u"Blank.mdb"_s);
+        QVERIFY(QFile::remove(folder.File(u"Blank.mdb"_s)) && QDir().mkdir(folder.File(timeFile)));
+        folder.Write(u"Blank.mdb"_s, {}); // as on a full disk
+        RunningCopy copy(folder);
+        copy.prompts.whileAsking = [&] { // until there is room
+            QVERIFY(QDir().rmdir(folder.File(timeFile)));
+            folder.Write(u"Blank.mdb"_s, blank);
+        };
+        QVERIFY(copy.Start());
+        QCOMPARE(copy.prompts.messages.size(), 1);
+        copy.prompts.whileAsking = nullptr;
+
+        QVERIFY(QFile::remove(folder.File(timeFile)));
+        copy.main.Window()->StempIn(u"A : a"_s);
+        QCOMPARE(folder.Rows(timeFile, allRows), u"A a 1"_s);
+        folder.Write(timeFile, "no database any more");
+        copy.main.Window()->StempOut(); // it may be just being copied
+        copy.main.Window()->StempIn(u"B : b"_s);
+        QCOMPARE(folder.Rows(timeFile, allRows), u"A a 0, B b 1"_s);
+        QTRY_COMPARE(copy.prompts.messages.size(), 2);
+        QVERIFY(copy.prompts.messages.constLast().contains(u".damaged-"_s));
     }
 };
 
