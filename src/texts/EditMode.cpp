@@ -22,6 +22,8 @@ EditMode::EditMode(FormServices &services) : services_(services) {}
 void EditMode::Begin(Form &form)
 {
     Leave();
+    if (!form.isVisible()) // a key may come to a window that was closed just now
+        return;
     form_ = &form;
     form.CoverBackColor(lightGrey);
     const std::size_t recorded = std::min(form.Controls().size(), SavedVisible.size());
