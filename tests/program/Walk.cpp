@@ -19,6 +19,7 @@
 
 #include <QAbstractPrintDialog>
 #include <QApplication>
+#include <QCalendarWidget>
 #include <QElapsedTimer>
 #include <QFileDialog>
 #include <QLineEdit>
@@ -53,6 +54,12 @@ void SendKey(const QPointer<QWindow> &window, QKeyCombination stroke)
     for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease})
         if (window)
             qt_handleKeyEvent(window, type, stroke.key(), stroke.keyboardModifiers(), text);
+}
+
+// One that goes while a date is being typed in it leaks Qt's own validator of that date.
+bool IsCalendar(const QWidget *popup)
+{
+    return popup && (qobject_cast<const QCalendarWidget *>(popup) || popup->findChild<QCalendarWidget *>());
 }
 
 // Dialogs of the system reach beyond the program folder.
@@ -233,7 +240,9 @@ void Walk::PressKey(QWindow *window)
     if (!window)
         return;
     const QString name =
-        IsSystemDialog(QApplication::activeModalWidget()) ? u"Escape"_s : keys.at(Any(int(keys.size())));
+        IsSystemDialog(QApplication::activeModalWidget()) || IsCalendar(QApplication::activePopupWidget())
+            ? u"Escape"_s
+            : keys.at(Any(int(keys.size())));
     const QKeyCombination stroke = QKeySequence::fromString(name)[0];
     Say(u"key %1 in %2"_s.arg(name, window->objectName()));
     mayStempIn_ = ChosenByKeys();
