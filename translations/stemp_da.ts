@@ -1478,7 +1478,7 @@ Disse tekster er ændret og ville forsvinde:
         <translation>den kunne ikke skrives</translation>
     </message>
     <message>
-        <source>it is not there, nor is its template &quot;Blank.mdb&quot;</source>
+        <source>neither it nor its template "Blank.mdb" is there</source>
         <translation>hverken den eller dens skabelon &quot;Blank.mdb&quot; er der</translation>
     </message>
     <message>

@@ -20,7 +20,7 @@ QString NotMadeText(dao::ErrorKind kind)
 {
     switch (kind) {
     case dao::ErrorKind::CannotOpen:
-        return Say("it is not there, nor is its template \"Blank.mdb\"");
+        return Say("neither it nor its template \"Blank.mdb\" is there");
     case dao::ErrorKind::Corrupt:
         return Say("it is not there, and its template \"Blank.mdb\" is damaged");
     default:
