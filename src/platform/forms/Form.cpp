@@ -61,7 +61,8 @@ Form::Form(QString name, FormServices &services, QWidget *parent)
 Form::~Form()
 {
     disconnect(this, &Form::QuestionsToEnd, nullptr, nullptr); // nobody is left who could take an answer
-    hide();                                                    // while it is still a form to those who watch it
+    removeEventFilter(place_.get()); // a control that is resized now would call the subclass, which is gone
+    hide();                          // while it is still a form to those who watch it
 }
 
 void Form::Load()
