@@ -9,7 +9,7 @@ install_missing "${buildPackages[@]}" libbenchmark-dev
 build bench
 
 folder=build/bench/storm # on the disk of the project, which is seldom one in memory
-storm=build/bench/tests/storm/storm
+storm=build/bench/bench/storm/storm
 failed=
 
 say ""

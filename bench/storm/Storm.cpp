@@ -1,4 +1,4 @@
-#include "storm/Storm.h"
+#include "bench/storm/Storm.h"
 
 #include <QStringBuilder>
 #include <QtGlobal>

@@ -5,6 +5,7 @@
 //   KILL     the number of the statement at which it dies, whichever thread runs it; 0: it lives
 //   DELAY    microseconds that it lives on from then, so that it dies in the middle of a commit, too
 
+#include "bench/storm/Storm.h"
 #include "board/Mail.h"
 #include "board/MessageTables.h"
 #include "board/Poll.h"
@@ -12,7 +13,6 @@
 #include "company/CompanyLink.h"
 #include "platform/dao/Error.h"
 #include "platform/system/TimeSource.h"
-#include "storm/Storm.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>

@@ -1,9 +1,9 @@
-#include "storm/Findings.h"
+#include "bench/storm/Findings.h"
 
+#include "bench/storm/Storm.h"
 #include "board/Presence.h"
 #include "platform/dao/Database.h"
 #include "platform/dao/Error.h"
-#include "storm/Storm.h"
 
 #include <QMap>
 #include <QSet>

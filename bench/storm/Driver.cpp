@@ -7,11 +7,11 @@
 //   MESSAGE  the same for what it sends
 // Prints what was found, and ends with an error when anything was lost, doubled, damaged, left behind or refused.
 
+#include "bench/storm/Findings.h"
+#include "bench/storm/Storm.h"
 #include "board/Presence.h"
 #include "platform/dao/Database.h"
 #include "platform/dao/Error.h"
-#include "storm/Findings.h"
-#include "storm/Storm.h"
 
 #include <QCoreApplication>
 #include <QDir>
