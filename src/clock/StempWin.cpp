@@ -446,12 +446,14 @@ void StempWin::ShowUnsaved()
         QTimer::singleShot(0, this, [this, message] { prompts_.MsgBox(this, message); });
 }
 
-// As wide as the grid. A text of several lines covers the grid's beginning.
+// As wide as the grid, whose contents make room for further lines.
 void StempWin::PlaceUnsavedLabel()
 {
     QLabel &label = *ui_->UnsavedLabel;
     const int width = ui_->StempGrid->width();
     label.resize(width, label.isHidden() ? unsavedHeight_ : std::max(unsavedHeight_, label.heightForWidth(width)));
+    const int below = label.isHidden() ? 0 : label.geometry().bottom() + 1 - ui_->StempGrid->y();
+    ui_->StempGrid->setContentsMargins(0, std::max(0, below), 0, 0);
     label.stackUnder(ui_->XList);
 }
 
