@@ -16,6 +16,7 @@
 #include "ui_StempWin.h"
 
 #include <QDir>
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QMenuBar>
 #include <QScrollBar>
@@ -446,14 +447,15 @@ void StempWin::ShowUnsaved()
         QTimer::singleShot(0, this, [this, message] { prompts_.MsgBox(this, message); });
 }
 
-// As wide as the grid, whose contents make room for further lines.
+// As wide as the grid. A text of several lines takes the place of the grid's captions, all of it: half of them would look torn.
 void StempWin::PlaceUnsavedLabel()
 {
     QLabel &label = *ui_->UnsavedLabel;
     const int width = ui_->StempGrid->width();
-    label.resize(width, label.isHidden() ? unsavedHeight_ : std::max(unsavedHeight_, label.heightForWidth(width)));
-    const int below = label.isHidden() ? 0 : label.geometry().bottom() + 1 - ui_->StempGrid->y();
-    ui_->StempGrid->setContentsMargins(0, std::max(0, below), 0, 0);
+    int height = label.isHidden() ? 0 : label.heightForWidth(width);
+    if (height > unsavedHeight_)
+        height = std::max(height, ui_->StempGrid->y() + ui_->StempGrid->horizontalHeader()->height() + 1 - label.y());
+    label.resize(width, std::max(unsavedHeight_, height));
     label.stackUnder(ui_->XList);
 }
 
