@@ -45,6 +45,7 @@ QString Mending::Mend(const QString &path, const QString &blank, const QDateTime
         return Say("The file %1 is damaged.").arg(path) + u"\n\n"_s + DataFiles::WhyNotMade(kind, blank, path);
     };
     QFile::remove(mended);
+    DataFiles::RemoveJournals(mended); // of a mending that was ended while it copied
     QString copied;
     try {
         if (const std::optional<dao::ErrorKind> failure = steps.make(mended))
@@ -67,8 +68,11 @@ QString Mending::Mend(const QString &path, const QString &blank, const QDateTime
 
 void Mending::FinishInterrupted(const QString &path)
 {
-    if (!QFileInfo::exists(path))
-        QFile::rename(MendedName(path), path);
+    const QString mended = MendedName(path);
+    if (QFileInfo::exists(path) || !QFileInfo::exists(mended))
+        return;
+    DataFiles::RemoveJournals(path); // the damaged file was set aside, but perhaps not yet its journal
+    QFile::rename(mended, path);
 }
 
 std::optional<dao::ErrorKind> Mending::MakeJobs(const QString &blank, const QString &target)

@@ -161,6 +161,12 @@ private slots:
         QCOMPARE(folder.Rows(personalFile, u"SELECT count(*) FROM NotesList WHERE Note LIKE 'note 299%'"_s), u"1"_s);
         QCOMPARE(Module1::OpenLocalDB(Anna(folder), now).message, QString());
         QCOMPARE(folder.Names().filter(u".damaged-"_s).size(), 1);
+
+        folder.Write(personalFile, content.left(content.indexOf("note 299") / page * page)); // cut off
+        folder.Write(personalFile + u".mended-journal"_s, "of a copying that was ended");
+        const QString again = Module1::OpenLocalDB(Anna(folder), now).message;
+        QVERIFY2(again.contains(u"came along: notes"_s), qPrintable(again));
+        QVERIFY(folder.Rows(personalFile, u"SELECT count(*) FROM NotesList"_s).toInt() > 100);
     }
 
     void RefusesWhatCannotBeAFileOrATable()

@@ -208,7 +208,9 @@ Database Database::OpenDatabase(const QString &path, std::chrono::milliseconds b
 Database Database::OpenDamaged(const QString &path)
 {
     Database database = Connect(path, {}, "mode=ro&immutable=1"_L1);
-    // The library otherwise refuses all of a file that was cut off, or that has one faulty line in its schema.
+    // The library otherwise refuses all of a file that was cut off, or that has one faulty line in its schema. Its defensive mode
+    // would pass over the pragma without a word; nothing can be written to this file anyway.
+    sqlite3_db_config(database.connection_->handle, SQLITE_DBCONFIG_DEFENSIVE, 0, nullptr);
     database.Execute(u"PRAGMA writable_schema = ON"_s, {}, u"opening a damaged file"_s);
     return database;
 }

@@ -20,8 +20,16 @@ Transaction::Transaction(Database &database, QString purpose, For what)
         database_.Execute(what == For::Writing ? QStringLiteral("BEGIN IMMEDIATE") : QStringLiteral("BEGIN"), {},
                           purpose_);
     };
+    const auto hasOwnJournalMode = [&] {
+        try {
+            return database_.HasOwnJournalMode();
+        } catch (const Error &) { // of an object that was not made, no destructor rolls back
+            database_.Rollback(purpose_);
+            throw;
+        }
+    };
     begin();
-    if (!database_.HasOwnJournalMode()) {
+    if (!hasOwnJournalMode()) {
         // Beginning has shown that another program switched it. It can't be put back from within.
         database_.Execute(QStringLiteral("ROLLBACK"), {}, purpose_);
         database_.KeepJournalMode();
@@ -32,8 +40,7 @@ Transaction::Transaction(Database &database, QString purpose, For what)
 
 Transaction::~Transaction()
 {
-    if (!open_
-        || !database_.InTransaction()) // the engine has rolled back by itself after some errors, a full disk for one
+    if (!open_ || !database_.InTransaction()) // SQLite has rolled back by itself after some errors, a full disk for one
         return;
     try {
         database_.Rollback(purpose_);
