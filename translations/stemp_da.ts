@@ -265,6 +265,82 @@ bruges ikke som firmadatabase: %2. Joblisten er nu den i programmappen.</transla
         <source>Check shortcut &apos;Start In&apos; (must point to location of %1.EXE)</source>
         <translation>Se efter i genvejens &apos;Start i&apos; (skal pege på mappen med %1.EXE)</translation>
     </message>
+    <message>
+        <source>This text is not in the list. Choose one from it first.</source>
+        <translation>Denne tekst står ikke på listen. Vælg først en fra den.</translation>
+    </message>
+    <message>
+        <source>The text was not removed, because your database could not be written. Please try again.</source>
+        <translation>Teksten blev ikke fjernet, fordi din database ikke kunne skrives. Prøv igen.</translation>
+    </message>
+    <message>
+        <source>Removed from the list.</source>
+        <translation>Fjernet fra listen.</translation>
+    </message>
+    <message>
+        <source>1 more message waits behind this one</source>
+        <translation>1 besked mere venter bag denne</translation>
+    </message>
+    <message>
+        <source>%1 more messages wait behind this one</source>
+        <translation>%1 beskeder mere venter bag denne</translation>
+    </message>
+    <message>
+        <source>Nothing heard since %1</source>
+        <translation>Intet hørt siden %1</translation>
+    </message>
+    <message>
+        <source>Stemped in on %1</source>
+        <translation>Stemplet ind på %1</translation>
+    </message>
+    <message>
+        <source>Stemped in since %1 on %2</source>
+        <translation>Stemplet ind siden %1 på %2</translation>
+    </message>
+    <message>
+        <source>(too large, row %1)</source>
+        <translation>(for stor, række %1)</translation>
+    </message>
+    <message>
+        <source>%1 The new status of %2 waits here and is written as soon as that is possible.</source>
+        <translation>%1 Den nye status for %2 venter her og skrives, så snart det kan lade sig gøre.</translation>
+    </message>
+    <message>
+        <source>(unknown)</source>
+        <translation>(ukendt)</translation>
+    </message>
+    <message>
+        <source>(too large to be read)</source>
+        <translation>(for stor til at blive læst)</translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>og %1 til</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no date and time.
+
+Type it like %2, or only a time of today like 8:30.</source>
+        <translation>&quot;%1&quot; er ikke en dato og et klokkeslæt.
+
+Skriv det som %2, eller kun et klokkeslæt i dag som 8:30.</translation>
+    </message>
+    <message>
+        <source>%1 rows</source>
+        <translation>%1 rækker</translation>
+    </message>
+    <message>
+        <source>%1 %2 to %3</source>
+        <translation>%1 %2 til %3</translation>
+    </message>
+    <message>
+        <source>Load &apos;%1&apos; properties from DATABASE?</source>
+        <translation>Hent egenskaberne for &apos;%1&apos; fra DATABASEN?</translation>
+    </message>
+    <message>
+        <source>Save &apos;%1&apos; properties to DATABASE?</source>
+        <translation>Gem egenskaberne for &apos;%1&apos; i DATABASEN?</translation>
+    </message>
 </context>
 <context>
     <name>AdminForm</name>
@@ -916,14 +992,6 @@ Ctrl+E lader dig ændre ethvert vindue undtagen det, der spørger om initialer: 
         <translation>%1 dage</translation>
     </message>
     <message>
-        <source>The status
-%1
-could not be written, because the company database is locked, write-protected or not there. Please try again.</source>
-        <translation>Statussen
-%1
-kunne ikke skrives, fordi firmadatabasen er låst, skrivebeskyttet eller ikke på sin plads. Prøv igen.</translation>
-    </message>
-    <message>
         <source>Are you sure you want to DELETE user :%1</source>
         <translation>Er du sikker på, at du vil SLETTE brugeren :%1</translation>
     </message>
@@ -956,10 +1024,6 @@ kunne ikke skrives, fordi firmadatabasen er låst, skrivebeskyttet eller ikke p�
         <translation>Programmet er lukket</translation>
     </message>
     <message>
-        <source>Nothing heard since </source>
-        <translation>Intet hørt siden </translation>
-    </message>
-    <message>
         <source>Its drive is full. Make room on it.</source>
         <translation>Dens drev er fuldt. Gør plads på det.</translation>
     </message>
@@ -974,10 +1038,6 @@ kunne ikke skrives, fordi firmadatabasen er låst, skrivebeskyttet eller ikke p�
     <message>
         <source>Perhaps </source>
         <translation>Måske </translation>
-    </message>
-    <message>
-        <source>The company database is not there. Colleagues are shown as they were known last.</source>
-        <translation>Firmadatabasen er ikke på sin plads. Kolleger vises, som de sidst var kendt.</translation>
     </message>
     <message>
         <source>Not current since %1: </source>
@@ -1276,14 +1336,6 @@ kunne ikke gemmes. Måske er dens mappe skrivebeskyttet eller ikke på sin plads
         <translation>&amp;Fortsæt</translation>
     </message>
     <message>
-        <source>The file
-%1
-is no company database of this program and is not used. The job list is now the one in the program folder.</source>
-        <translation>Filen
-%1
-er ikke en firmadatabase til dette program og bruges ikke. Joblisten er nu den i programmappen.</translation>
-    </message>
-    <message>
         <source>The file %1 is damaged and could not be set aside.</source>
         <translation>Filen %1 er beskadiget og kunne ikke lægges til side.</translation>
     </message>
@@ -1308,14 +1360,6 @@ is in use by another program, or lies on a drive that grants no locks. Close tha
         <translation>Filen
 %1
 er i brug af et andet program eller ligger på et drev, der ikke giver låse. Luk det program, og start igen.</translation>
-    </message>
-    <message>
-        <source>The file
-%1
-cannot be written. Check that you may write in the program folder and that the disk is not full.</source>
-        <translation>Filen
-%1
-kan ikke skrives. Se efter, at du må skrive i programmappen, og at disken ikke er fuld.</translation>
     </message>
     <message>
         <source>Put the shipped layout and texts of this window back?
@@ -2406,6 +2450,17 @@ Hvis du lukker programmet nu, går stemplingerne tabt.</translation>
     <message>
         <source>OK</source>
         <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>QPlatformTheme</name>
+    <message>
+        <source>&amp;Yes</source>
+        <translation>&amp;Ja</translation>
+    </message>
+    <message>
+        <source>&amp;No</source>
+        <translation>&amp;Nej</translation>
     </message>
 </context>
 </TS>

@@ -1,5 +1,7 @@
 #include "board/Board.h"
 
+#include "platform/system/Say.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -19,7 +21,7 @@ QStringList UpperCaseNames(const QList<Presence::UserRow> &users)
 Board::Row RowOfNoUser(const QString &name)
 {
     Board::Row row;
-    row.name = name.isEmpty() ? u"(unknown)"_s : name;
+    row.name = name.isEmpty() ? Say("(unknown)") : name;
     row.isUser = false;
     return row;
 }

@@ -6,6 +6,7 @@
 #include "platform/dao/Error.h"
 #include "platform/forms/Prompts.h"
 #include "platform/forms/ShownText.h"
+#include "platform/system/Say.h"
 #include "platform/system/TimeSource.h"
 #include "settings/Options.h"
 #include "startup/Identity.h"
@@ -304,15 +305,16 @@ void BoardDesk::DeleteUser(const QString &user)
     if (parts_.startingUp || dialogIsOpen_ || parts_.board.IsOwn(user) || !CanDeleteUsers())
         return;
     BeforeDialog();
-    prompts_.AskYesNo(messageBoard_.get(), u"Are you sure you want to DELETE user :%1"_s.arg(ShownText(user)),
+    prompts_.AskYesNo(messageBoard_.get(), Say("Are you sure you want to DELETE user :%1").arg(ShownText(user)),
                       [this, user](bool yes) {
                           if (yes && CanDeleteUsers())
                               parts_.jobDatabase.DeleteUser(this, user, [this, user](bool written) {
                                   if (!written)
                                       prompts_.MsgBox(
                                           messageBoard_.get(),
-                                          u"%1 could not be deleted, because the company database is locked, "
-                                          "write-protected or not there. Please try again."_s.arg(ShownText(user)));
+                                          Say("%1 could not be deleted, because the company database is locked, "
+                                              "write-protected or not there. Please try again.")
+                                              .arg(ShownText(user)));
                               });
                           AfterDialog();
                       });
@@ -323,8 +325,8 @@ bool BoardDesk::CanDeleteUsers()
 {
     if (!parts_.jobDatabase.EnterpriseOn)
         prompts_.MsgBox(messageBoard_.get(),
-                        u"The company database is not there, so nobody would see the change. Please "
-                        "try again when it is back."_s);
+                        Say("The company database is not there, so nobody would see the change. Please "
+                            "try again when it is back."));
     return parts_.jobDatabase.EnterpriseOn;
 }
 

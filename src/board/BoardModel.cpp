@@ -1,6 +1,7 @@
 #include "board/BoardModel.h"
 
 #include "platform/forms/ShownText.h"
+#include "platform/system/Say.h"
 
 #include <QColor>
 #include <QFont>
@@ -42,8 +43,8 @@ bool LookAlike(const Board::Row &a, const Board::Row &b)
 
 QString WaitingText(int waiting)
 {
-    return waiting == 1 ? u"1 more message waits behind this one"_s
-                        : u"%1 more messages wait behind this one"_s.arg(waiting);
+    return waiting == 1 ? Say("1 more message waits behind this one")
+                        : Say("%1 more messages wait behind this one").arg(waiting);
 }
 
 // People's texts are no markup; as rich text a long one is wrapped.
@@ -150,7 +151,7 @@ QVariant BoardModel::StatusData(const Board::Row &row, int role) const
         return AsTip(waiting > 0 ? ShownText(StatusText(row)) + u'\n' + WaitingText(waiting)
                                  : ShownText(StatusText(row)));
     case Qt::AccessibleTextRole: {
-        const QString text = (yellow ? u"Message: "_s : QString()) + ShownText(StatusText(row));
+        const QString text = (yellow ? Say("Message: ") : QString()) + ShownText(StatusText(row));
         return waiting > 0 ? QString(text + u", "_s + WaitingText(waiting)) : text;
     }
     case WorkRole:
@@ -166,13 +167,14 @@ QVariant BoardModel::StatusData(const Board::Row &row, int role) const
 QStringList BoardModel::StateInWords(const Board::Row &row) const
 {
     if (!row.isUser)
-        return {ShownText(row.name), u"Not among the users"_s};
-    QStringList words{ShownText(row.name), OfState(row.state, u"Stemped in"_s, u"Stemped out"_s, u"Program closed"_s)};
+        return {ShownText(row.name), Say("Not among the users")};
+    QStringList words{ShownText(row.name),
+                      OfState(row.state, Say("Stemped in"), Say("Stemped out"), Say("Program closed"))};
     if (row.work)
         words[1] = InSince(*row.work);
     const bool isOff = row.state > 0;
     if (!isOff && row.lastSign && row.lastSign->msecsTo(now_) > longSilence.count())
-        words.append(u"Nothing heard since "_s + QLocale().toString(*row.lastSign, QLocale::ShortFormat));
+        words.append(Say("Nothing heard since %1").arg(QLocale().toString(*row.lastSign, QLocale::ShortFormat)));
     return words;
 }
 
@@ -180,8 +182,8 @@ QString BoardModel::InSince(const Presence::Work &work) const
 {
     const QString job = ShownText(work.job);
     if (!work.since.isValid())
-        return u"Stemped in on %1"_s.arg(job);
+        return Say("Stemped in on %1").arg(job);
     const bool isToday = work.since.date() == now_.date();
-    return u"Stemped in since %1 on %2"_s.arg(QLocale().toString(work.since, isToday ? u"hh:mm"_s : u"d MMM hh:mm"_s),
-                                              job);
+    return Say("Stemped in since %1 on %2")
+        .arg(QLocale().toString(work.since, isToday ? u"hh:mm"_s : u"d MMM hh:mm"_s), job);
 }

@@ -11,35 +11,35 @@ namespace {
 // Where a drive grants no locks it stays so until somebody mends the drive.
 QString WhatHelps(dao::ErrorKind kind)
 {
-    const QString locks =
-        u"its drive does not let programs lock files, as some network drives do. If this goes on, move the file to a "
-        "drive of another kind, or have the network drive set up with file locking."_s;
+    const QString locks = Say(
+        "its drive does not let programs lock files, as some network drives do. If this goes on, move the file to a "
+        "drive of another kind, or have the network drive set up with file locking.");
     switch (kind) {
     case dao::ErrorKind::Full:
-        return u"Its drive is full. Make room on it."_s;
+        return Say("Its drive is full. Make room on it.");
     case dao::ErrorKind::ReadOnly:
     case dao::ErrorKind::CannotOpen:
-        return u"The file or its folder is write-protected for you. Ask for the right to write in the folder, too."_s;
+        return Say("The file or its folder is write-protected for you. Ask for the right to write in the folder, too.");
     case dao::ErrorKind::Busy:
-        return u"Either another program keeps it locked, or "_s + locks;
+        return Say("Either another program keeps it locked, or ") + locks;
     default:
-        return u"Perhaps "_s + locks;
+        return Say("Perhaps ") + locks;
     }
 }
 
 QString WhatIsWrong(std::optional<dao::ErrorKind> failure)
 {
     if (failure == dao::ErrorKind::Busy)
-        return u"another program keeps the company database locked."_s;
+        return Say("another program keeps the company database locked.");
     if (failure == dao::ErrorKind::JournalMode)
         return Say(
             "another program keeps the company database in a mode (a write-ahead log) in which it can't be shared. "
             "Close that program.");
     if (failure == dao::ErrorKind::Corrupt)
-        return u"the company database is damaged. Please have it restored."_s;
+        return Say("the company database is damaged. Please have it restored.");
     if (failure == dao::ErrorKind::CannotOpen)
-        return u"the company database is not there, or its drive is away."_s;
-    return u"the company database does not answer."_s;
+        return Say("the company database is not there, or its drive is away.");
+    return Say("the company database does not answer.");
 }
 
 } // namespace
@@ -49,7 +49,7 @@ QString CompanyNotice::Text() const
     const QString text = TextOfFile();
     if (withKeptStatuses.isEmpty())
         return text;
-    return u"%1 The new status of %2 waits here and is written as soon as that is possible."_s
+    return Say("%1 The new status of %2 waits here and is written as soon as that is possible.")
         .arg(text, withKeptStatuses.join(u", "_s))
         .trimmed();
 }
@@ -60,17 +60,17 @@ QString CompanyNotice::TextOfFile() const
         return (failure && failure != dao::ErrorKind::CannotOpen
                     ? Say("The file that the settings name as the company database is not used: %1.")
                           .arg(WhyNotUsed(*failure))
-                    : u"The company database is not there."_s)
-               + u" Colleagues are shown as they were known last."_s;
+                    : Say("The company database is not there."))
+               + Say(" Colleagues are shown as they were known last.");
     if (isStale) {
         const QString since =
             lastCurrent.isValid()
-                ? u"Not current since %1: "_s.arg(QLocale().toString(lastCurrent, QLocale::ShortFormat))
-                : u"Not current: "_s;
+                ? Say("Not current since %1: ").arg(QLocale().toString(lastCurrent, QLocale::ShortFormat))
+                : Say("Not current: ");
         return since + WhatIsWrong(failure);
     }
     if (!canBeWritten)
-        return u"The company database can be read, but not written. Your state and your messages wait here."_s;
+        return Say("The company database can be read, but not written. Your state and your messages wait here.");
     return {};
 }
 
@@ -92,7 +92,7 @@ QString WhyNotUsed(dao::ErrorKind failure)
 
 QString RefusedWriteText(const QString &path, const dao::Error &error)
 {
-    return u"The company database\n%1\ncan be read, but not written. %2\n\nUntil then you see your "
-           "colleagues, but they do not see you, and your messages wait on this machine."_s.arg(
-               path, WhatHelps(error.Kind()));
+    return Say("The company database\n%1\ncan be read, but not written. %2\n\nUntil then you see your "
+               "colleagues, but they do not see you, and your messages wait on this machine.")
+        .arg(path, WhatHelps(error.Kind()));
 }

@@ -5,6 +5,7 @@
 #include "platform/dao/Database.h"
 #include "platform/dao/DateValue.h"
 #include "platform/dao/Error.h"
+#include "platform/system/Say.h"
 
 #include <QStringBuilder>
 
@@ -84,7 +85,7 @@ QList<UserRow> ReadUsers(dao::Database &database)
         UserRow &read = users.emplaceBack();
         read.row = row[0].toLongLong();
         read.isNamed = !dao::IsTooLarge(row[user]);
-        read.user = read.isNamed ? row[user].toString() : u"(too large, row %1)"_s.arg(read.row);
+        read.user = read.isNamed ? row[user].toString() : Say("(too large, row %1)").arg(read.row);
         read.fullName = row[2].toString();
         read.state = row[3].toInt();
         read.comment = FirstCharactersOf(row[4], longestComment);

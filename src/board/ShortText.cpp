@@ -1,6 +1,7 @@
 #include "board/ShortText.h"
 
 #include "platform/dao/Database.h"
+#include "platform/system/Say.h"
 
 QString FirstCharacters(const QString &text, qsizetype count)
 {
@@ -10,5 +11,5 @@ QString FirstCharacters(const QString &text, qsizetype count)
 
 QString FirstCharactersOf(const QVariant &value, qsizetype count)
 {
-    return dao::IsTooLarge(value) ? QStringLiteral("(too large to be read)") : FirstCharacters(value.toString(), count);
+    return dao::IsTooLarge(value) ? Say("(too large to be read)") : FirstCharacters(value.toString(), count);
 }

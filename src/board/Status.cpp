@@ -136,7 +136,7 @@ void Status::RemoveButton_Click()
     const QString status = ui_->StatusCombo->currentText();
     const int place = PlaceOf(status);
     if (place < 0) {
-        ui_->StatusLabel->setText(u"This text is not in the list. Choose one from it first."_s);
+        ui_->StatusLabel->setText(Say("This text is not in the list. Choose one from it first."));
         return;
     }
     try {
@@ -144,12 +144,12 @@ void Status::RemoveButton_Click()
     } catch (const dao::Error &error) {
         qCWarning(log).noquote() << error.Text();
         ui_->StatusLabel->setText(
-            u"The text was not removed, because your database could not be written. Please try again."_s);
+            Say("The text was not removed, because your database could not be written. Please try again."));
         return;
     }
     ui_->StatusCombo->removeItem(place);
     ui_->StatusCombo->setEditText(status);
-    ui_->StatusLabel->setText(u"Removed from the list."_s);
+    ui_->StatusLabel->setText(Say("Removed from the list."));
 }
 
 void Status::SendButton_Click()

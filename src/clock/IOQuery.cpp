@@ -3,6 +3,7 @@
 #include "clock/Clock.h"
 #include "clock/DateText.h"
 #include "platform/forms/Prompts.h"
+#include "platform/system/Say.h"
 #include "platform/system/TimeSource.h"
 #include "ui_IOQuery.h"
 
@@ -156,7 +157,7 @@ bool IOQuery::CanCarryOut()
     if (!ui_->Options_2->isChecked() || TypedTime())
         return true;
     prompts_.MsgBox(this,
-                    QStringLiteral("\"%1\" is no date and time.\n\nType it like %2, or only a time of today like 8:30.")
+                    Say("\"%1\" is no date and time.\n\nType it like %2, or only a time of today like 8:30.")
                         .arg(ui_->Texts_0->text(), DateTimeText(time_.Now(), QLocale())),
                     [this] {
                         ui_->Texts_0->setFocus();

@@ -3,14 +3,13 @@
 #include "clock/JobItem.h"
 #include "platform/dao/Database.h"
 #include "platform/dao/Error.h"
+#include "platform/system/Say.h"
 
 #include <QLoggingCategory>
 
 namespace {
 
 Q_LOGGING_CATEGORY(log, "stemp.clock")
-
-const QString tooLargeName = QStringLiteral("(too large to be read)");
 
 } // namespace
 
@@ -52,11 +51,11 @@ QStringList ReadProjects(dao::Database &database)
     QStringList items;
     for (const QVariantList &row : database.SelectRows({QStringLiteral("Projects"), fields, 1}, purpose))
         items.append(JobItemText(dao::IsTooLarge(row[1]) ? TooLargeId(row[0].toLongLong()) : row[1].toString(),
-                                 dao::IsTooLarge(row[2]) ? tooLargeName : row[2].toString()));
+                                 dao::IsTooLarge(row[2]) ? Say("(too large to be read)") : row[2].toString()));
     return items;
 }
 
 QString TooLargeId(qint64 rowid)
 {
-    return QStringLiteral("(too large, row %1)").arg(rowid);
+    return Say("(too large, row %1)").arg(rowid);
 }

@@ -221,7 +221,7 @@ void StempWin::SaveAndUnload()
 void StempWin::StempInLook()
 {
     parts_.clock.state.IsStempedIn = true;
-    ui_->InOutButton->setText(QStringLiteral("Stemp &OUT"));
+    ui_->InOutButton->setText(Say("Stemp &OUT"));
     SetBackColor(green);
     setWindowIcon(iconIn_);
     setWindowTitle(parts_.clock.state.CurrentJob);
@@ -230,10 +230,10 @@ void StempWin::StempInLook()
 void StempWin::StempOutLook()
 {
     parts_.clock.state.IsStempedIn = false;
-    ui_->InOutButton->setText(QStringLiteral("Stemp &IN"));
+    ui_->InOutButton->setText(Say("Stemp &IN"));
     SetBackColor(red);
     setWindowIcon(iconOut_);
-    setWindowTitle(parts_.identity.UserInitials + QStringLiteral(" Out"));
+    setWindowTitle(Say("%1 Out").arg(parts_.identity.UserInitials));
 }
 
 void StempWin::ShowAlertIcon(bool on)
@@ -378,11 +378,11 @@ void StempWin::DeleteJob(const QString &item)
         return;
     const auto tell = [this, item](bool written) {
         if (!written)
-            prompts_.MsgBox(this, QStringLiteral("The job\n%1\ncould not be deleted, because the job list is locked, "
-                                                 "write-protected or not there. Please try again.")
+            prompts_.MsgBox(this, Say("The job\n%1\ncould not be deleted, because the job list is locked, "
+                                      "write-protected or not there. Please try again.")
                                       .arg(item));
     };
-    prompts_.AskYesNo(this, QStringLiteral("Do you want to DELETE %1 ?").arg(item), [this, item, tell](bool yes) {
+    prompts_.AskYesNo(this, Say("Do you want to DELETE %1 ?").arg(item), [this, item, tell](bool yes) {
         if (yes)
             parts_.jobDatabase.DeleteJob(this, item, tell);
     });

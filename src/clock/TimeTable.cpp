@@ -1,6 +1,7 @@
 #include "clock/TimeTable.h"
 
 #include "platform/dao/DateValue.h"
+#include "platform/system/Say.h"
 #include "platform/system/TimeSource.h"
 
 #include <QFileInfo>
@@ -293,7 +294,7 @@ QList<TimeRow> TimeTable::StoredRows(const QString &source, const QVariantList &
     if (hasStempIds_)
         fields.append(u"StempId"_s);
     const auto text = [](const QVariant &value) {
-        return dao::IsTooLarge(value) ? u"(too large to be read)"_s : value.toString();
+        return dao::IsTooLarge(value) ? Say("(too large to be read)") : value.toString();
     };
     for (const QVariantList &number : database_.Select(u"SELECT Id FROM "_s + source, values, purpose)) {
         const qint64 id = number.value(0).toLongLong();

@@ -80,7 +80,7 @@ void SummaryOutput::SaveCsv(const Summary &summary)
 
 void SummaryOutput::PickRowsFile(const QDate &from, const QDate &to, std::function<void(const QString &path)> then)
 {
-    PickPath(Say("Save the time rows as CSV"), DocumentName(from, to) + u" rows"_s, u"*.csv"_s, std::move(then));
+    PickPath(Say("Save the time rows as CSV"), Say("%1 rows").arg(DocumentName(from, to)), u"*.csv"_s, std::move(then));
 }
 
 void SummaryOutput::SaveRows(const QString &path, const QByteArray &content)
@@ -91,7 +91,7 @@ void SummaryOutput::SaveRows(const QString &path, const QByteArray &content)
 
 QString SummaryOutput::DocumentName(const QDate &from, const QDate &to) const
 {
-    return u"%1 %2 to %3"_s.arg(userInitials_, from.toString(Qt::ISODate), to.toString(Qt::ISODate));
+    return Say("%1 %2 to %3").arg(userInitials_, from.toString(Qt::ISODate), to.toString(Qt::ISODate));
 }
 
 void SummaryOutput::PickPath(const QString &title, const QString &name, const QString &filter,

@@ -32,12 +32,17 @@ bool IsOwnName(const QString &upperName)
            || upperName.startsWith(QStringLiteral("SQLITE_")) || upperName.startsWith(QStringLiteral("PRAGMA_"));
 }
 
+QString Quoted(const QString &name)
+{
+    return QStringLiteral("\u201c%1\u201d").arg(name);
+}
+
 // Why no file can be named so.
 QString FileNameRefusal(const QString &name)
 {
     if (name.isEmpty())
         return {};
-    const QString quoted = QStringLiteral("\u201c%1\u201d").arg(name);
+    const QString quoted = Quoted(name);
     static const QRegularExpression forbidden(QStringLiteral("[<>:\"/\\\\|?*\\x00-\\x1f\\x7f]"));
     const QRegularExpressionMatch match = forbidden.match(name);
     if (match.hasMatch()) {
@@ -87,6 +92,6 @@ QString IdentityRefusal(const QString &name)
 {
     const QString refusal = FileNameRefusal(name);
     if (refusal.isEmpty() && IsOwnName(name.toUpper()))
-        return QStringLiteral("\u201c%1\u201d cannot be used: the program reserves this name for itself.").arg(name);
+        return Say("%1 cannot be used: the program reserves this name for itself.").arg(Quoted(name));
     return refusal;
 }

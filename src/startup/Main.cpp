@@ -63,12 +63,13 @@ void Main::Tell(const QString &message)
 bool Main::FindProgramFolder()
 {
     if (!Module1::FindAppFolder(program_.system, program_.identity)) {
-        Tell(QStringLiteral("Cannot run the program!\r\nCheck shortcut 'Start In' (must point to location of %1.EXE)")
-                 .arg(program_.system.ExecutableName()));
+        Tell(Say("Cannot run the program!") + QStringLiteral("\r\n")
+             + Say("Check shortcut 'Start In' (must point to location of %1.EXE)")
+                   .arg(program_.system.ExecutableName()));
         return false;
     }
     if (!DataFiles::FileExists(program_.identity.InAppFolder(QStringLiteral("Blank.mdb")))) {
-        Tell(QStringLiteral("File missing: Blank.mdb"));
+        Tell(Say("File missing: Blank.mdb"));
         return false;
     }
     return true;

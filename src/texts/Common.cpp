@@ -2,6 +2,7 @@
 
 #include "platform/forms/Form.h"
 #include "platform/forms/Prompts.h"
+#include "platform/system/Say.h"
 #include "texts/ControlIndex.h"
 #include "texts/Danish.h"
 #include "texts/Help.h"
@@ -16,8 +17,8 @@ namespace {
 
 Q_LOGGING_CATEGORY(log, "stemp.texts")
 
-constexpr QLatin1String loadQuestion("Load '%1' properties from DATABASE?");
-constexpr QLatin1String saveQuestion("Save '%1' properties to DATABASE?");
+const char *const loadQuestion = QT_TRANSLATE_NOOP("Messages", "Load '%1' properties from DATABASE?");
+const char *const saveQuestion = QT_TRANSLATE_NOOP("Messages", "Save '%1' properties to DATABASE?");
 
 } // namespace
 
@@ -97,13 +98,13 @@ int Common::FindControlIndex(const Form &form, const QString &key)
 }
 
 // Only the makers are asked. A window can neither go on loading nor be gone before they have answered.
-bool Common::Confirm(Form &form, QLatin1String question)
+bool Common::Confirm(Form &form, const char *question)
 {
     if (!state_.DevMode)
         return true;
     const auto confirmed = std::make_shared<bool>(false);
     WaitFor([&](const std::function<void()> &done) {
-        prompts_.AskYesNo(&form, QString(question).arg(form.Name()), [confirmed, done](bool yes) {
+        prompts_.AskYesNo(&form, Say(question).arg(form.Name()), [confirmed, done](bool yes) {
             *confirmed = yes;
             done();
         });

@@ -61,7 +61,7 @@ private:
         dao::Recordset rows;
     };
 
-    bool Confirm(Form &form, QLatin1String question);
+    bool Confirm(Form &form, const char *question);
     dao::Recordset *RowsOf(const Form &form); // nothing when its table could not be read
     QString HelpOf(const Form &form, const QString &key);
     void PutShippedBack(Form &form); // once the person has agreed

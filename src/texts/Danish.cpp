@@ -16,12 +16,13 @@ struct DanishTexts : QTranslator
     }
 };
 
+// What the program says, and Qt on the buttons of its boxes.
 struct DanishMessages : DanishTexts
 {
     QString translate(const char *context, const char *english, const char *disambiguation, int n) const override
     {
-        return qstrcmp(context, "Messages") == 0 ? DanishTexts::translate(context, english, disambiguation, n)
-                                                 : QString();
+        const bool isSaid = qstrcmp(context, "Messages") == 0 || qstrcmp(context, "QPlatformTheme") == 0;
+        return isSaid ? DanishTexts::translate(context, english, disambiguation, n) : QString();
     }
 };
 

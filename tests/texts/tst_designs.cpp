@@ -143,6 +143,9 @@ private slots:
     {
         const QString chain = u"((?:\"(?:[^\"\\\\]|\\\\.)*\"\\s*)+)\\)"_s;
         const QRegularExpression marked(u"(?:QT_TRANSLATE_NOOP\\(\\s*\"(\\w+)\",|\\bSay\\()\\s*"_s + chain);
+        const QRegularExpression unsaid(
+            u"(?:\\bu|QStringLiteral\\(\\s*|QLatin1String(?: \\w+)?\\(\\s*)"
+            "(\"(?:\\\\n|\\\\\")*[&( ]*(?:[A-Z][a-z]+|%\\d)[:\\\\\"]* [a-z\"][^\"\\n]*|\"\\([a-z]{3})"_s);
         QStringList wanting;
         int said = 0;
         QDirIterator files(QStringLiteral(SOURCE_FOLDER), {u"*.cpp"_s, u"*.h"_s}, QDir::Files,
@@ -159,12 +162,15 @@ private slots:
                 if (danish.isEmpty() || PlacesIn(danish) != PlacesIn(english))
                     wanting.append(file.fileName() + u": "_s + english);
             }
+            for (auto found = unsaid.globalMatch(source); found.hasNext();)
+                wanting.append(file.fileName() + u" does not say "_s + found.next().captured(1));
         }
-        QVERIFY(said > 50);
+        QVERIFY(said > 100);
         QCOMPARE(wanting.join(u'\n'), QString());
 
         SayInDanish(true);
         QCOMPARE(Say("&Try again"), u"&Prøv igen"_s);
+        QCOMPARE(QCoreApplication::translate("QPlatformTheme", "&Yes"), u"&Ja"_s);  // of a box's buttons
         QCOMPARE(QCoreApplication::translate("StempWin", "&Recent"), u"&Recent"_s); // a design's
         SayInDanish(false);
         QCOMPARE(Say("&Try again"), u"&Try again"_s);

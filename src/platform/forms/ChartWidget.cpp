@@ -353,6 +353,6 @@ void ChartWidget::Describe()
     for (const Bar &bar : bars_.first(std::min(bars_.size(), mostDescribed)))
         values.append(Say("%1: %2 hours").arg(bar.label, ValueText(bar.value)));
     if (bars_.size() > mostDescribed)
-        values.append(u"and %1 more"_s.arg(bars_.size() - mostDescribed));
+        values.append(Say("and %1 more").arg(bars_.size() - mostDescribed));
     setAccessibleDescription(bars_.isEmpty() ? emptyText_ : values.join(u"; "_s));
 }
