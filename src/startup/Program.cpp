@@ -7,12 +7,15 @@
 #include <QFileInfo>
 #include <QLoggingCategory>
 
+#include <cstdlib>
+
 using namespace std::chrono_literals;
 
 namespace {
 
 Q_LOGGING_CATEGORY(log, "stemp.startup")
 
+constexpr std::chrono::seconds untilSetAside = 2s;  // of a damaged time database, since it was last written
 constexpr std::chrono::milliseconds exitLimit = 2s; // what a company file that does not answer may cost at exit
 
 } // namespace
@@ -56,10 +59,15 @@ bool Program::OpenTimeTable(const QString &path)
 
 TimeFile::Outcome Program::MakeSureOfTimeDb(bool damaged)
 {
-    // A file that a person is just copying back is not whole either. One that is damaged stays as it is until the next look.
+    // A file that a person is just copying back is not whole either: a damaged one is to stay as it is for a while. One stemp
+    // looks several times.
     const QFileInfo file(timeTable.Path());
     const std::pair found(file.size(), file.lastModified());
-    if (damaged && std::exchange(damagedTimeDb_, found) != found)
+    if (damaged && found != damagedTimeDb_) {
+        damagedTimeDb_ = found;
+        damagedSince_ = time.Now();
+    }
+    if (damaged && std::abs(damagedSince_.secsTo(time.Now())) < untilSetAside.count())
         return {{}, TroubleText(dao::ErrorKind::Corrupt)};
     const Module1::TimeDbChoice choice = Module1::PrepareTimeDb(identity, time.Now(), damaged);
     return {choice.message, choice.trouble};

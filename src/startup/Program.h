@@ -54,5 +54,6 @@ private:
     TimeFile::Outcome MakeSureOfTimeDb(bool damaged);
 
     std::pair<qint64, QDateTime> damagedTimeDb_; // size and time of the file that was found damaged last
+    QDateTime damagedSince_;                     // when it was first found so
     std::optional<bool> closed_;                 // what CloseDatabases said
 };

@@ -376,6 +376,8 @@ private slots:
         QCOMPARE(folder.Rows(timeFile, allRows), u"A a 1"_s);
         folder.Write(timeFile, "no database any more");
         copy.main.Window()->StempOut(); // it may be just being copied
+        QCOMPARE(folder.Names().filter(u".damaged-"_s).size(), 0);
+        copy.time.now = copy.time.now.addSecs(3);
         copy.main.Window()->StempIn(u"B : b"_s);
         QCOMPARE(folder.Rows(timeFile, allRows), u"A a 0, B b 1"_s);
         QTRY_COMPARE(copy.prompts.messages.size(), 2);
