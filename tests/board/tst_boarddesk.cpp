@@ -193,7 +193,7 @@ private slots:
         QVERIFY(anna.prompts.messages.isEmpty());
     }
 
-    void KeepsAStatusUntilItCanBeWritten()
+    void KeepsStateAndStatusUntilTheyCanBeWritten()
     {
         Team team({u"anna"_s});
         const QString company = team.company.File(companyFile);
@@ -211,12 +211,14 @@ private slots:
         QVERIFY(QFile::rename(company, away));
         team.Start(u"anna"_s); // the copy of the file on this machine stands in for it
         QTRY_COMPARE(Shown(team[u"anna"_s]), QStringList(u"ANNA="_s));
-        QVERIFY(SetStatus(team[u"anna"_s], 0, u"back"_s));
+        RunningCopy &again = team[u"anna"_s];
+        QVERIFY(!again.Find<QAction>("mnuCreateJob")->isEnabled());
+        again.main.Window()->StempIn(u"A : a"_s);
+        QVERIFY(SetStatus(again, 0, u"back"_s));
         QVERIFY(QFile::rename(away, company));
-        team[u"anna"_s].program.jobDatabase.LookForConfigured();
-        team[u"anna"_s].Poll();
-        QCOMPARE(team.company.Rows(companyFile, u"SELECT Comment FROM Users"_s), u"back"_s);
-        QVERIFY(team[u"anna"_s].prompts.messages.isEmpty());
+        again.program.jobDatabase.LookForConfigured();
+        QCOMPARE(team.company.Rows(companyFile, u"SELECT State, Comment FROM Users"_s), u"-1 back"_s);
+        QVERIFY(again.program.jobDatabase.EnterpriseOn && again.prompts.messages.isEmpty());
     }
 
     void SaysThatItCannotWriteAndCatchesUp()
@@ -296,16 +298,19 @@ private slots:
         Team team({u"anna"_s, u"bo"_s});
         RunningCopy &anna = team[u"anna"_s];
         RunningCopy &bo = team[u"bo"_s];
-        QWidget &board = bo.main.Desk()->Window();
-        QTRY_VERIFY(board.isVisible());
+        MessageBoard &board = bo.main.Desk()->Window();
+        QTRY_VERIFY(board.isVisible() && board.IsSettled());
+        const Geometry place = board.StoredGeometry();
         team.company.Sql(companyFile, u"WITH RECURSIVE n(i) AS (SELECT 10 UNION ALL SELECT i + 1 FROM n WHERE i < 49) "
                                       "INSERT INTO Users (User) SELECT 'B' || i FROM n"_s);
         team.Poll({u"anna"_s, u"bo"_s});
         Send(anna, 41, u"one"_s);
         Grid(bo)->scrollToBottom();
-        board.showMinimized();
+        board.close();
+        QVERIFY(board.isMinimized());
         bo.Poll();
-        QVERIFY(!board.isMinimized());
+        QTRY_VERIFY(!board.isMinimized() && board.IsSettled());
+        QCOMPARE(board.StoredGeometry(), place);
         QVERIFY(Grid(bo)->rect().contains(Grid(bo)->visualRect(Grid(bo)->model()->index(0, 1))));
         board.showMinimized();
         bo.Poll();

@@ -28,13 +28,10 @@ struct ShownBoard : AtWindow
 {
     explicit ShownBoard(const std::vector<Board::Row> &rows = people)
     {
-        texts.stored = [this](Form &loading) { loading.SetStoredGeometry(place); };
-        form.Load();
+        Open(form);
         form.ShowRows(rows, now);
-        form.PopUp(false);
     }
 
-    const Geometry place{1507.5, 1203.25, 9000.5, 6280}; // as stored
     MessageBoard form{texts};
     QTableView &grid{*form.findChild<QTableView *>(u"UserGrid"_s)};
 };
@@ -131,18 +128,6 @@ private slots:
         QTest::keyClick(board.form.focusWidget(), Qt::Key_Return);
         QTest::mouseClick(board.grid.horizontalHeader()->viewport(), Qt::LeftButton, {}, {40, 5});
         QCOMPARE(seen.join(u' '), u"2,0 1,1 1,0 Bjørn 1,0 -1,0"_s);
-    }
-
-    void ComesBackFromTheTaskBarWhereItWas()
-    {
-        ShownBoard board;
-        QTRY_VERIFY(board.form.IsSettled());
-        board.form.close();
-        board.form.PopUp(false);
-        QVERIFY(board.form.isMinimized());
-        board.form.PopUp(true);
-        QTRY_VERIFY(!board.form.isMinimized() && board.form.IsSettled());
-        QCOMPARE(board.form.StoredGeometry(), board.place);
     }
 
     void Sends_data()

@@ -146,22 +146,6 @@ private slots:
         }
     }
 
-    void LinesKeepTheirEnds()
-    {
-        for (const Geometry &ends : {Geometry{150, 300, 1504.5, 900}, Geometry{150, 900, 1500, 300},
-                                     Geometry{1500, 900, 150, 300}, Geometry{150, 1500, 150, 300}}) {
-            QWidget surface;
-            LineWidget line(&surface);
-            line.setObjectName(u"Lines_3"_s);
-            line.setProperty("Index", 3);
-            const auto control = MakeControl(line);
-            control->SetPlace(ends);
-            QCOMPARE(*control->Place(), ends);
-            line.move(line.pos() + QPoint(2, 0));
-            QCOMPARE(control->Place()->left, ToTwips(ToPixels(ends)).left + 30);
-        }
-    }
-
     void OptionButtonsExcludeEachOtherByFrame()
     {
         TestForm form(services_);

@@ -179,26 +179,20 @@ private slots:
         }
     }
 
-    void NeverDrifts_data()
-    {
-        QTest::addColumn<Geometry>("stored");
-        QTest::newRow("the design") << Geometry();
-        QTest::newRow("between the pixels") << Geometry{1507.5, 1203.25, 9000.5, 6280};
-        QTest::newRow("larger than the screen") << Geometry{0, 0, 40000, 30000};
-        QTest::newRow("title bar nearly out of reach") << Geometry{11895, 11895, 9000, 6000};
-    }
-
     void NeverDrifts()
     {
-        QFETCH(Geometry, stored);
         RememberingServices services;
-        if (stored != Geometry())
-            services.stored = stored;
-        else
-            stored = TestForm(services).DesignGeometry();
-        for (const Way way : {Hidden, Short, Settled, Minimized, Maximized, Settled}) {
-            OpenAndClose(services, way);
-            QCOMPARE(*services.stored, stored);
+        const Geometry designed = TestForm(services).DesignGeometry();
+        for (const Geometry &stored : {designed,
+                                       {1507.5, 1203.25, 9000.5, 6280}, // between the pixels
+                                       {0, 0, 40000, 30000},            // larger than the screen
+                                       {11895, 11895, 9000, 6000}}) {   // the title bar is nearly out of reach
+            if (stored != designed)
+                services.stored = stored;
+            for (const Way way : {Hidden, Short, Settled, Minimized, Maximized, Settled}) {
+                OpenAndClose(services, way);
+                QCOMPARE(*services.stored, stored);
+            }
         }
     }
 

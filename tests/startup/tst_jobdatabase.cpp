@@ -62,66 +62,57 @@ class TestJobDatabase : public QObject
     Q_OBJECT
 
 private slots:
-    void TakesTheConfiguredFileOfAnyVersion_data()
-    {
-        QTest::addColumn<QStringList>("statements");
-        QTest::newRow("knows more") << QStringList(
-            {u"ALTER TABLE Users ADD COLUMN Phone TEXT DEFAULT '-'"_s, u"CREATE TABLE Rooms (Room TEXT)"_s});
-        QTest::newRow("knows less") << QStringList({u"DROP TABLE Users"_s, u"CREATE TABLE Users (User TEXT)"_s});
-    }
-
     void TakesTheConfiguredFileOfAnyVersion()
     {
-        QFETCH(QStringList, statements);
-        const WithCompany folder;
-        for (const QString &statement : statements)
-            folder.Sql(companyFile, statement);
-        Copy copy(folder);
-        copy.jobs.Choose(folder.Company());
-        QVERIFY(copy.UsesCompany());
-        QVERIFY(!folder.Has(jobsFile));
-        QVERIFY(copy.jobs.RowsForLocalCopy(1s));
-        copy.jobs.AddSelfToUsers();
-        copy.jobs.Set_In({});
-        copy.jobs.FillJobList();
-        QCOMPARE(copy.lists.CompanyList.Items(), QStringList(u"C1 : x"_s));
-        QVERIFY(copy.jobs.Close(1s));
-        QCOMPARE(folder.Rows(companyFile, u"SELECT User, State FROM Users"_s), u"ANNA -1"_s);
-    }
-
-    void FallsBackToTheLocalCopyAndLooksForTheFile_data()
-    {
-        QTest::addColumn<QByteArray>("content"); // of the configured file
-        QTest::newRow("missing") << QByteArray();
-        QTest::newRow("no database") << QByteArray("Dear diary, ").repeated(1000);
-        QTest::newRow("lacks the users") << ProgramFolder().Content(u"Blank.mdb"_s);
+        const QStringList more{u"ALTER TABLE Users ADD COLUMN Phone TEXT DEFAULT '-'"_s,
+                               u"CREATE TABLE Rooms (Room)"_s};
+        const QStringList less{u"DROP TABLE Users"_s, u"CREATE TABLE Users (User TEXT)"_s};
+        for (const QStringList &statements : {more, less}) {
+            const WithCompany folder;
+            for (const QString &statement : statements)
+                folder.Sql(companyFile, statement);
+            Copy copy(folder);
+            copy.jobs.Choose(folder.Company());
+            QVERIFY(copy.UsesCompany());
+            QVERIFY(!folder.Has(jobsFile));
+            QVERIFY(copy.jobs.RowsForLocalCopy(1s));
+            copy.jobs.AddSelfToUsers();
+            copy.jobs.Set_In({});
+            copy.jobs.FillJobList();
+            QCOMPARE(copy.lists.CompanyList.Items(), QStringList(u"C1 : x"_s));
+            QVERIFY(copy.jobs.Close(1s));
+            QCOMPARE(folder.Rows(companyFile, u"SELECT User, State FROM Users"_s), u"ANNA -1"_s);
+        }
     }
 
     void FallsBackToTheLocalCopyAndLooksForTheFile()
     {
-        QFETCH(QByteArray, content);
-        const ProgramFolder folder;
-        const QString company = folder.File(companyFile);
-        if (!content.isEmpty())
-            folder.Write(companyFile, content);
-        Copy copy(folder);
-        copy.jobs.Choose(company);
-        QVERIFY(copy.UsesLocalCopy());
-        QCOMPARE(copy.jobs.CompanyPath, folder.File(jobsFile));
-        copy.jobs.AddSelfToUsers();
-        copy.jobs.Set_In({}); // presence writes are skipped
-        copy.jobs.LookForConfigured();
-        QVERIFY(copy.found.isEmpty() && copy.jobs.LooksForConfigured());
-        QCOMPARE(folder.Content(companyFile), content);
-        QCOMPARE(folder.Rows(jobsFile, u"SELECT User, State FROM Users"_s), u"ANNA 0"_s);
+        const QByteArray noDatabase = QByteArray("Dear diary, ").repeated(1000);
+        const QByteArray withoutUsers = ProgramFolder().Content(u"Blank.mdb"_s);
+        for (const QByteArray &content : {QByteArray(), noDatabase, withoutUsers}) { // at first: missing
+            const ProgramFolder folder;
+            const QString company = folder.File(companyFile);
+            if (!content.isEmpty())
+                folder.Write(companyFile, content);
+            Copy copy(folder);
+            copy.jobs.Choose(company);
+            QVERIFY(copy.UsesLocalCopy());
+            QCOMPARE(copy.jobs.CompanyPath, folder.File(jobsFile));
+            copy.jobs.AddSelfToUsers();
+            copy.jobs.Set_In({}); // presence writes are skipped
+            copy.jobs.LookForConfigured();
+            QVERIFY(copy.found.isEmpty() && copy.jobs.LooksForConfigured());
+            QCOMPARE(folder.Content(companyFile), content);
+            QCOMPARE(folder.Rows(jobsFile, u"SELECT User, State FROM Users"_s), u"ANNA 0"_s);
 
-        QFile::remove(company);
-        folder.MakeJobs(companyFile);
-        copy.jobs.LookForConfigured();
-        QCOMPARE(copy.found.value(0).value(0).toString(), company);
-        QVERIFY(copy.UsesLocalCopy()); // it is found, not taken
-        copy.jobs.Choose(company);
-        QVERIFY(copy.UsesCompany() && !copy.jobs.LooksForConfigured());
+            QFile::remove(company);
+            folder.MakeJobs(companyFile);
+            copy.jobs.LookForConfigured();
+            QCOMPARE(copy.found.value(0).value(0).toString(), company);
+            QVERIFY(copy.UsesLocalCopy()); // it is found, not taken
+            copy.jobs.Choose(company);
+            QVERIFY(copy.UsesCompany() && !copy.jobs.LooksForConfigured());
+        }
     }
 
     void SeesWhatOthersDoToTheList()

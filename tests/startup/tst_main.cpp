@@ -157,33 +157,23 @@ private slots:
         QCOMPARE(folder.Rows(jobsFile, u"SELECT JobID FROM Projects"_s), u"K-1"_s);
     }
 
-    void SaysWhyTheCompanyFileIsNotUsed_data()
-    {
-        QTest::addColumn<QString>("file");
-        QTest::addColumn<QString>("cause");
-        QTest::newRow("folder") << u"folder"_s << u"is a folder"_s;
-        QTest::newRow("text") << u"diary.mdb"_s << u"is no database"_s;
-        QTest::newRow("other tables") << u"Blank.mdb"_s << u"of another program"_s;
-        QTest::newRow("nothing") << u"away.mdb"_s << u"is not there"_s;
-    }
-
     void SaysWhyTheCompanyFileIsNotUsed()
     {
-        QFETCH(QString, file);
-        QFETCH(QString, cause);
         const ProgramFolder folder;
         QDir(folder.Path()).mkdir(u"folder"_s);
         folder.Write(u"diary.mdb"_s, "Dear diary");
-        {
+        QVERIFY(RunningCopy(folder).Start());
+        for (const auto &[file, cause] : {std::pair(u"folder"_s, u"is a folder"_s),
+                                          {u"diary.mdb"_s, u"is no database"_s},
+                                          {u"Blank.mdb"_s, u"of another program"_s},
+                                          {u"away.mdb"_s, u"is not there"_s}}) {
+            folder.Sql(personalFile, u"UPDATE AdminForm SET Value = ? WHERE Name = 'EnterpriseMDBText'"_s,
+                       {folder.File(file)});
             RunningCopy copy(folder);
             QVERIFY(copy.Start());
-            copy.Close();
+            const QString notice = copy.main.Desk()->Window().Notice();
+            QVERIFY2(notice.contains(cause), qPrintable(notice));
         }
-        folder.Sql(personalFile, u"UPDATE AdminForm SET Value = ? WHERE Name = 'EnterpriseMDBText'"_s,
-                   {folder.File(file)});
-        RunningCopy copy(folder);
-        QVERIFY(copy.Start());
-        QVERIFY2(copy.main.Desk()->Window().Notice().contains(cause), qPrintable(copy.main.Desk()->Window().Notice()));
     }
 
     void SwitchesOverToWhatTheSettingsSay()
@@ -214,29 +204,6 @@ private slots:
         QCOMPARE(menus(), std::pair(true, false));
     }
 
-    void TakesUpTheCompanyFileWhenItIsThere()
-    {
-        const ProgramFolder folder;
-        folder.MakeJobs(companyFile, {u"C1"_s});
-        {
-            RunningCopy copy(folder);
-            QVERIFY(copy.Start());
-            copy.Accept(RunningCopy::TypePath(folder.File(companyFile)));
-            copy.Close();
-        }
-        QVERIFY(QFile::rename(folder.File(companyFile), folder.File(u"away.mdb"_s)));
-        RunningCopy copy(folder);
-        QVERIFY(copy.Start());
-        QVERIFY(!copy.Find<QAction>("mnuCreateJob")->isEnabled());
-        copy.main.Window()->StempIn(u"A : a"_s);
-        QVERIFY(QFile::rename(folder.File(u"away.mdb"_s), folder.File(companyFile)));
-        copy.program.jobDatabase.LookForConfigured();
-        QVERIFY(copy.program.jobDatabase.EnterpriseOn);
-        QCOMPARE(folder.Rows(companyFile, allUsers), u"ANNA -1"_s);
-
-        QVERIFY(copy.prompts.messages.isEmpty());
-    }
-
     // The dialog stays loaded until the end, however often it was shown by then.
     void KeepsTheSettingsAtTheEnd()
     {
@@ -260,10 +227,14 @@ private slots:
             QTest::keyClick(ok, Qt::Key_F1);
             QCOMPARE(Child<QPlainTextEdit>(*ShownWindow(u"Help"_s), "HelpText")->toPlainText(), u"mine"_s);
             QCOMPARE(copy.program.LocalDB.Select(stored, {}, {}), before); // a kill would lose it
-            if (sessionEnds)
+            if (sessionEnds) {
+                copy.main.Window()->StempIn(u"A : a"_s); // the row stays open
                 copy.main.EndSession();
-            else
+                QVERIFY(copy.prompts.messages.isEmpty());
+                QCOMPARE(folder.Rows(timeFile, allRows), u"A a 1"_s);
+            } else {
                 copy.Close();
+            }
             QCOMPARE(folder.Rows(personalFile, stored), sessionEnds ? u"30 ,  Fine"_s : u"20 ,  Good"_s);
         }
     }
@@ -307,50 +278,34 @@ private slots:
         QCOMPARE(folder.Rows(timeFile, allRows), u"A a 1"_s);
     }
 
-    void LeavesTheRowOpenWhenTheSessionEnds()
-    {
-        const ProgramFolder folder;
-        RunningCopy copy(folder);
-        QVERIFY(copy.Start());
-        copy.main.Window()->StempIn(u"A : a"_s);
-        copy.main.EndSession();
-        QVERIFY(copy.prompts.messages.isEmpty());
-        QCOMPARE(folder.Rows(timeFile, allRows), u"A a 1"_s);
-    }
-
-    void KeepsAStempThatItsFileRefuses_data()
-    {
-        QTest::addColumn<bool>("parked");
-        QTest::newRow("parked until the next start") << true;
-        QTest::newRow("asked about at closing") << false; // as neither file takes it
-    }
-
+    // Parked until the next start, or, as neither file takes it, asked about at closing.
     void KeepsAStempThatItsFileRefuses()
     {
-        QFETCH(bool, parked);
-        const ProgramFolder folder;
-        {
-            RunningCopy copy(folder);
-            QVERIFY(copy.Start());
-            const auto *note = copy.Find<QLabel>("UnsavedLabel");
-            QVERIFY(note->isHidden());
-            Holder backup(folder.File(timeFile), Holder::Writing);
-            if (!parked)
-                copy.program.LocalDB.Execute(u"ALTER TABLE ParkedStemps RENAME COLUMN Person TO Nobody"_s, {}, {});
-            copy.main.Window()->StempIn(u"A : a"_s);
-            QVERIFY(copy.Clock().IsStempedIn); // the look changes all the same
-            QVERIFY(!note->isHidden());
-            QCOMPARE(note->text().contains(u"in memory only"_s), !parked);
-            copy.main.Window()->StempOut();
-            copy.prompts.whileAsking = [&] { backup.LetGo(); }; // the person waits
-            copy.Close();
-            QCOMPARE(copy.prompts.messages.size(), parked ? 0 : 1);
-            QCOMPARE(folder.Rows(timeFile, allRows), parked ? QString() : u"A a 0"_s);
+        for (const bool parked : {true, false}) {
+            const ProgramFolder folder;
+            {
+                RunningCopy copy(folder);
+                QVERIFY(copy.Start());
+                const auto *note = copy.Find<QLabel>("UnsavedLabel");
+                QVERIFY(note->isHidden());
+                Holder backup(folder.File(timeFile), Holder::Writing);
+                if (!parked)
+                    copy.program.LocalDB.Execute(u"ALTER TABLE ParkedStemps RENAME COLUMN Person TO Nobody"_s, {}, {});
+                copy.main.Window()->StempIn(u"A : a"_s);
+                QVERIFY(copy.Clock().IsStempedIn); // the look changes all the same
+                QVERIFY(!note->isHidden());
+                QCOMPARE(note->text().contains(u"in memory only"_s), !parked);
+                copy.main.Window()->StempOut();
+                copy.prompts.whileAsking = [&] { backup.LetGo(); }; // the person waits
+                copy.Close();
+                QCOMPARE(copy.prompts.messages.size(), parked ? 0 : 1);
+                QCOMPARE(folder.Rows(timeFile, allRows), parked ? QString() : u"A a 0"_s);
+            }
+            RunningCopy next(folder);
+            QVERIFY(next.Start());
+            QCOMPARE(next.Clock().CurrentJob, u"A : a"_s);
+            QCOMPARE(folder.Rows(timeFile, allRows), u"A a 0"_s);
         }
-        RunningCopy next(folder);
-        QVERIFY(next.Start());
-        QCOMPARE(next.Clock().CurrentJob, u"A : a"_s);
-        QCOMPARE(folder.Rows(timeFile, allRows), u"A a 0"_s);
     }
 
     void MakesTheTimeFileAnewWhereverItIsMissed()

@@ -20,12 +20,13 @@ struct Clocked
         folder.Sql(jobsFile, u"INSERT INTO Projects (JobID, JobName) VALUES ('A1', 'Alpha lab'), "
                              "('B2', 'Ærø ferry'), ('LAB', 'Beta')"_s);
         copy = std::make_unique<RunningCopy>(folder);
-        started = copy->Start();
+        const bool started = copy->Start();
         window = copy->main.Window();
         text = copy->Find<QLineEdit>("TextUtil");
         list = copy->Find<QListView>("XList");
         button = copy->Find<QPushButton>("InOutButton");
-        started = started && QTest::qWaitForWindowActive(window);
+        if (!started || !QTest::qWaitForWindowActive(window))
+            throw std::logic_error("no main window");
     }
 
     QStringList Shown() const { return ShownRows(*list); }
@@ -38,7 +39,6 @@ struct Clocked
 
     const ProgramFolder folder;
     std::unique_ptr<RunningCopy> copy;
-    bool started = false;
     StempWin *window = nullptr;
     QLineEdit *text = nullptr;
     QListView *list = nullptr;
@@ -55,7 +55,6 @@ private slots:
     void StempsOnlyByClickAndEnter()
     {
         Clocked clocked;
-        QVERIFY(clocked.started);
         clocked.ClickText();
         QVERIFY(clocked.list->isVisible());
         QTest::keyClick(clocked.text, Qt::Key_Down); // into the list, whose first entry is selected then
@@ -87,7 +86,6 @@ private slots:
     void AClickPicksTheEntryUnderThePointer()
     {
         Clocked clocked;
-        QVERIFY(clocked.started);
         QStringList items;
         for (int i = 100; i < 400; ++i)
             items.append(u"K%1 : Company"_s.arg(i));
@@ -130,7 +128,6 @@ private slots:
     void SwitchesAndTogglesTheLists()
     {
         Clocked clocked;
-        QVERIFY(clocked.started);
         const JobLists &lists = clocked.copy->program.lists;
         QCOMPARE(lists.Mode, ListMode::Company); // nothing recent yet
         clocked.copy->Choose("mnuRecent");
@@ -154,7 +151,6 @@ private slots:
     void StempsWithTheButton()
     {
         Clocked clocked;
-        QVERIFY(clocked.started);
         clocked.button->setFocus();
         QTest::keyClick(clocked.button, Qt::Key_Space); // no job yet
         QVERIFY(!clocked.IsIn());
@@ -192,7 +188,6 @@ private slots:
     void DeletesCompanyJobsOnlyForAdministrators()
     {
         Clocked clocked;
-        QVERIFY(clocked.started);
         const auto pressDelete = [&] {
             clocked.ClickText();
             QTest::keyClick(clocked.text, Qt::Key_Down);
@@ -218,7 +213,6 @@ private slots:
     void TheGridFollowsTheWindowAndShowsTheNewestRow()
     {
         Clocked clocked;
-        QVERIFY(clocked.started);
         for (int i = 0; i < 60; ++i) {
             clocked.copy->time.Advance(60);
             clocked.window->StempIn(u"J%1 : job"_s.arg(i));

@@ -127,7 +127,7 @@ private slots:
     {
         const Geometry windowPlace{1500, 750, 9000, 6280};
         const Geometry okPlace{100.5, 200.25, 1500, 360};
-        const Geometry lineEnds{3000, 3000, 150, 4000};
+        const Geometry lineEnds{3000, 4000, 150.5, 3000}; // from the right, upwards
         {
             Run run(*db_);
             Window &window = run.window;
