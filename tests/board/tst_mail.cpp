@@ -33,7 +33,8 @@ struct Copy
     QString Unread()
     {
         QString ids;
-        for (const UnreadMessage &unread : Mail(localDB).Unread()) // as the next start reads them
+        Mail nextStart(localDB);
+        for (const UnreadMessage &unread : nextStart.Unread())
             ids += unread.id + u' ';
         return ids;
     }
