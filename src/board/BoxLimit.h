@@ -2,7 +2,7 @@
 
 #include <QLineEdit>
 
-// A box that takes only so many characters may cut amid one that is made of two. Its first half then goes as well.
+// A box that takes only so many characters may cut within one that is made of two. Its first half then goes as well.
 inline void KeepWholeCharacters(QLineEdit &box)
 {
     QObject::connect(

@@ -23,12 +23,12 @@ MessageBoard::MessageBoard(FormServices &services)
 {
     ui_->setupUi(this);
     SetUpGrid();
-    // The clock opens amid the screen. What is designed leaves room for the frame.
+    // The clock opens in the middle of the screen. What is designed leaves room for the frame.
     const QRect room = screen()->availableGeometry();
     const QPoint corner = room.bottomRight() - QPoint(width() + 40, height() + 60);
     move(std::max(corner.x(), room.left()), std::max(corner.y(), room.top()));
     RegisterControls();
-    setAttribute(Qt::WA_AlwaysShowToolTips); // it is glanced at while another window has the keys
+    setAttribute(Qt::WA_AlwaysShowToolTips); // it is glanced at while another window has the keyboard focus
 }
 
 MessageBoard::~MessageBoard() = default;
@@ -125,9 +125,9 @@ void MessageBoard::ShowAlertIcon(bool yellow)
 void MessageBoard::PopUp(bool restore)
 {
     setAttribute(Qt::WA_ShowWithoutActivating);
-    if (restore && isMinimized()) { // restored by the desktop, it would get the keys
+    if (restore && isMinimized()) { // restored by the desktop, it would get the keyboard focus
         hide();
-        destroy(); // a native window that is hidden would take the keys as soon as its state changes
+        destroy(); // a native window that is hidden would take the focus as soon as its state changes
         setWindowState(windowState() & ~Qt::WindowMinimized);
     }
     if (!isVisible())

@@ -21,20 +21,15 @@
 #include <QMenuBar>
 #include <QScrollBar>
 
-using namespace std::chrono_literals;
-
 namespace {
 
 constexpr QRgb green = 0xff008000;
 constexpr QRgb red = 0xffc00000;
-constexpr QRgb noteColor = 0xfffff0a0;
 
 constexpr double leastWidth = 6280; // twips; the frame comes on top
 constexpr double gridMargin = 280;  // twips: what the grid is narrower than the window
 constexpr double gridBottom = 120;  // twips left free below the grid
 constexpr double leastGridHeight = 500;
-
-constexpr std::chrono::milliseconds savePeriod = 3s; // between two tries to write rows that could not be written
 
 constexpr int jobColumn = 0; // of the grid
 constexpr int inColumn = 1;
@@ -103,14 +98,9 @@ StempWin::StempWin(FormServices &services, Prompts &prompts, StempWinParts parts
 
     pickList_ = std::make_unique<PickList>(*ui_->TextUtil, *ControlOf(*ui_->TextUtil), *ui_->XList, parts_.lists,
                                            parts_.clock.state);
-    saveTimer_.setInterval(savePeriod);
     setMinimumWidth(qCeil(leastWidth / twipsPerPixel));
 
-    QPalette note = ui_->UnsavedLabel->palette();
-    note.setColor(QPalette::Window, QColor(noteColor));
-    note.setColor(QPalette::WindowText, Qt::black);
-    ui_->UnsavedLabel->setPalette(note);
-    ui_->UnsavedLabel->setBackgroundRole(QPalette::Window); // not the surface's colour
+    SetUpSaving();
     Connect();
     ui_->mnuCreateJob->setEnabled(false);
 }
@@ -144,7 +134,6 @@ void StempWin::Connect()
     connect(ui_->mnuCreateJob, &QAction::triggered, this, &StempWin::mnuCreateJob_Click);
     connect(ui_->mnuAdmin, &QAction::triggered, this, &StempWin::AdminChosen);
     connect(&parts_.jobDatabase, &JobDatabase::JobListFilled, this, &StempWin::JobListFilled);
-    connect(&saveTimer_, &QTimer::timeout, this, &StempWin::SaveTimer_Timer);
 }
 
 StempWin::~StempWin() = default;
@@ -195,27 +184,6 @@ void StempWin::EndSession()
     if (notes_)
         notes_->Unload();
     Unload();
-}
-
-// Rows that neither file takes would be lost: the person may wait until one does, or leave all the same.
-void StempWin::SaveAndUnload()
-{
-    if (!IsLoaded()) // the session has ended
-        return;
-    TimeTable &table = parts_.timeTable;
-    const bool isKept = table.Flush() || table.IsAllKept();
-    ShowUnsaved();
-    if (isKept)
-        return Unload();
-    const UnsavedNotice notice = table.Notice();
-    const QString question =
-        Say("Your last stemps could not be saved. These files do not take them:\n\n%1\n(%2)\n\n%3\n(%4)\n\n"
-            "If you close the program now, the stemps are lost.")
-            .arg(table.Path(), notice.trouble, parts_.identity.LocalDBPath, notice.parkTrouble);
-    prompts_.AskChoice(this, question,
-                       {.answers = {Say("&Try again"), Say("&Close without saving")},
-                        .settled = [&table] { return table.IsAllKept(); }}, // the timer goes on trying
-                       [this](int answer) { answer != 0 ? Unload() : SaveAndUnload(); });
 }
 
 void StempWin::StempInLook()
@@ -423,40 +391,6 @@ void StempWin::Enterprise_Init()
         ui_->mnuCreateJob->setEnabled(configured.isEmpty() || configured == QDir::toNativeSeparators(jobs.CompanyPath));
     }
     emit EnterpriseReady();
-}
-
-void StempWin::SaveTimer_Timer()
-{
-    if (parts_.timeTable.Flush())
-        RefreshGrid();
-    ShowUnsaved();
-}
-
-void StempWin::ShowUnsaved()
-{
-    const QString notice = parts_.timeTable.Notice().Text();
-    ui_->UnsavedLabel->setText(notice);
-    ui_->UnsavedLabel->setVisible(!notice.isEmpty());
-    PlaceUnsavedLabel();
-    if (notice.isEmpty())
-        saveTimer_.stop();
-    else if (!saveTimer_.isActive())
-        saveTimer_.start();
-    const QString message = parts_.timeTable.TakeMessage();
-    if (!message.isEmpty()) // once the stemp is through
-        QTimer::singleShot(0, this, [this, message] { prompts_.MsgBox(this, message); });
-}
-
-// As wide as the grid. A text of several lines takes the place of the grid's captions, all of it: half of them would look torn.
-void StempWin::PlaceUnsavedLabel()
-{
-    QLabel &label = *ui_->UnsavedLabel;
-    const int width = ui_->StempGrid->width();
-    int height = label.isHidden() ? 0 : label.heightForWidth(width);
-    if (height > unsavedHeight_)
-        height = std::max(height, ui_->StempGrid->y() + ui_->StempGrid->horizontalHeader()->height() + 1 - label.y());
-    label.resize(width, std::max(unsavedHeight_, height));
-    label.stackUnder(ui_->XList);
 }
 
 void StempWin::Form_Resize()

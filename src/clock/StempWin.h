@@ -94,6 +94,7 @@ protected:
 
 private:
     void SetUpGrid();
+    void SetUpSaving();
     void Connect();
     void InOutButton_Click();
     void mnuNotes_Click();

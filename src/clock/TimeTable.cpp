@@ -113,7 +113,7 @@ QList<TimeRow> TimeTable::Rows(const QString &rollBackQuery)
     WaitAtMost(unsaved_.isEmpty() ? busyWait : repeatedWait);
     try {
         EnsureOpen();
-        // The query has no order of its own, and the engine may give the rows in that of their in-times, which is not that of
+        // The query has no order of its own, and SQLite may give the rows in that of their in-times, which is not that of
         // adding when the clock was set back. The "+" lets it still find them by the index of the in-times.
         lastRead_ = StoredRows(u'(' + rollBackQuery + u") ORDER BY +Id"_s, {}, u"reading the time rows"_s);
     } catch (const dao::Error &error) {

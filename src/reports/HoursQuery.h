@@ -5,7 +5,7 @@
 #include <QDate>
 #include <QString>
 
-// The statements that sum the hours of the table "Stemp", as the engine runs them once the date literals are translated. They
+// The statements that sum the hours of the table "Stemp", as SQLite runs them once the date literals are translated. They
 // need the functions CInt, Day, Month and Year on the connection.
 
 // Two dates, split for the statements.

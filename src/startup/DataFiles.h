@@ -8,7 +8,7 @@
 #include <optional>
 
 // The data files on disk: existence, copies of the templates, and setting damaged files aside. Nothing here opens a database
-// that could be open already: another handle on it would drop the engine's locks.
+// that could be open already: another handle on it would drop SQLite's locks.
 namespace DataFiles {
 
 // Exists and can be read, asked of the file system.

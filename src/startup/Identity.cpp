@@ -21,7 +21,7 @@ bool IsDeviceName(const QString &upperName)
 
 bool IsOwnName(const QString &upperName)
 {
-    // The program's own files, its tables and indexes in the company database, what belongs to the engine there, and the
+    // The program's own files, its tables and indexes in the company database, what belongs to SQLite there, and the
     // recipients that mean everybody.
     static const QStringList own{
         QStringLiteral("BLANK"),    QStringLiteral("JOBS"),  QStringLiteral("STEMP"), QStringLiteral("BLANK JOBS"),

@@ -41,7 +41,7 @@ QString CopyJobs(const QString &damaged, dao::Database &into)
 QString Mending::Mend(const QString &path, const QString &blank, const QDateTime &now, const Steps &steps)
 {
     const QString mended = MendedName(path);
-    const auto failed = [&](dao::ErrorKind kind) {
+    const auto failed = [&](dao::ErrorKind kind) -> QString { // not a builder of temporaries
         return Say("The file %1 is damaged.").arg(path) + u"\n\n"_s + DataFiles::WhyNotMade(kind, blank, path);
     };
     QFile::remove(mended);

@@ -21,7 +21,7 @@ struct Steps
     std::function<QString(const QString &damaged, dao::Database &into)> copy; // a sentence on what came along
 };
 
-// Sets the file at `path` aside once the new one is complete. Ended amid that, the program finds the damaged file at its next
+// Sets the file at `path` aside once the new one is complete. Ended in the middle of that, the program finds the damaged file at its next
 // start, or FinishInterrupted puts the new one in its place. What happened, for the person. Throws nothing.
 QString Mend(const QString &path, const QString &blank, const QDateTime &now, const Steps &steps);
 

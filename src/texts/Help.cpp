@@ -13,7 +13,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-// From the moment that a window comes up, or another one goes, until the system has settled which one has the keys.
+// From the moment that a window comes up, or another one goes, until the system has settled which one has the keyboard focus.
 constexpr auto settlingTime = 1s;
 
 constexpr int margin = 8;    // around the text
@@ -74,7 +74,7 @@ void Help::ComeUp(Form &asker)
 // Wayland's compositors, and some window managers, make each window that comes up the active one, whatever it asks for.
 bool Help::event(QEvent *event)
 {
-    // Afterwards, as the toolkit asks for this window itself while it becomes active.
+    // Afterwards, as Qt asks for this window itself while it becomes active.
     if (event->type() == QEvent::WindowActivate && asker_ && !handsOn_.hasExpired())
         QTimer::singleShot(0, asker_, [asker = asker_.get()] { asker->requestActivate(); });
     return Form::event(event);

@@ -185,7 +185,7 @@ private slots:
                     [](const auto &) { QFAIL("a result of a task that is gone"); });
                 sync->begun.acquire();
                 timeDb_.Execute(u"BEGIN EXCLUSIVE"_s, {}, {});
-                if (!hangs) // else it does so outside of the engine, which could be told to stop
+                if (!hangs) // else it does so outside of SQLite, which could be told to stop
                     sync->goOn.release();
             }
             if (hangs)

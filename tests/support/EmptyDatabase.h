@@ -4,12 +4,12 @@
 
 #include <QFile>
 
-// A new database without tables: the engine takes a file of no bytes for one.
+// A new database without tables: SQLite takes a file of no bytes for one.
 inline dao::Database EmptyDatabase(const QString &path)
 {
     QFile file(path);
     if (file.open(QFile::WriteOnly | QFile::NewOnly))
-        file.close(); // before the engine opens it
+        file.close(); // before SQLite opens it
     return dao::Database::OpenDatabase(path);
 }
 

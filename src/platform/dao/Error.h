@@ -27,11 +27,11 @@ enum class ErrorKind {
 class Error : public std::exception
 {
 public:
-    // `purpose` says what the operation was for, "adding a time row"; `detail` what the engine said.
+    // `purpose` says what the operation was for, "adding a time row"; `detail` what SQLite said.
     Error(ErrorKind kind, const QString &purpose, const QString &file, const QString &detail);
 
     ErrorKind Kind() const { return kind_; }
-    const QString &Text() const { return text_; } // purpose, file and the engine's own words on one line
+    const QString &Text() const { return text_; } // purpose, file and SQLite's own words on one line
     const char *what() const noexcept override { return utf8_.constData(); }
 
 private:

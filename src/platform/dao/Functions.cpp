@@ -52,10 +52,10 @@ template <int (QDate::*part)() const> void DatePart(sqlite3_context *context, in
 
 bool RegisterFunctions(sqlite3 *handle, std::function<QDateTime()> now)
 {
-    // Now is not declared deterministic, or the engine might keep its value in an index.
+    // Now is not declared deterministic, or SQLite might keep its value in an index.
     auto ownedNow = std::make_unique<NowFunction>(std::move(now));
     const auto destroy = [](void *function) { delete static_cast<NowFunction *>(function); };
-    // The engine takes the function over, and destroys it also when it refuses.
+    // SQLite takes the function over, and destroys it also when it refuses.
     const bool hasNow =
         sqlite3_create_function_v2(handle, "Now", 0, SQLITE_UTF8, ownedNow.release(), Now, nullptr, nullptr, destroy)
         == SQLITE_OK;

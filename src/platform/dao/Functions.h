@@ -14,7 +14,7 @@ namespace dao {
 //   CInt(number)               the nearest whole number as a REAL, halves to the even one; nearer to a half than
 //                              1/7200, which is less than a second in any unit, counts as a half
 //   Day(d), Month(d), Year(d)  of a date in days
-// False when the engine refuses one.
+// False when SQLite refuses one.
 bool RegisterFunctions(sqlite3 *handle, std::function<QDateTime()> now);
 
 } // namespace dao

@@ -51,7 +51,7 @@ Transaction::~Transaction()
 
 void Transaction::Commit()
 {
-    // A statement of its own: QSqlDatabase's commit() loses the engine's code. When it fails, the destructor rolls back.
+    // A statement of its own: QSqlDatabase's commit() loses SQLite's code. When it fails, the destructor rolls back.
     database_.Execute(QStringLiteral("COMMIT"), {}, purpose_);
     open_ = false;
 }

@@ -12,7 +12,7 @@ void ApplyApplicationFont(QApplication &)
     QApplication::setFont(font);
 }
 
-// What is read stays with the toolkit, for all threads; the answers are of no interest.
+// What is read stays with Qt, for all threads; the answers are of no interest.
 ToolkitWarmUp::ToolkitWarmUp()
     : thread_([font = QApplication::font()] {
           static_cast<void>(QFontInfo(font).family());

@@ -7,7 +7,7 @@ class QApplication;
 // The system's font for windows in the size that the windows are designed for, whatever the screen's resolution.
 void ApplyApplicationFont(QApplication &application);
 
-// Has the toolkit read what the first window needs (the system's fonts, the formats of pictures) on a thread of its own, while
+// Has Qt read what the first window needs (the system's fonts, the formats of pictures) on a thread of its own, while
 // the program opens its files. To be made when the application has its font, and to go before the application does.
 class ToolkitWarmUp
 {

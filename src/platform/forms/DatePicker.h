@@ -3,7 +3,7 @@
 #include <QDateEdit>
 
 // A box for a date that can be typed in one go as it is written, over the old date or from its first number on, with or without
-// the separators. The toolkit's own box skips a number at a separator when the number before it was complete, and refuses
+// the separators. Qt's own box skips a number at a separator when the number before it was complete, and refuses
 // the 31st while it shows a shorter month.
 class DatePicker : public QDateEdit
 {

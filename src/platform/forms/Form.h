@@ -47,7 +47,7 @@ public:
     const std::vector<std::unique_ptr<Control>> &Controls() const { return controls_; }
     Control *ControlAt(int position) const { return controls_.at(static_cast<std::size_t>(position)).get(); }
     Control *ControlOf(const QWidget &widget) const; // nothing for a widget that is none
-    // The one that has the keys: that with the focus, that whose list or calendar is open, or the menu entry that is chosen.
+    // The one that keys go to: that with the focus, that whose list or calendar is open, or the menu entry that is chosen.
     const Control *ActiveControl() const;
     // Makes member `index` of the control array `arrayName` after the pattern of its first designed member, invisible, and tells
     // MemberCreated. The member itself if it is there already; nothing when the form has no such array.
@@ -61,7 +61,7 @@ public:
     Geometry StoredGeometry() const;
     QSize NormalSize() const; // of the inside, in the state that StoredGeometry is kept for
     bool IsSettled() const;   // half a second after it was shown: from then on a change of place or size is a person's
-    Geometry DesignGeometry() const { return designGeometry_; } // amid the screen, unless moved before RegisterControls
+    Geometry DesignGeometry() const { return designGeometry_; } // centred, unless moved before RegisterControls
     const QString &DesignCaption() const { return designCaption_; }
     const QString &DesignHelp() const { return designHelp_; }
 
@@ -101,7 +101,7 @@ public:
 signals:
     void QuestionsToEnd(); // it is about to be unloaded, or was hidden: what is asked over it goes unanswered
     void Unloaded();
-    void Closed(); // hidden or unloaded after it was modal, and no longer amid an event, so that it may be deleted
+    void Closed(); // hidden or unloaded after it was modal, and the event is over, so that it may be deleted
 
 protected:
     // After setupUi, and after the grids got their models: makes the list of controls from the surface, its frames and tab pages

@@ -3,7 +3,7 @@
 #include <QPlainTextEdit>
 #include <QTextEdit>
 
-// Texts of several lines, to be used in place of the toolkit's own, which crash on pasting from an empty clipboard.
+// Texts of several lines, to be used in place of Qt's own, which crash on pasting from an empty clipboard.
 
 class PlainTextEdit : public QPlainTextEdit
 {
