@@ -1,5 +1,6 @@
 #include "platform/forms/AltKeys.h"
 
+#include <QAbstractSpinBox>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMenu>
@@ -32,8 +33,8 @@ bool AnswersItself(const QWidget &widget, const QKeyEvent &key)
 {
     if (qobject_cast<const QMenu *>(&widget) || qobject_cast<const QMenuBar *>(&widget))
         return true;
-    if (key.key() == Qt::Key_Down || key.key() == Qt::Key_Up) // drop-down lists
-        return true;
+    if (key.key() == Qt::Key_Down || key.key() == Qt::Key_Up) // drop-down lists; boxes of dates and numbers would step
+        return !qobject_cast<const QAbstractSpinBox *>(&widget);
     return key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo);
 }
 
