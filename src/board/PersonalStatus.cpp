@@ -6,7 +6,12 @@ using namespace Qt::Literals::StringLiterals;
 
 QStringList ReadPersonalStatus(dao::Database &localDB)
 {
-    return localDB.Texts(u"SELECT Status FROM PersonalStatus ORDER BY Id"_s, u"reading the saved status texts"_s);
+    QStringList texts;
+    for (const QVariantList &row :
+         localDB.SelectRows({u"PersonalStatus"_s, {u"Status"_s}}, u"reading the saved status texts"_s))
+        if (!dao::IsTooLarge(row[0])) // it could not be sent
+            texts.append(row[0].toString());
+    return texts;
 }
 
 void AddPersonalStatus(dao::Database &localDB, const QString &status)
@@ -16,5 +21,6 @@ void AddPersonalStatus(dao::Database &localDB, const QString &status)
 
 void RemovePersonalStatus(dao::Database &localDB, const QString &status)
 {
-    localDB.Execute(u"DELETE FROM PersonalStatus WHERE Status = ?"_s, {status}, u"removing a saved status text"_s);
+    localDB.ExecuteOnLarge(u"DELETE FROM PersonalStatus WHERE Status = ?"_s, {status},
+                           u"removing a saved status text"_s);
 }

@@ -3,6 +3,7 @@
 #include "clock/Clock.h"
 #include "clock/DateText.h"
 #include "platform/forms/Prompts.h"
+#include "platform/forms/ShownText.h"
 #include "platform/system/Say.h"
 #include "platform/system/TimeSource.h"
 #include "ui_IOQuery.h"
@@ -59,7 +60,7 @@ void IOQuery::Form_Unload()
 
 void IOQuery::ShowRunTimeTexts()
 {
-    ui_->Labels_0->setText(clock_.CurrentJob);
+    ui_->Labels_0->setText(ShownText(clock_.CurrentJob));
     ui_->SinceLabel->setText(clock_.OpenSince ? SinceText(*clock_.OpenSince, time_.Now(), QLocale()) : QString());
 }
 

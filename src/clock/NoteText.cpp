@@ -1,6 +1,7 @@
 #include "clock/NoteText.h"
 
 #include "platform/dao/Database.h"
+#include "platform/system/Say.h"
 
 #include <QDate>
 
@@ -21,9 +22,12 @@ QString DatedNote(const QString &text, const QDate &day)
 std::vector<Note> ReadNotes(dao::Database &localDB)
 {
     std::vector<Note> notes;
+    const auto text = [](const QVariant &value) {
+        return dao::IsTooLarge(value) ? Say("(too large to be read)") : value.toString();
+    };
     for (const QVariantList &row :
-         localDB.Select(u"SELECT JobID, Note, Id FROM NotesList ORDER BY Id"_s, {}, u"reading the notes"_s))
-        notes.push_back({row[0].toString(), row[1].toString(), row[2].toLongLong()});
+         localDB.SelectRows({u"NotesList"_s, {u"JobID"_s, u"Note"_s, u"Id"_s}}, u"reading the notes"_s))
+        notes.push_back({text(row[0]), text(row[1]), row[2].toLongLong()});
     return notes;
 }
 
@@ -39,8 +43,11 @@ void DeleteNote(dao::Database &localDB, qint64 id)
 
 std::optional<qint64> FirstNoteOn(dao::Database &localDB, const QString &jobID)
 {
-    const QList<QVariantList> found =
-        localDB.Select(u"SELECT min(Id) FROM NotesList WHERE JobID = ?"_s, {jobID}, u"finding a job's notes"_s);
+    const QString purpose = u"finding a job's notes"_s;
+    QList<QVariantList> found;
+    localDB.OnLarge(purpose, [&](bool) {
+        found = localDB.Select(u"SELECT min(Id) FROM NotesList WHERE JobID = ?"_s, {jobID}, purpose);
+    });
     if (found.isEmpty() || found[0][0].isNull())
         return std::nullopt;
     return found[0][0].toLongLong();

@@ -2,6 +2,7 @@
 
 #include "clock/Clock.h"
 #include "platform/forms/Control.h"
+#include "platform/forms/ShownText.h"
 #include "platform/system/Say.h"
 
 #include <QKeyEvent>
@@ -25,6 +26,7 @@ PickList::PickList(QLineEdit &textUtil, Control &textUtilControl, QListView &xLi
     : textUtil_(textUtil), textUtilControl_(textUtilControl), xList_(xList), lists_(lists), clock_(clock)
 {
     xList_.setModel(&model_);
+    xList_.setItemDelegate(new ShownTextDelegate(&xList_));
     xList_.setUniformItemSizes(true);
     xList_.setEditTriggers(QAbstractItemView::NoEditTriggers);
     xList_.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff); // long texts are elided

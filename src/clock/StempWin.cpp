@@ -8,6 +8,7 @@
 #include "platform/forms/ControlTypes.h"
 #include "platform/forms/GridControl.h"
 #include "platform/forms/Prompts.h"
+#include "platform/forms/ShownText.h"
 #include "platform/system/Say.h"
 #include "platform/system/TimeSource.h"
 #include "settings/Options.h"
@@ -110,6 +111,7 @@ void StempWin::SetUpGrid()
     gridModel_.SetFormatter(inColumn, DateCell);
     gridModel_.SetFormatter(outColumn, DateCell);
     ui_->StempGrid->setModel(&gridModel_);
+    ui_->StempGrid->setItemDelegate(new ShownTextDelegate(ui_->StempGrid));
     ui_->StempGrid->setColumnWidth(jobColumn, jobWidth);
     ui_->StempGrid->setColumnWidth(inColumn, DateWidth(ui_->StempGrid->fontMetrics()));
     ui_->StempGrid->setColumnWidth(outColumn, DateWidth(ui_->StempGrid->fontMetrics()));
@@ -192,7 +194,7 @@ void StempWin::StempInLook()
     ui_->InOutButton->setText(Say("Stemp &OUT"));
     SetBackColor(green);
     setWindowIcon(iconIn_);
-    setWindowTitle(parts_.clock.state.CurrentJob);
+    setWindowTitle(ShownText(parts_.clock.state.CurrentJob));
 }
 
 void StempWin::StempOutLook()
@@ -348,9 +350,9 @@ void StempWin::DeleteJob(const QString &item)
         if (!written)
             prompts_.MsgBox(this, Say("The job\n%1\ncould not be deleted, because the job list is locked, "
                                       "write-protected or not there. Please try again.")
-                                      .arg(item));
+                                      .arg(ShownText(item)));
     };
-    prompts_.AskYesNo(this, Say("Do you want to DELETE %1 ?").arg(item), [this, item, tell](bool yes) {
+    prompts_.AskYesNo(this, Say("Do you want to DELETE %1 ?").arg(ShownText(item)), [this, item, tell](bool yes) {
         if (yes)
             parts_.jobDatabase.DeleteJob(this, item, tell);
     });

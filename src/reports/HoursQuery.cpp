@@ -1,5 +1,7 @@
 #include "reports/HoursQuery.h"
 
+#include "platform/system/Say.h"
+
 #include <QStringBuilder>
 
 using namespace Qt::Literals::StringLiterals;
@@ -75,6 +77,16 @@ QString ByDay(const RepDates &dates)
 }
 
 } // namespace
+
+QString LargeJobsNamed()
+{
+    const auto named = [](QStringView field) {
+        return QString(u"CASE WHEN length("_s % field % u") > 100000 THEN '"_s % Say("(too large to be read)")
+                       % u"' ELSE "_s % field % u" END"_s);
+    };
+    return u"WITH Stemp AS (SELECT Id, StempInTime, StempOutTime, "_s % named(u"JobID")
+           % u" COLLATE NOCASE AS JobID, "_s % named(u"JobName") % u" AS JobName FROM main.Stemp) "_s;
+}
 
 QString HoursPerJob(const RepDates &dates, const QString &roundingFragment)
 {

@@ -30,6 +30,9 @@ QString RoundingFragment(Rounding rounding);
 // day and before 23:59:59 of the last one.
 QString RowsInRange(const RepDates &dates);
 
+// In front of a translated statement: it then takes jobs that are too large to be read for one that says so.
+QString LargeJobsNamed();
+
 // JobID, Hours, Rounded, JobName of each job.
 QString HoursPerJob(const RepDates &dates, const QString &roundingFragment);
 

@@ -2,6 +2,7 @@
 
 #include "platform/forms/ControlTypes.h"
 #include "platform/forms/GridControl.h"
+#include "platform/forms/ShownText.h"
 #include "platform/system/TimeSource.h"
 #include "reports/ChartBars.h"
 #include "reports/Csv.h"
@@ -123,6 +124,7 @@ void RepGen::SetUpGrid()
     gridModel_.SetFormatter(roundedColumn, RoundedCell);
     QTableView &grid = *ui_->SummaryGrid;
     grid.setModel(&gridModel_);
+    grid.setItemDelegate(new ShownTextDelegate(&grid));
     grid.setColumnWidth(dayColumn, dayWidth);
     grid.setColumnWidth(jobColumn, jobWidth);
     grid.setColumnWidth(hoursColumn, hoursWidth);

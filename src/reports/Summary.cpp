@@ -25,17 +25,25 @@ double Total(const QList<SummaryRow> &rows, std::optional<double> SummaryRow::*c
         [column](double total, const SummaryRow &row) { return total + (row.*column).value_or(0); });
 }
 
+QString Translated(const QString &statement, bool namesLargeJobs)
+{
+    return (namesLargeJobs ? LargeJobsNamed() : QString()) + dao::TranslateDateLiterals(statement);
+}
+
 void ReadPerJob(dao::Database &timeDb, Summary &summary, const RepDates &dates, const QString &roundingFragment)
 {
     enum { JobID, Hours, Rounded, JobName };
-    timeDb.ForEach(dao::TranslateDateLiterals(HoursPerJob(dates, roundingFragment)), {}, u"summing hours per job"_s,
-                   [&summary](const QSqlQuery &row) {
-                       summary.rows.append({{},
-                                            row.value(JobID).toString(),
-                                            row.value(JobName).toString(),
-                                            Number(row.value(Hours)),
-                                            Number(row.value(Rounded))});
-                   });
+    const QString purpose = u"summing hours per job"_s;
+    timeDb.OnLarge(purpose, [&](bool again) {
+        summary.rows.clear();
+        timeDb.ForEach(Translated(HoursPerJob(dates, roundingFragment), again), {}, purpose, [&](const QSqlQuery &row) {
+            summary.rows.append({{},
+                                 row.value(JobID).toString(),
+                                 row.value(JobName).toString(),
+                                 Number(row.value(Hours)),
+                                 Number(row.value(Rounded))});
+        });
+    });
 }
 
 // The year of a day and month in a range of a year or less, where each comes but once.
@@ -50,12 +58,13 @@ void ReadPerDay(dao::Database &timeDb, Summary &summary, const RepDates &dates, 
     enum { Day, JobID, Hours, Rounded, JobName, Month };
     const QString purpose = u"summing hours per job and day"_s;
     const bool needsYears = summary.to >= summary.from.addYears(1);
-    QList<QVariantList> years;
-    timeDb.ForEach(
-        dao::TranslateDateLiterals(HoursPerDay(dates, roundingFragment)), {}, purpose, [&](const QSqlQuery &row) {
+    timeDb.OnLarge(purpose, [&](bool again) {
+        summary.rows.clear();
+        QList<QVariantList> years;
+        timeDb.ForEach(Translated(HoursPerDay(dates, roundingFragment), again), {}, purpose, [&](const QSqlQuery &row) {
             // Asked while the other statement is under way, so that both see the file in the same state.
             if (needsYears && years.isEmpty())
-                years = timeDb.Select(dao::TranslateDateLiterals(YearsPerDay(dates)), {}, purpose);
+                years = timeDb.Select(Translated(YearsPerDay(dates), again), {}, purpose);
             const int month = row.value(Month).toInt();
             const int day = row.value(Day).toInt();
             summary.rows.append({needsYears ? QDate(years.value(summary.rows.size()).value(0).toInt(), month, day)
@@ -63,6 +72,7 @@ void ReadPerDay(dao::Database &timeDb, Summary &summary, const RepDates &dates, 
                                  row.value(JobID).toString(), row.value(JobName).toString(), Number(row.value(Hours)),
                                  Number(row.value(Rounded))});
         });
+    });
 }
 
 } // namespace

@@ -13,11 +13,16 @@ using namespace Qt::Literals::StringLiterals;
 QList<RawTimeRow> ReadTimeRows(dao::Database &timeDb, const QDate &from, const QDate &to)
 {
     QList<RawTimeRow> rows;
-    timeDb.ForEach(dao::TranslateDateLiterals(u"SELECT JobID, JobName, StempInTime, StempOutTime "_s
-                                              % RowsInRange(SplitDates(from, to)) % u" ORDER BY StempInTime, Id"_s),
-                   {}, u"reading the time rows of a range"_s, [&rows](const QSqlQuery &row) {
-                       rows.append({row.value(0).toString(), row.value(1).toString(), dao::ReadDateField(row.value(2)),
-                                    dao::ReadDateField(row.value(3))});
-                   });
+    const QString purpose = u"reading the time rows of a range"_s;
+    const QString statement =
+        dao::TranslateDateLiterals(u"SELECT JobID, JobName, StempInTime, StempOutTime "_s
+                                   % RowsInRange(SplitDates(from, to)) % u" ORDER BY StempInTime, Id"_s);
+    timeDb.OnLarge(purpose, [&](bool again) {
+        rows.clear();
+        timeDb.ForEach((again ? LargeJobsNamed() : QString()) + statement, {}, purpose, [&rows](const QSqlQuery &row) {
+            rows.append({row.value(0).toString(), row.value(1).toString(), dao::ReadDateField(row.value(2)),
+                         dao::ReadDateField(row.value(3))});
+        });
+    });
     return rows;
 }

@@ -1,5 +1,6 @@
 #include "reports/TimesheetPages.h"
 
+#include "platform/forms/ShownText.h"
 #include "platform/system/Say.h"
 
 #include <QFontMetricsF>
@@ -226,7 +227,8 @@ private:
     void Text(double x, double y, double width, Qt::Alignment alignment, const QString &text)
     {
         painter_.drawText(QRectF(x, y * layout_.lineHeight, width, layout_.lineHeight),
-                          static_cast<int>(alignment) | Qt::AlignVCenter | Qt::TextSingleLine | Qt::TextDontClip, text);
+                          static_cast<int>(alignment) | Qt::AlignVCenter | Qt::TextSingleLine | Qt::TextDontClip,
+                          ShownText(text));
     }
 
     void Cells(double y, const QStringList &cells)

@@ -137,6 +137,26 @@ private slots:
         }
     }
 
+    // Two jobs of one day with names that no connection reads, beside one of a year later that it does.
+    void LargeJobHidesNoOther()
+    {
+        const QDate day(2023, 6, 30);
+        for (const QString &job : {u"A"_s, u"B"_s})
+            AddRow(job, day, 3600, 60);
+        AddRow(u"C"_s, day.addYears(2), 3600, 60);
+        Store();
+        timeDb_.ExecuteOnLarge(u"UPDATE Stemp SET JobName = JobID || hex(zeroblob(700000)) WHERE JobID <> 'C'"_s, {},
+                               u"-"_s);
+        for (const SummaryKind kind : {SummaryKind::PerJob, SummaryKind::PerDay}) {
+            const Summary summary = ReadSummary(timeDb_, kind, day, day.addYears(2), byQuarters);
+            QCOMPARE(summary.rows.size(), 3);
+            QCOMPARE(summary.rows[0].jobName, u"(too large to be read)"_s);
+            QCOMPARE(summary.rows[2].jobName, u"C"_s);
+            QVERIFY(kind == SummaryKind::PerJob || summary.rows[2].day == day.addYears(2));
+        }
+        QCOMPARE(ReadTimeRows(timeDb_, day, day.addYears(2)).size(), 3);
+    }
+
     void NewestReadOfATaskArrives()
     {
         AddRow(u"J"_s, {2024, 2, 29}, 3600, 60);

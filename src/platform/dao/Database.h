@@ -118,6 +118,8 @@ public:
     int Execute(const QString &sql, const QVariantList &values, const QString &purpose);
     // The same where a row may hold a value that is too large: it can be changed, and deleted. `values` are of the usual size.
     int ExecuteOnLarge(const QString &sql, const QVariantList &values, const QString &purpose);
+    // Runs `query`, and once more, told so, under SQLite's own limit where a value was too large. It must hand on none of them.
+    void OnLarge(const QString &purpose, const std::function<void(bool again)> &query);
     // Runs an INSERT; the new row's Id, 0 when the statement inserted none.
     qint64 Insert(const QString &sql, const QVariantList &values, const QString &purpose);
     // All rows of a query, read to the end before it returns (an unfinished read would stop every writer).

@@ -13,7 +13,7 @@ namespace dao {
 
 namespace {
 
-// The largest that SQLite itself allows; only for getting rid of what is too large.
+// The largest that SQLite itself allows; only for what reads or deletes what is too large without handing it on.
 constexpr int anySize = 1'000'000'000;
 
 struct Limit
@@ -139,10 +139,11 @@ bool IsTooLarge(const QVariant &value)
     return value.typeId() == qMetaTypeId<TooLarge>();
 }
 
-int Database::ExecuteOnLarge(const QString &sql, const QVariantList &values, const QString &purpose)
+void Database::OnLarge(const QString &purpose, const std::function<void(bool)> &query)
 {
     try {
-        return Execute(sql, values, purpose);
+        query(false);
+        return;
     } catch (const Error &error) {
         if (error.Kind() != ErrorKind::TooLarge)
             throw;
@@ -154,7 +155,14 @@ int Database::ExecuteOnLarge(const QString &sql, const QVariantList &values, con
         sqlite3 *handle;
     };
     const Raised raised(Connected(purpose).handle);
-    return Execute(sql, values, purpose);
+    query(true);
+}
+
+int Database::ExecuteOnLarge(const QString &sql, const QVariantList &values, const QString &purpose)
+{
+    int changed = 0;
+    OnLarge(purpose, [&](bool) { changed = Execute(sql, values, purpose); });
+    return changed;
 }
 
 QList<QVariantList> Database::SelectRows(const RowsQuery &rows, const QString &purpose)

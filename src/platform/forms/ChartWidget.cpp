@@ -1,6 +1,7 @@
 #include "platform/forms/ChartWidget.h"
 
 #include "platform/forms/ControlTypes.h"
+#include "platform/forms/ShownText.h"
 #include "platform/system/Say.h"
 
 #include <QHelpEvent>
@@ -141,9 +142,11 @@ void ChartWidget::SetBars(QList<Bar> bars, Layout layout)
 {
     bars_ = std::move(bars);
     layout_ = layout;
-    for (Bar &bar : bars_)
+    for (Bar &bar : bars_) {
+        bar.label = ShownText(bar.label);
         if (!std::isfinite(bar.value)) // times of a damaged row
             bar.value = 0;
+    }
     Describe();
     update();
 }
