@@ -22,6 +22,7 @@ public:
             folders[login] = std::make_unique<ProgramFolder>();
         for (const QString &login : logins)
             Start(login);
+        Poll(logins); // so that each sees the others
     }
     RunningCopy &operator[](const QString &login) { return *copies.at(login); }
 
@@ -106,7 +107,6 @@ private slots:
         RunningCopy &anna = team[u"anna"_s];
         RunningCopy &bo = team[u"bo"_s];
         QTRY_VERIFY(anna.main.Desk()->Window().isVisible());
-        anna.Poll();
         QCOMPARE(Shown(anna), QStringList({u"ANNA="_s, u"BO="_s}));
         bo.main.Window()->StempIn(u"K-12 : Kolding"_s);
         QVERIFY(SetStatus(bo, 1, QString(100, u'x')));
@@ -133,7 +133,6 @@ private slots:
         Team team({u"anna"_s, u"bo"_s, u"eva"_s});
         RunningCopy &anna = team[u"anna"_s];
         RunningCopy &bo = team[u"bo"_s];
-        anna.Poll();
         Send(anna, 1, u"one"_s);
         Send(anna, 0, u"two"_s, "SendButton"); // one's own name: to all; OK after Send sends nothing more
         team.Poll({u"bo"_s, u"eva"_s});
@@ -160,7 +159,6 @@ private slots:
     {
         Team team({u"anna"_s, u"bo"_s});
         RunningCopy &anna = team[u"anna"_s];
-        anna.Poll();
         const auto press = [&](int row) {
             Grid(anna)->setCurrentIndex(Grid(anna)->model()->index(row, 0));
             QTest::keyClick(Grid(anna), Qt::Key_Delete);
@@ -179,7 +177,6 @@ private slots:
     {
         Team team({u"anna"_s, u"bo"_s});
         RunningCopy &anna = team[u"anna"_s];
-        anna.Poll();
         QCOMPARE(Notice(anna), QString());
         team.company.Sql(companyFile, u"ALTER TABLE Users RENAME TO Away"_s);
         anna.time.Advance(60);
@@ -244,7 +241,6 @@ private slots:
     {
         Team team({u"anna"_s, u"bo"_s});
         RunningCopy &anna = team[u"anna"_s];
-        anna.Poll();
         ClickCell(*Grid(anna), 1, 0);
         Child<QLineEdit>(*ShownWindow(u"Message"_s), "MessageText")->setText(u"half a mess"_s);
         anna.Close();

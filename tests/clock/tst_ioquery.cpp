@@ -27,10 +27,14 @@ struct Query : AtWindow
 
     explicit Query(OutQueryAt at = OutQueryAt::Start) : form(texts, prompts, time, clock, at)
     {
+        texts.stored = [this](Form &) { // what is no answer
+            Option(3)->setChecked(true);
+            Box()->setText(u"yesterday"_s);
+        };
         clock.CurrentJob = u"17 : <b>Warehouse</b>"_s;
         clock.LastInTime = clock.OpenSince = At(8, 0);
+        Open(form);
     }
-    void Show() { Open(form); }
 
     QDateTime At(int hour, int minute) const { return QDateTime(time.now.date(), QTime(hour, minute), Qt::UTC); }
     QRadioButton *Option(int index) const { return form.findChild<QRadioButton *>(u"Options_%1"_s.arg(index)); }
@@ -127,11 +131,6 @@ private slots:
     void OpensUndecided()
     {
         Query query;
-        query.texts.stored = [&](Form &) {
-            query.Option(3)->setChecked(true);
-            query.Box()->setText(u"yesterday"_s);
-        };
-        query.Show();
         QVERIFY(query.Option(1)->isChecked());
         QCOMPARE(ReadDateTime(query.Box()->text(), QLocale(), query.At(0, 0)), query.time.now);
         QAccessibleInterface *job = QAccessible::queryAccessibleInterface(query.Find<QLabel>("Labels_0"));
@@ -153,7 +152,6 @@ private slots:
         for (const int option : {1, 3})
             for (const QByteArray &way : keys.keys() + QList<QByteArray>{"mouse", "frame"}) {
                 Query query;
-                query.Show();
                 query.time.Advance(90);
                 if (way != "mouse")
                     query.MoveTo(option);
@@ -171,7 +169,6 @@ private slots:
     {
         for (const bool byKey : {false, true}) {
             Query query(OutQueryAt::Closing);
-            query.Show();
             query.MoveTo(3);
             byKey ? QTest::keyClick(query.form.focusWidget(), Qt::Key_Escape) : query.Press("StayButton");
             QVERIFY(!query.form.IsLoaded() && query.form.StaysOpen());
@@ -187,7 +184,6 @@ private slots:
                                                   {u"1000"_s, QTime(10, 0), future},
                                                   {u"7.59"_s, QTime(7, 59), earlier}}) {
             Query query;
-            query.Show();
             query.Type(text);
             QVERIFY(query.Option(2)->isChecked());
             QVERIFY(query.Undecided());
@@ -200,7 +196,6 @@ private slots:
     void ButtonChoosesTheTimeFirst()
     {
         Query query;
-        query.Show();
         query.MoveTo(3);
         query.Press("Commands_0");
         QVERIFY(query.Option(2)->isChecked());
@@ -213,7 +208,6 @@ private slots:
     {
         for (const QByteArray way : {"button", "enter", "escape", "frame"}) {
             Query query;
-            query.Show();
             query.Type(u"25:00"_s);
             if (way == "button")
                 query.Press("Commands_0");
@@ -233,7 +227,6 @@ private slots:
     void AbandonedMidway()
     {
         Query query;
-        query.Show();
         query.Type(u"23:59"_s);
         query.prompts.whileAsking = [&query] { query.form.Abandon(); };
         QTest::keyClick(query.Box(), Qt::Key_Return);

@@ -1,6 +1,15 @@
 #include "support/AtWindow.h"
 
+#include <QApplication>
 #include <QTableView>
+
+QWidget *ShownWindow(const QString &name)
+{
+    for (QWidget *widget : QApplication::topLevelWidgets())
+        if (widget->isVisible() && widget->objectName() == name)
+            return widget;
+    return nullptr;
+}
 
 void Click(const QWidget &window, const char *button)
 {

@@ -21,6 +21,7 @@ template <class T> T *Child(const QObject &window, const char *name)
     return child ? child : throw std::logic_error(name);
 }
 
+QWidget *ShownWindow(const QString &name); // on the screen; nothing when there is none
 void Click(const QWidget &window, const char *button);
 void ClickCell(const QAbstractItemView &view, int row, int column = 0);
 void TypeInto(QLineEdit *box, const QString &text); // key by key, in place of what stands there

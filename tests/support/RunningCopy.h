@@ -12,15 +12,6 @@
 
 #include <functional>
 
-// The window of that name on the screen; nothing when there is none.
-inline QWidget *ShownWindow(const QString &name)
-{
-    for (QWidget *widget : QApplication::topLevelWidgets())
-        if (widget->isVisible() && widget->objectName() == name)
-            return widget;
-    return nullptr;
-}
-
 // Does something once as soon as a window of that name is on the screen: the way into one that is waited for.
 class WhenShown : public QObject
 {

@@ -176,8 +176,16 @@ private slots:
         QCOMPARE(Say("&Try again"), u"&Try again"_s);
     }
 
-    void HasRoomForItsTexts_data() { AddWindowsInBothLanguages(); }
-    void HasRoomForItsTexts()
+    void HasRoomAndKeysForItsTexts_data()
+    {
+        QTest::addColumn<QString>("form");
+        QTest::addColumn<bool>("danish");
+        for (const QString &form : windows.keys()) {
+            QTest::addRow("%s, English", qPrintable(form)) << form << false;
+            QTest::addRow("%s, Danish", qPrintable(form)) << form << true;
+        }
+    }
+    void HasRoomAndKeysForItsTexts()
     {
         QFETCH(QString, form);
         QFETCH(bool, danish);
@@ -199,18 +207,9 @@ private slots:
         QCOMPARE(tooSmall.join(QLatin1Char(' ')), QString());
         const QMenuBar *menus = window->findChild<QMenuBar *>();
         QVERIFY(!menus || menus->sizeHint().width() <= window->width());
-    }
 
-    void AccessKeysDiffer_data() { AddWindowsInBothLanguages(); }
-    void AccessKeysDiffer()
-    {
-        QFETCH(QString, form);
-        QFETCH(bool, danish);
-        const auto window = windows[form]();
-        if (danish)
-            TurnDanish(*window, form);
-        QMap<QString, QString> owners;
-        if (form == "StempWin"_L1) // of the button, which says IN and OUT, or IND and UD, at run time
+        QMap<QString, QString> owners; // of the access keys
+        if (form == "StempWin"_L1)     // of the button, which says IN and OUT, or IND and UD, at run time
             for (const char *key : {"Alt+I", "Alt+O", "Alt+U"})
                 owners.insert(QLatin1String(key), u"InOutButton"_s);
         for (const QObject *control : ControlsOf(*window)) {
@@ -222,17 +221,6 @@ private slots:
             owners.insert(key, owner);
             if (const auto *label = qobject_cast<const QLabel *>(control))
                 QVERIFY(label->buddy());
-        }
-    }
-
-private:
-    static void AddWindowsInBothLanguages()
-    {
-        QTest::addColumn<QString>("form");
-        QTest::addColumn<bool>("danish");
-        for (const QString &form : windows.keys()) {
-            QTest::addRow("%s, English", qPrintable(form)) << form << false;
-            QTest::addRow("%s, Danish", qPrintable(form)) << form << true;
         }
     }
 };

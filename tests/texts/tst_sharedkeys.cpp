@@ -1,7 +1,6 @@
 #include "forms/TestForm.h"
 #include "platform/dao/Database.h"
-#include "support/AnsweredPrompts.h"
-#include "support/ProgramFolder.h"
+#include "support/AtWindow.h"
 #include "texts/Common.h"
 #include "texts/GenEdit.h"
 
@@ -86,13 +85,7 @@ private:
     }
     GenEdit *Editor() const { return form_->Surface()->findChild<GenEdit *>(); }
     bool InEditMode() const { return form_->BackColor() == lightGrey; }
-    static Form *HelpWindow()
-    {
-        for (QWidget *widget : QApplication::topLevelWidgets())
-            if (widget->objectName() == "Help"_L1 && widget->isVisible())
-                return qobject_cast<Form *>(widget);
-        return nullptr;
-    }
+    static Form *HelpWindow() { return qobject_cast<Form *>(ShownWindow(u"Help"_s)); }
     static QString ShownHelp()
     {
         return HelpWindow() ? HelpWindow()->findChild<QPlainTextEdit *>()->toPlainText() : QString();
