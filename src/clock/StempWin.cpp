@@ -269,6 +269,8 @@ void StempWin::AfterStemp()
 
 void StempWin::InOutButton_Click()
 {
+    if (!IsLoaded()) // its access key presses it for a while, in which the session may end
+        return;
     if (parts_.clock.state.IsStempedIn) {
         StempOut();
         pickList_->Refresh();

@@ -183,6 +183,12 @@ private slots:
                                      "VALUES ('Y', 'Later', 46083.4, 46083.5)"_s);
         clocked.window->FillRecentList(); // as at the start: the row that was open is not the last
         QCOMPARE(clocked.text->text(), u"Y : Later"_s);
+
+        QTest::keyClick(clocked.window->windowHandle(), Qt::Key_I, Qt::AltModifier); // presses the button for a while
+        QVERIFY(clocked.button->isDown());
+        clocked.copy->main.EndSession();
+        QTest::qWait(150);
+        QVERIFY(!clocked.IsIn()); // there is no file any more
     }
 
     void DeletesCompanyJobsOnlyForAdministrators()
