@@ -53,7 +53,7 @@ public:
     const Board &Shown() const { return board_; }
 
 private:
-    const QDateTime now_ = dao::WallTime({2026, 3, 2}, {9, 0}); // stands still: no sign of life is due
+    const QDateTime now_ = dao::WallTime({2026, 3, 2}, {9, 0}); // stands still: no heartbeat is due
     dao::Database company_;
     dao::Database local_;
     Mail mail_{local_};

@@ -114,7 +114,7 @@ bool IOQuery::Form_KeyDown(QKeyEvent &event)
     }
 }
 
-// The toolkit reports an arrow key as a click, which would stemp out, so the selection is moved here.
+// Qt reports an arrow key as a click, which would stemp out, so the selection is moved here.
 bool IOQuery::MoveSelection(int key)
 {
     const std::array options{ui_->Options_1, ui_->Options_2, ui_->Options_3};

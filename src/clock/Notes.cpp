@@ -181,7 +181,7 @@ void Notes::AskToDelete()
     QString beginning = chosen.siblingAtColumn(jobColumn + 1).data(Qt::EditRole).toString();
     if (beginning.size() > questionRoom)
         beginning = beginning.left(questionRoom) + u'…';
-    prompts_.AskYesNo(this, Say("Do you want to DELETE this note ?\n\n%1").arg(beginning),
+    prompts_.AskYesNo(this, Say("Do you want to DELETE this note ?\n\n%1").arg(ShownLines(beginning)),
                       [this, id = ids_.at(static_cast<std::size_t>(chosen.row()))](bool yes) {
                           if (yes)
                               Delete(id);

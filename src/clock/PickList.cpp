@@ -93,7 +93,7 @@ void PickList::HideXList()
         return;
     ShowCurrentJob();
     if (xList_.hasFocus())
-        textUtil_.setFocus(); // else the toolkit hands the focus to whatever comes next
+        textUtil_.setFocus(); // else Qt hands the focus to whatever comes next
     xList_.setVisible(false);
 }
 

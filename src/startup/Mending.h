@@ -21,8 +21,8 @@ struct Steps
     std::function<QString(const QString &damaged, dao::Database &into)> copy; // a sentence on what came along
 };
 
-// Sets the file at `path` aside once the new one is complete. Ended in the middle of that, the program finds the damaged file at its next
-// start, or FinishInterrupted puts the new one in its place. What happened, for the person. Throws nothing.
+// Sets the file at `path` aside once the new one is complete. If the program ends in the middle of that, its next start finds the
+// damaged file, or FinishInterrupted puts the new one in its place. Gives what happened, for the person. Throws nothing.
 QString Mend(const QString &path, const QString &blank, const QDateTime &now, const Steps &steps);
 
 // Does the last step of a mending that was ended before it.

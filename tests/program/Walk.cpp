@@ -47,7 +47,7 @@ const QStringList keys =
     "Alt+I Alt+O Alt+F Alt+R Alt+P Alt+N Alt+S Alt+C Alt+A Alt+M Alt+Y Ctrl+E Ctrl+V Ctrl+C Ctrl+Shift+Backspace"_s
         .split(u' ');
 
-// As the system sends them: modality is Qt's own, and a window may go in the middle of a click. QTest would process other events, too.
+// As the system sends them: modality is Qt's own, and a window may go during a click. QTest would process other events, too.
 void SendKey(const QPointer<QWindow> &window, QKeyCombination stroke)
 {
     const QString text(QChar::fromLatin1(QTest::keyToAscii(stroke.key())));

@@ -93,8 +93,6 @@ private slots:
             QVERIFY(opened.message.contains(aside));
         }
         QCOMPARE(folder.Content(personalFile + aside), content);
-        for (const char *table : {"Projects", "NotesList", "MessageBuffer", "PersonalStatus"})
-            folder.Sql(personalFile, u"SELECT * FROM "_s + QLatin1String(table));
     }
 
     void ANewFileTakesItsPermissionsFromItsFolder()
