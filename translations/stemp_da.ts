@@ -345,16 +345,16 @@ Skriv det som %2, eller kun et klokkeslæt i dag som 8:30.</translation>
 <context>
     <name>AdminForm</name>
     <message>
-        <source>The window in which you pick the company database. It opens when you click its location; what you pick is used when you press OK.</source>
-        <translation>Vinduet, hvor du vælger firmadatabasen. Det åbner, når du klikker på dens placering; det, du vælger, tages i brug, når du trykker på OK.</translation>
+        <source>The window in which you pick the company database. It opens when you click its location or press Browse; what you pick is used when you press OK.</source>
+        <translation>Vinduet, hvor du vælger firmadatabasen. Det åbner, når du klikker på dens placering eller trykker på Find; det, du vælger, tages i brug, når du trykker på OK.</translation>
     </message>
     <message>
         <source>Stemp Administration</source>
         <translation>Stemp-administration</translation>
     </message>
     <message>
-        <source>The settings of the program. Press OK to accept your changes; Escape, or closing the window by its frame, takes them back. The settings are stored in your own database when the program ends; the company database and your time rows are not touched.</source>
-        <translation>Programmets indstillinger. Tryk på OK for at godtage dine ændringer; Escape, eller at lukke vinduet i rammen, tager dem tilbage. Indstillingerne gemmes i din egen database, når programmet slutter; firmadatabasen og dine tidsrækker berøres ikke.</translation>
+        <source>The settings of the program. Press OK to accept your changes; Escape, or closing the window by its frame, takes them back. The settings are stored in your own database when the program ends. Your time rows and the company&apos;s jobs are not touched.</source>
+        <translation>Programmets indstillinger. Tryk på OK for at godtage dine ændringer; Escape, eller at lukke vinduet i rammen, tager dem tilbage. Indstillingerne gemmes i din egen database, når programmet slutter. Dine tidsrækker og firmaets job berøres ikke.</translation>
     </message>
     <message>
         <source>The name your rows and your state are kept under</source>
@@ -937,8 +937,8 @@ Ctrl+E lader dig ændre ethvert vindue undtagen det, der spørger om initialer: 
         <translation>Hvad du har modtaget og sendt for nylig, det nyeste øverst</translation>
     </message>
     <message>
-        <source>Shows the last 200 messages that you received or that were sent, each with the day and time when that happened. A message that you cleared from the board can be read again here. Nothing can be changed; Ctrl+C copies the chosen row.</source>
-        <translation>Viser de sidste 200 beskeder, du har modtaget, eller som er sendt, hver med dag og klokkeslæt for, hvornår det skete. En besked, du har fjernet fra tavlen, kan læses igen her. Intet kan ændres; Ctrl+C kopierer den valgte række.</translation>
+        <source>Shows the last 200 messages that you received or that were sent, each with the day and time when that happened. A message to several colleagues is one row, with the number of those it has reached. A message that you cleared from the board can be read again here. Nothing can be changed; Ctrl+C copies the chosen row.</source>
+        <translation>Viser de sidste 200 beskeder, du har modtaget, eller som er sendt, hver med dag og klokkeslæt for, hvornår det skete. En besked til flere kolleger er én række, med antallet af dem, den har nået. En besked, du har fjernet fra tavlen, kan læses igen her. Intet kan ændres; Ctrl+C kopierer den valgte række.</translation>
     </message>
     <message>
         <source>&amp;Received and sent:</source>

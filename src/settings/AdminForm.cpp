@@ -53,7 +53,7 @@ AdminForm::AdminForm(FormServices &services, Prompts &prompts, Judge judge)
                                               QStringLiteral("CommonDialog")),
                     QLatin1String(QT_TRANSLATE_NOOP(
                         "AdminForm", "The window in which you pick the company database. It opens when you click its "
-                                     "location; what you pick is used when you press OK.")));
+                                     "location or press Browse; what you pick is used when you press OK.")));
     SetDefaultButton(ui_->OKButton);
     connect(ui_->OKButton, &QPushButton::clicked, this, &AdminForm::OKButton_Click);
     connect(ui_->BrowseButton, &QPushButton::clicked, this, &AdminForm::EnterpriseMDBText_Click);
