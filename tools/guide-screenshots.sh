@@ -273,8 +273,9 @@ picture_settings() {
     keys alt+a
     focus "Stemp Administration"
     keys Tab Tab Tab ctrl+a
-    text 'N:\Stemp\Jobs.mdb' # as it may be called; the real one is temporary
-    keys Tab Tab Tab Tab Tab ctrl+a
+    cp "$work/network/Jobs.mdb" "$folder/N:\Stemp\Jobs.mdb" # as it may be called; here it is the name of one file
+    text 'N:\Stemp\Jobs.mdb'
+    keys Tab Tab Tab Tab Tab Tab Tab ctrl+a
     text 15 # that of these pictures is shorter
     keys Tab
     shot settings "Stemp Administration"

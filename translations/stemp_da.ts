@@ -341,6 +341,10 @@ Skriv det som %2, eller kun et klokkeslæt i dag som 8:30.</translation>
         <source>Save &apos;%1&apos; properties to DATABASE?</source>
         <translation>Gem egenskaberne for &apos;%1&apos; i DATABASEN?</translation>
     </message>
+    <message>
+        <source>Print Preview: %1</source>
+        <translation>Udskriftsvisning: %1</translation>
+    </message>
 </context>
 <context>
     <name>AdminForm</name>

@@ -103,6 +103,7 @@ void SystemPrinting::Preview(QWidget *owner, const PrintedTimesheet &timesheet, 
     if (suggested.isNull())
         suggested = QPrinterInfo::defaultPrinter();
     auto *preview = new PreviewDialog(suggested, owner);
+    preview->setWindowTitle(Say("Print Preview: %1").arg(title));
     QPrinter &printer = preview->used;
     printer.setDocName(title);
     printer.setCreator(QGuiApplication::applicationDisplayName());
