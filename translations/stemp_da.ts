@@ -345,6 +345,14 @@ Skriv det som %2, eller kun et klokkeslæt i dag som 8:30.</translation>
         <source>Print Preview: %1</source>
         <translation>Udskriftsvisning: %1</translation>
     </message>
+    <message>
+        <source>From</source>
+        <translation>Fra</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>Til</translation>
+    </message>
 </context>
 <context>
     <name>AdminForm</name>

@@ -61,7 +61,7 @@ QString ReadyFor(const QString &receiver)
 RowsModel::Row RowOf(const HistoryRow &row)
 {
     const QString person = row.reached > 0 ? u"%1 (%2)"_s.arg(row.person).arg(row.reached) : row.person;
-    return {row.time, row.received ? u"From"_s : u"To"_s, person, row.message};
+    return {row.time, row.received ? Say("From") : Say("To"), person, row.message};
 }
 
 } // namespace
