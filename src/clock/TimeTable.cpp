@@ -231,16 +231,28 @@ void TimeTable::Park()
     }
 }
 
-bool TimeTable::IsAllKept() const
+bool TimeTable::IsInMemoryOnly(const TimeRow &row) const
 {
-    return std::all_of(
-        unsaved_.cbegin(), unsaved_.cend(), [this](const TimeRowPtr &row) { return parked_ && parked_->Holds(*row); });
+    return !parked_ || !parked_->Holds(row);
 }
 
+bool TimeTable::IsAllKept() const
+{
+    return std::none_of(
+        unsaved_.cbegin(), unsaved_.cend(), [this](const TimeRowPtr &row) { return IsInMemoryOnly(*row); });
+}
+
+// Where some rows are in memory only, it counts those: the parked ones are not in danger.
 UnsavedNotice TimeTable::Notice() const
 {
-    return {UnsavedCount(), QFileInfo(file_.path).fileName(),          trouble_,
-            IsAllKept(),    parked_ ? parked_->FileName() : QString(), parkTrouble_};
+    const qsizetype inMemory = std::count_if(unsaved_.cbegin(), unsaved_.cend(),
+                                             [this](const TimeRowPtr &row) { return IsInMemoryOnly(*row); });
+    return {inMemory > 0 ? static_cast<int>(inMemory) : UnsavedCount(),
+            QFileInfo(file_.path).fileName(),
+            trouble_,
+            inMemory == 0,
+            parked_ ? parked_->FileName() : QString(),
+            parkTrouble_};
 }
 
 void TimeTable::EnsureOpen()

@@ -82,6 +82,7 @@ private:
     qint64 Store(const TimeRow &row); // the row's key
     bool CompleteByKey(const TimeRow &row);
 
+    bool IsInMemoryOnly(const TimeRow &row) const;
     bool TryToWrite();
     void TakeUpParked();
     void Park();

@@ -265,7 +265,7 @@ private slots:
         time_.Advance(60);
         next.clock.StempOut();
         QVERIFY(!next.table.IsAllKept());
-        QVERIFY(next.table.Notice().Text().contains(u"2 stemps in memory only!"_s));
+        QVERIFY(next.table.Notice().Text().contains(u"1 stemp in memory only!"_s));
         other.LetGo();
         QVERIFY(next.table.Flush());
         QCOMPARE(Rows(), u"0 -540-0, 1 0-1"_s);
