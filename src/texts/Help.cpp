@@ -80,7 +80,7 @@ bool Help::event(QEvent *event)
     return Form::event(event);
 }
 
-// When the asker goes, the one that owns it is to have the keys, and not this window, which may lie nearest.
+// When the asker goes, its owner gets the keyboard focus, and not this window, which may lie nearest.
 bool Help::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::Hide && watched == asker_) {

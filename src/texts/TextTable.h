@@ -22,7 +22,8 @@ struct TextLanguage
 // dao::Error.
 namespace TextTable {
 
-// The table as a record set with its index NameIndex. What it lacks is made; the field Visible never is.
+// The table as a record set with its index NameIndex. What it lacks is made; the field Visible never is. What is too large to be
+// read is removed.
 dao::Recordset Open(dao::Database &database, const QString &form);
 
 } // namespace TextTable

@@ -208,6 +208,8 @@ private slots:
         Store(u"Me"_s, u"Left"_s, -500);
         Sql(u"ALTER TABLE AdminForm ADD COLUMN visible INTEGER"_s); // that most tables lack
         Store(u"Secret"_s, u"Visible"_s, -1);
+        db_->ExecuteOnLarge(u"UPDATE AdminForm SET TipEnglish = hex(zeroblob(1000000)) WHERE Name = 'TipsCheck'"_s, {},
+                            u"a test"_s);
         Run run(*db_);
         const Window &window = run.window;
         QVERIFY(window.At(u"Secret"_s).Visible() == true && window.At(u"OKButton"_s).Visible() == true);
