@@ -8,6 +8,7 @@
 #include <QLoggingCategory>
 #include <QSet>
 #include <QSqlQuery>
+#include <QStringBuilder>
 #include <QUuid>
 
 #include <algorithm>
@@ -361,6 +362,26 @@ void TimeTable::CompleteLayout()
 
 qint64 TimeTable::Store(const TimeRow &row)
 {
+    // What a stemp writes takes one statement: a row that is new, or one that was stored under its key.
+    const auto insert = [&](const QString &verb) {
+        return database_.Insert(
+            verb % u" INTO Stemp (JobID, JobName, StempInTime, StempOutTime, StempId) VALUES (?, ?, ?, ?, ?)"_s,
+            {TextField(row.jobID), TextField(row.jobName), dao::DateField(row.stempInTime),
+             dao::DateField(row.stempOutTime), row.stempId},
+            u"adding a time row"_s);
+    };
+    const QString purpose = u"completing a time row"_s;
+    if (row.id == 0) {
+        if (const qint64 id = insert(u"INSERT OR IGNORE"_s); id != 0)
+            return id;
+    } else if (row.stempOutTime
+               && database_.Execute(u"UPDATE Stemp SET StempOutTime = ? WHERE Id = ? AND StempId = ?"_s,
+                                    {dao::DateField(row.stempOutTime), row.id, row.stempId}, purpose)
+                      > 0) {
+        return row.id;
+    }
+
+    // A row that was parked may be stored already.
     const QList<QVariantList> stored =
         database_.Select(u"SELECT Id FROM Stemp WHERE StempId = ?"_s, {row.stempId}, u"looking for a time row"_s);
     if (!stored.isEmpty()) {
@@ -368,16 +389,12 @@ qint64 TimeTable::Store(const TimeRow &row)
         // What is parked as open may have been completed since.
         if (row.stempOutTime)
             database_.Execute(u"UPDATE Stemp SET StempOutTime = ? WHERE Id = ?"_s,
-                              {dao::DateField(row.stempOutTime), id}, u"completing a time row"_s);
+                              {dao::DateField(row.stempOutTime), id}, purpose);
         return id;
     }
     if (row.id != 0 && CompleteByKey(row))
         return row.id;
-    return database_.Insert(
-        u"INSERT INTO Stemp (JobID, JobName, StempInTime, StempOutTime, StempId) VALUES (?, ?, ?, ?, ?)"_s,
-        {TextField(row.jobID), TextField(row.jobName), dao::DateField(row.stempInTime),
-         dao::DateField(row.stempOutTime), row.stempId},
-        u"adding a time row"_s);
+    return insert(u"INSERT"_s);
 }
 
 bool TimeTable::CompleteByKey(const TimeRow &row)
