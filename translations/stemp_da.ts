@@ -2,359 +2,6 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="da_DK" sourcelanguage="en">
 <context>
-    <name>Messages</name>
-    <message>
-        <source>The program writes this text itself: what you type stays until it writes the text again.</source>
-        <translation>Programmet skriver selv denne tekst: Det, du skriver, bliver stående, til programmet skriver teksten igen.</translation>
-    </message>
-    <message>
-        <source>The file
-%1
-could not be made: its template &quot;%2&quot; is missing in the program folder, or you may not read it. Please install the program again.</source>
-        <translation>Filen
-%1
-kunne ikke laves: Dens skabelon &quot;%2&quot; mangler i programmappen, eller du må ikke læse den. Installér programmet igen.</translation>
-    </message>
-    <message>
-        <source>The file
-%1
-could not be made: its template &quot;%2&quot; is damaged. Please install the program again.</source>
-        <translation>Filen
-%1
-kunne ikke laves: Dens skabelon &quot;%2&quot; er beskadiget. Installér programmet igen.</translation>
-    </message>
-    <message>
-        <source>The file
-%1
-could not be made: the disk is full. Please make room on it.</source>
-        <translation>Filen
-%1
-kunne ikke laves: Disken er fuld. Skaf plads på den.</translation>
-    </message>
-    <message>
-        <source>The file
-%1
-could not be made: you may not write in this folder. Please ask for the right to do so.</source>
-        <translation>Filen
-%1
-kunne ikke laves: Du må ikke skrive i denne mappe. Bed om ret til det.</translation>
-    </message>
-    <message>
-        <source>The file
-%1
-could not be made: its drive does not work as it should.</source>
-        <translation>Filen
-%1
-kunne ikke laves: Dens drev virker ikke, som det skal.</translation>
-    </message>
-    <message>
-        <source>The file %1 is damaged.</source>
-        <translation>Filen %1 er beskadiget.</translation>
-    </message>
-    <message>
-        <source>The file %1 is damaged and could not be set aside.</source>
-        <translation>Filen %1 er beskadiget og kunne ikke lægges til side.</translation>
-    </message>
-    <message>
-        <source>The file %1 is damaged. It was set aside as
-%2
-and a new one was made.</source>
-        <translation>Filen %1 er beskadiget. Den blev lagt til side som
-%2
-og en ny blev lavet.</translation>
-    </message>
-    <message>
-        <source>The program is already running with the file
-%1</source>
-        <translation>Programmet kører allerede med filen
-%1</translation>
-    </message>
-    <message>
-        <source>The file
-%1
-is in use by another program, or lies on a drive that grants no locks. Close that program and start again.</source>
-        <translation>Filen
-%1
-bruges af et andet program eller ligger på et drev, der ikke låser filer. Luk det program og start igen.</translation>
-    </message>
-    <message>
-        <source>The file
-%1
-cannot be written: the disk is full. Make room on it and start again.</source>
-        <translation>Filen
-%1
-kan ikke skrives: Disken er fuld. Skaf plads på den og start igen.</translation>
-    </message>
-    <message>
-        <source>The file
-%1
-cannot be written: you may not write to it, or not in its folder. Please ask for the right to do both.</source>
-        <translation>Filen
-%1
-kan ikke skrives: Du må ikke skrive i den eller ikke i dens mappe. Bed om ret til begge dele.</translation>
-    </message>
-    <message>
-        <source>The file
-%1
-cannot be read or written: its drive does not work as it should.</source>
-        <translation>Filen
-%1
-kan ikke læses eller skrives: Dens drev virker ikke, som det skal.</translation>
-    </message>
-    <message>
-        <source>The file
-%1
-is not there. Please start again.</source>
-        <translation>Filen
-%1
-er der ikke. Start igen.</translation>
-    </message>
-    <message>
-        <source>Where the program keeps its file
-%1
-there is a folder of that name. Please rename it.</source>
-        <translation>Hvor programmet har sin fil
-%1
-ligger der en mappe med det navn. Giv den et andet navn.</translation>
-    </message>
-    <message>
-        <source>The template &quot;%1&quot; is damaged or missing. The file was made without it; please install the program again.</source>
-        <translation>Skabelonen &quot;%1&quot; er beskadiget eller mangler. Filen blev lavet uden den; installér programmet igen.</translation>
-    </message>
-    <message>
-        <source>The file
-%1
-lacks tables, and they could not be made. Some of your jobs, notes or messages cannot be kept.</source>
-        <translation>Filen
-%1
-mangler tabeller, og de kunne ikke laves. Nogle af dine job, noter eller beskeder kan ikke gemmes.</translation>
-    </message>
-    <message>
-        <source>personal jobs</source>
-        <translation>personlige job</translation>
-    </message>
-    <message>
-        <source>notes</source>
-        <translation>noter</translation>
-    </message>
-    <message>
-        <source>messages to be sent</source>
-        <translation>beskeder, der skal sendes</translation>
-    </message>
-    <message>
-        <source>messages</source>
-        <translation>beskeder</translation>
-    </message>
-    <message>
-        <source>status texts</source>
-        <translation>statustekster</translation>
-    </message>
-    <message>
-        <source>windows with their texts, places and settings: %1</source>
-        <translation>vinduer med deres tekster, pladser og indstillinger: %1</translation>
-    </message>
-    <message>
-        <source>jobs: %1</source>
-        <translation>job: %1</translation>
-    </message>
-    <message>
-        <source>people: %1</source>
-        <translation>personer: %1</translation>
-    </message>
-    <message>
-        <source>Nothing in it could be read.</source>
-        <translation>Intet i den kunne læses.</translation>
-    </message>
-    <message>
-        <source>What could still be read came along: %1.</source>
-        <translation>Hvad der endnu kunne læses, kom med: %1.</translation>
-    </message>
-    <message>
-        <source>The job list
-%1
-is damaged, or belongs to another program.</source>
-        <translation>Joblisten
-%1
-er beskadiget eller hører til et andet program.</translation>
-    </message>
-    <message>
-        <source>%1
-
-Do you want it set aside and a new one made? What can still be read of it comes along.</source>
-        <translation>%1
-
-Skal den lægges til side og en ny laves? Hvad der endnu kan læses i den, kommer med.</translation>
-    </message>
-    <message>
-        <source>The drive of
-%1
-does not answer.</source>
-        <translation>Drevet med
-%1
-svarer ikke.</translation>
-    </message>
-    <message>
-        <source>The file
-%1
-is not used as the company database: %2. The job list is now the one in the program folder.</source>
-        <translation>Filen
-%1
-bruges ikke som firmadatabase: %2. Joblisten er nu den i programmappen.</translation>
-    </message>
-    <message>
-        <source>The file that the settings name as the company database is not used: %1.</source>
-        <translation>Filen, som indstillingerne nævner som firmadatabase, bruges ikke: %1.</translation>
-    </message>
-    <message>
-        <source>it is a folder</source>
-        <translation>det er en mappe</translation>
-    </message>
-    <message>
-        <source>it is no database, or is damaged</source>
-        <translation>det er ingen database, eller den er beskadiget</translation>
-    </message>
-    <message>
-        <source>it is a database of another program</source>
-        <translation>det er en database fra et andet program</translation>
-    </message>
-    <message>
-        <source>it is not there, or you may not read it</source>
-        <translation>den er der ikke, eller du må ikke læse den</translation>
-    </message>
-    <message>
-        <source>it cannot be read</source>
-        <translation>den kan ikke læses</translation>
-    </message>
-    <message>
-        <source>its drive does not let programs lock files, as some network drives do. If this goes on, move the file to a drive of another kind, or have the network drive set up with file locking.</source>
-        <translation>lader dens drev ikke programmer låse filer, som nogle netværksdrev gør. Bliver det ved, så flyt filen til et drev af en anden slags, eller få netværksdrevet sat op med fillåsning.</translation>
-    </message>
-    <message>
-        <source>another program keeps the company database locked.</source>
-        <translation>et andet program holder firmadatabasen låst.</translation>
-    </message>
-    <message>
-        <source>the company database is damaged. Please have it restored.</source>
-        <translation>firmadatabasen er beskadiget. Få den genskabt.</translation>
-    </message>
-    <message>
-        <source>the company database is not there, or its drive is away.</source>
-        <translation>firmadatabasen er ikke på sin plads, eller dens drev er væk.</translation>
-    </message>
-    <message>
-        <source>the company database does not answer.</source>
-        <translation>firmadatabasen svarer ikke.</translation>
-    </message>
-    <message>
-        <source>The company database is not there.</source>
-        <translation>Firmadatabasen er ikke på sin plads.</translation>
-    </message>
-    <message>
-        <source> Colleagues are shown as they were known last.</source>
-        <translation> Kolleger vises, som de sidst var kendt.</translation>
-    </message>
-    <message>
-        <source>Cannot open %1 (Error:%2)</source>
-        <translation>Kan ikke åbne %1 (Fejl:%2)</translation>
-    </message>
-    <message>
-        <source>Cannot run the program!</source>
-        <translation>Programmet kan ikke køre!</translation>
-    </message>
-    <message>
-        <source>Check shortcut &apos;Start In&apos; (must point to location of %1.EXE)</source>
-        <translation>Se efter i genvejens &apos;Start i&apos; (skal pege på mappen med %1.EXE)</translation>
-    </message>
-    <message>
-        <source>This text is not in the list. Choose one from it first.</source>
-        <translation>Denne tekst står ikke på listen. Vælg først en fra den.</translation>
-    </message>
-    <message>
-        <source>The text was not removed, because your database could not be written. Please try again.</source>
-        <translation>Teksten blev ikke fjernet, fordi din database ikke kunne skrives. Prøv igen.</translation>
-    </message>
-    <message>
-        <source>Removed from the list.</source>
-        <translation>Fjernet fra listen.</translation>
-    </message>
-    <message>
-        <source>1 more message waits behind this one</source>
-        <translation>1 besked mere venter bag denne</translation>
-    </message>
-    <message>
-        <source>%1 more messages wait behind this one</source>
-        <translation>%1 beskeder mere venter bag denne</translation>
-    </message>
-    <message>
-        <source>Nothing heard since %1</source>
-        <translation>Intet hørt siden %1</translation>
-    </message>
-    <message>
-        <source>Stemped in on %1</source>
-        <translation>Stemplet ind på %1</translation>
-    </message>
-    <message>
-        <source>Stemped in since %1 on %2</source>
-        <translation>Stemplet ind siden %1 på %2</translation>
-    </message>
-    <message>
-        <source>(too large, row %1)</source>
-        <translation>(for stor, række %1)</translation>
-    </message>
-    <message>
-        <source>%1 The new status of %2 waits here and is written as soon as that is possible.</source>
-        <translation>%1 Den nye status for %2 venter her og skrives, så snart det kan lade sig gøre.</translation>
-    </message>
-    <message>
-        <source>(unknown)</source>
-        <translation>(ukendt)</translation>
-    </message>
-    <message>
-        <source>(too large to be read)</source>
-        <translation>(for stor til at blive læst)</translation>
-    </message>
-    <message>
-        <source>and %1 more</source>
-        <translation>og %1 til</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; is no date and time.
-
-Type it like %2, or only a time of today like 8:30.</source>
-        <translation>&quot;%1&quot; er ikke en dato og et klokkeslæt.
-
-Skriv det som %2, eller kun et klokkeslæt i dag som 8:30.</translation>
-    </message>
-    <message>
-        <source>%1 rows</source>
-        <translation>%1 rækker</translation>
-    </message>
-    <message>
-        <source>%1 %2 to %3</source>
-        <translation>%1 %2 til %3</translation>
-    </message>
-    <message>
-        <source>Load &apos;%1&apos; properties from DATABASE?</source>
-        <translation>Hent egenskaberne for &apos;%1&apos; fra DATABASEN?</translation>
-    </message>
-    <message>
-        <source>Save &apos;%1&apos; properties to DATABASE?</source>
-        <translation>Gem egenskaberne for &apos;%1&apos; i DATABASEN?</translation>
-    </message>
-    <message>
-        <source>Print Preview: %1</source>
-        <translation>Udskriftsvisning: %1</translation>
-    </message>
-    <message>
-        <source>From</source>
-        <translation>Fra</translation>
-    </message>
-    <message>
-        <source>To</source>
-        <translation>Til</translation>
-    </message>
-</context>
-<context>
     <name>AdminForm</name>
     <message>
         <source>The window in which you pick the company database. It opens when you click its location or press Browse; what you pick is used when you press OK.</source>
@@ -979,6 +626,330 @@ Ctrl+E lader dig ændre ethvert vindue undtagen det, der spørger om initialer: 
 </context>
 <context>
     <name>Messages</name>
+    <message>
+        <source>The program writes this text itself: what you type stays until it writes the text again.</source>
+        <translation>Programmet skriver selv denne tekst: Det, du skriver, bliver stående, til programmet skriver teksten igen.</translation>
+    </message>
+    <message>
+        <source>The file
+%1
+could not be made: its template &quot;%2&quot; is missing in the program folder, or you may not read it. Please install the program again.</source>
+        <translation>Filen
+%1
+kunne ikke laves: Dens skabelon &quot;%2&quot; mangler i programmappen, eller du må ikke læse den. Installér programmet igen.</translation>
+    </message>
+    <message>
+        <source>The file
+%1
+could not be made: its template &quot;%2&quot; is damaged. Please install the program again.</source>
+        <translation>Filen
+%1
+kunne ikke laves: Dens skabelon &quot;%2&quot; er beskadiget. Installér programmet igen.</translation>
+    </message>
+    <message>
+        <source>The file
+%1
+could not be made: the disk is full. Please make room on it.</source>
+        <translation>Filen
+%1
+kunne ikke laves: Disken er fuld. Skaf plads på den.</translation>
+    </message>
+    <message>
+        <source>The file
+%1
+could not be made: you may not write in this folder. Please ask for the right to do so.</source>
+        <translation>Filen
+%1
+kunne ikke laves: Du må ikke skrive i denne mappe. Bed om ret til det.</translation>
+    </message>
+    <message>
+        <source>The file
+%1
+could not be made: its drive does not work as it should.</source>
+        <translation>Filen
+%1
+kunne ikke laves: Dens drev virker ikke, som det skal.</translation>
+    </message>
+    <message>
+        <source>The file %1 is damaged.</source>
+        <translation>Filen %1 er beskadiget.</translation>
+    </message>
+    <message>
+        <source>The file
+%1
+cannot be written: the disk is full. Make room on it and start again.</source>
+        <translation>Filen
+%1
+kan ikke skrives: Disken er fuld. Skaf plads på den og start igen.</translation>
+    </message>
+    <message>
+        <source>The file
+%1
+cannot be written: you may not write to it, or not in its folder. Please ask for the right to do both.</source>
+        <translation>Filen
+%1
+kan ikke skrives: Du må ikke skrive i den eller ikke i dens mappe. Bed om ret til begge dele.</translation>
+    </message>
+    <message>
+        <source>The file
+%1
+cannot be read or written: its drive does not work as it should.</source>
+        <translation>Filen
+%1
+kan ikke læses eller skrives: Dens drev virker ikke, som det skal.</translation>
+    </message>
+    <message>
+        <source>The file
+%1
+is not there. Please start again.</source>
+        <translation>Filen
+%1
+er der ikke. Start igen.</translation>
+    </message>
+    <message>
+        <source>Where the program keeps its file
+%1
+there is a folder of that name. Please rename it.</source>
+        <translation>Hvor programmet har sin fil
+%1
+ligger der en mappe med det navn. Giv den et andet navn.</translation>
+    </message>
+    <message>
+        <source>The template &quot;%1&quot; is damaged or missing. The file was made without it; please install the program again.</source>
+        <translation>Skabelonen &quot;%1&quot; er beskadiget eller mangler. Filen blev lavet uden den; installér programmet igen.</translation>
+    </message>
+    <message>
+        <source>The file
+%1
+lacks tables, and they could not be made. Some of your jobs, notes or messages cannot be kept.</source>
+        <translation>Filen
+%1
+mangler tabeller, og de kunne ikke laves. Nogle af dine job, noter eller beskeder kan ikke gemmes.</translation>
+    </message>
+    <message>
+        <source>personal jobs</source>
+        <translation>personlige job</translation>
+    </message>
+    <message>
+        <source>notes</source>
+        <translation>noter</translation>
+    </message>
+    <message>
+        <source>messages to be sent</source>
+        <translation>beskeder, der skal sendes</translation>
+    </message>
+    <message>
+        <source>messages</source>
+        <translation>beskeder</translation>
+    </message>
+    <message>
+        <source>status texts</source>
+        <translation>statustekster</translation>
+    </message>
+    <message>
+        <source>windows with their texts, places and settings: %1</source>
+        <translation>vinduer med deres tekster, pladser og indstillinger: %1</translation>
+    </message>
+    <message>
+        <source>jobs: %1</source>
+        <translation>job: %1</translation>
+    </message>
+    <message>
+        <source>people: %1</source>
+        <translation>personer: %1</translation>
+    </message>
+    <message>
+        <source>Nothing in it could be read.</source>
+        <translation>Intet i den kunne læses.</translation>
+    </message>
+    <message>
+        <source>What could still be read came along: %1.</source>
+        <translation>Hvad der endnu kunne læses, kom med: %1.</translation>
+    </message>
+    <message>
+        <source>The job list
+%1
+is damaged, or belongs to another program.</source>
+        <translation>Joblisten
+%1
+er beskadiget eller hører til et andet program.</translation>
+    </message>
+    <message>
+        <source>%1
+
+Do you want it set aside and a new one made? What can still be read of it comes along.</source>
+        <translation>%1
+
+Skal den lægges til side og en ny laves? Hvad der endnu kan læses i den, kommer med.</translation>
+    </message>
+    <message>
+        <source>The drive of
+%1
+does not answer.</source>
+        <translation>Drevet med
+%1
+svarer ikke.</translation>
+    </message>
+    <message>
+        <source>The file
+%1
+is not used as the company database: %2. The job list is now the one in the program folder.</source>
+        <translation>Filen
+%1
+bruges ikke som firmadatabase: %2. Joblisten er nu den i programmappen.</translation>
+    </message>
+    <message>
+        <source>The file that the settings name as the company database is not used: %1.</source>
+        <translation>Filen, som indstillingerne nævner som firmadatabase, bruges ikke: %1.</translation>
+    </message>
+    <message>
+        <source>it is a folder</source>
+        <translation>det er en mappe</translation>
+    </message>
+    <message>
+        <source>it is no database, or is damaged</source>
+        <translation>det er ingen database, eller den er beskadiget</translation>
+    </message>
+    <message>
+        <source>it is a database of another program</source>
+        <translation>det er en database fra et andet program</translation>
+    </message>
+    <message>
+        <source>it is not there, or you may not read it</source>
+        <translation>den er der ikke, eller du må ikke læse den</translation>
+    </message>
+    <message>
+        <source>it cannot be read</source>
+        <translation>den kan ikke læses</translation>
+    </message>
+    <message>
+        <source>its drive does not let programs lock files, as some network drives do. If this goes on, move the file to a drive of another kind, or have the network drive set up with file locking.</source>
+        <translation>lader dens drev ikke programmer låse filer, som nogle netværksdrev gør. Bliver det ved, så flyt filen til et drev af en anden slags, eller få netværksdrevet sat op med fillåsning.</translation>
+    </message>
+    <message>
+        <source>another program keeps the company database locked.</source>
+        <translation>et andet program holder firmadatabasen låst.</translation>
+    </message>
+    <message>
+        <source>the company database is damaged. Please have it restored.</source>
+        <translation>firmadatabasen er beskadiget. Få den genskabt.</translation>
+    </message>
+    <message>
+        <source>the company database is not there, or its drive is away.</source>
+        <translation>firmadatabasen er ikke på sin plads, eller dens drev er væk.</translation>
+    </message>
+    <message>
+        <source>the company database does not answer.</source>
+        <translation>firmadatabasen svarer ikke.</translation>
+    </message>
+    <message>
+        <source>The company database is not there.</source>
+        <translation>Firmadatabasen er ikke på sin plads.</translation>
+    </message>
+    <message>
+        <source> Colleagues are shown as they were known last.</source>
+        <translation> Kolleger vises, som de sidst var kendt.</translation>
+    </message>
+    <message>
+        <source>Cannot open %1 (Error:%2)</source>
+        <translation>Kan ikke åbne %1 (Fejl:%2)</translation>
+    </message>
+    <message>
+        <source>Cannot run the program!</source>
+        <translation>Programmet kan ikke køre!</translation>
+    </message>
+    <message>
+        <source>Check shortcut &apos;Start In&apos; (must point to location of %1.EXE)</source>
+        <translation>Se efter i genvejens &apos;Start i&apos; (skal pege på mappen med %1.EXE)</translation>
+    </message>
+    <message>
+        <source>This text is not in the list. Choose one from it first.</source>
+        <translation>Denne tekst står ikke på listen. Vælg først en fra den.</translation>
+    </message>
+    <message>
+        <source>The text was not removed, because your database could not be written. Please try again.</source>
+        <translation>Teksten blev ikke fjernet, fordi din database ikke kunne skrives. Prøv igen.</translation>
+    </message>
+    <message>
+        <source>Removed from the list.</source>
+        <translation>Fjernet fra listen.</translation>
+    </message>
+    <message>
+        <source>1 more message waits behind this one</source>
+        <translation>1 besked mere venter bag denne</translation>
+    </message>
+    <message>
+        <source>%1 more messages wait behind this one</source>
+        <translation>%1 beskeder mere venter bag denne</translation>
+    </message>
+    <message>
+        <source>Nothing heard since %1</source>
+        <translation>Intet hørt siden %1</translation>
+    </message>
+    <message>
+        <source>Stemped in on %1</source>
+        <translation>Stemplet ind på %1</translation>
+    </message>
+    <message>
+        <source>Stemped in since %1 on %2</source>
+        <translation>Stemplet ind siden %1 på %2</translation>
+    </message>
+    <message>
+        <source>(too large, row %1)</source>
+        <translation>(for stor, række %1)</translation>
+    </message>
+    <message>
+        <source>%1 The new status of %2 waits here and is written as soon as that is possible.</source>
+        <translation>%1 Den nye status for %2 venter her og skrives, så snart det kan lade sig gøre.</translation>
+    </message>
+    <message>
+        <source>(unknown)</source>
+        <translation>(ukendt)</translation>
+    </message>
+    <message>
+        <source>(too large to be read)</source>
+        <translation>(for stor til at blive læst)</translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>og %1 til</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no date and time.
+
+Type it like %2, or only a time of today like 8:30.</source>
+        <translation>&quot;%1&quot; er ikke en dato og et klokkeslæt.
+
+Skriv det som %2, eller kun et klokkeslæt i dag som 8:30.</translation>
+    </message>
+    <message>
+        <source>%1 rows</source>
+        <translation>%1 rækker</translation>
+    </message>
+    <message>
+        <source>%1 %2 to %3</source>
+        <translation>%1 %2 til %3</translation>
+    </message>
+    <message>
+        <source>Load &apos;%1&apos; properties from DATABASE?</source>
+        <translation>Hent egenskaberne for &apos;%1&apos; fra DATABASEN?</translation>
+    </message>
+    <message>
+        <source>Save &apos;%1&apos; properties to DATABASE?</source>
+        <translation>Gem egenskaberne for &apos;%1&apos; i DATABASEN?</translation>
+    </message>
+    <message>
+        <source>Print Preview: %1</source>
+        <translation>Udskriftsvisning: %1</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>Fra</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>Til</translation>
+    </message>
     <message>
         <source>since %1</source>
         <translation>siden %1</translation>
